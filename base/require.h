@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdio>
+#include <cstdlib>
+#include <source_location>
+
+namespace corvane {
+
+/// Stops the program with one line on standard error unless `holds`: for invariants of our own,
+/// never for input. Any thread.
+inline void require(bool holds, const char* invariant,
+                    std::source_location where = std::source_location::current()) noexcept {
+  if (holds) return;
+  std::fprintf(stderr, "%s:%u: broken invariant: %s\n", where.file_name(),
+               static_cast<unsigned>(where.line()), invariant);
+  std::abort();
+}
+
+}  // namespace corvane

@@ -1,0 +1,29 @@
+# corvane_module(NAME SOURCES ... USES ...): one of our libraries, included as "NAME/header.h".
+function(corvane_module name)
+  cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})
+  if(arg_SOURCES)
+    add_library(corvane_${name} STATIC ${arg_SOURCES})
+    target_include_directories(corvane_${name} PUBLIC ${PROJECT_SOURCE_DIR})
+    target_link_libraries(corvane_${name} PUBLIC ${arg_USES} PRIVATE corvane_options)
+  else()
+    add_library(corvane_${name} INTERFACE)
+    target_include_directories(corvane_${name} INTERFACE ${PROJECT_SOURCE_DIR})
+    target_link_libraries(corvane_${name} INTERFACE ${arg_USES})
+  endif()
+  add_library(corvane::${name} ALIAS corvane_${name})
+endfunction()
+
+# corvane_tests(NAME SOURCES ... USES ... [PROPERTIES ...]): a GoogleTest program named NAME; each
+# of its tests becomes one CTest test. PROPERTIES are CTest properties of all of them.
+function(corvane_tests name)
+  if(NOT CORVANE_TESTS)
+    return()
+  endif()
+  cmake_parse_arguments(arg "" "" "SOURCES;USES;PROPERTIES" ${ARGN})
+  find_package(GTest REQUIRED)
+  include(GoogleTest)
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE ${arg_USES} corvane_options GTest::gmock GTest::gtest_main)
+  gtest_discover_tests(${name} TEST_PREFIX ${name}. DISCOVERY_TIMEOUT 60
+                       PROPERTIES TIMEOUT 120 ${arg_PROPERTIES})
+endfunction()

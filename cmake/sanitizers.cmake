@@ -1,0 +1,7 @@
+set(CORVANE_SANITIZE "" CACHE STRING "Sanitizers to build with, as in -fsanitize=..., or empty")
+
+if(CORVANE_SANITIZE)
+  add_compile_options(-fsanitize=${CORVANE_SANITIZE} -fno-omit-frame-pointer
+                      -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${CORVANE_SANITIZE})
+endif()

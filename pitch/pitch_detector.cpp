@@ -1,0 +1,123 @@
+#include "pitch/pitch_detector.h"
+
+#include <algorithm>
+#include <cfloat>
+#include <cmath>
+#include <cstdint>
+#include <vector>
+
+#include "base/require.h"
+#include "pitch/difference.h"
+#include "pitch/parabolic_tau.h"
+
+namespace corvane::PitchDetector {
+namespace {
+
+static_assert(FLT_EVAL_METHOD == 0, "wider intermediates would change the last bit");
+
+constexpr std::size_t minimumSamples = 1024;
+constexpr double minimumRate = 8000.0;
+constexpr float silence = 0.003F;
+
+struct Centred {
+  std::vector<float> x;
+  float rms;
+};
+
+struct LagRange {
+  std::size_t min;
+  std::size_t max;
+};
+
+/// The samples without their mean, so that a constant offset neither counts as level nor disturbs
+/// the difference function.
+Centred centre(std::span<const float> samples) {
+  const auto count = static_cast<float>(samples.size());
+  float sum = 0.0F;
+  for (const float sample : samples) sum += sample;
+  const float mean = sum / count;
+
+  Centred centred{std::vector<float>(samples.size()), 0.0F};
+  float squares = 0.0F;
+  for (std::size_t i = 0; i < samples.size(); ++i) {
+    centred.x[i] = samples[i] - mean;
+    squares += centred.x[i] * centred.x[i];
+  }
+  centred.rms = std::sqrt(squares / count);
+  return centred;
+}
+
+std::int64_t lag(double rounded) {
+  require(rounded >= 0.0 && rounded < 0x1p63, "a lag fits a 64-bit integer");
+  return static_cast<std::int64_t>(rounded);
+}
+
+/// Nothing when fewer than three lags lie in the range.
+std::optional<LagRange> lagRange(std::size_t samples, double sampleRate, double minFrequency,
+                                 double maxFrequency) {
+  require(minFrequency > 0.0 && std::isfinite(minFrequency) && maxFrequency > 0.0 &&
+              std::isfinite(maxFrequency),
+          "frequency bounds are positive and finite");
+  const std::int64_t tauMin = std::max<std::int64_t>(2, lag(std::floor(sampleRate / maxFrequency)));
+  const std::int64_t tauMax = std::min(static_cast<std::int64_t>(samples / 2) - 2,
+                                       lag(std::ceil(sampleRate / minFrequency)));
+  if (tauMin + 1 >= tauMax) return std::nullopt;
+  return LagRange{static_cast<std::size_t>(tauMin), static_cast<std::size_t>(tauMax)};
+}
+
+/// Turns the difference function into its cumulative mean normalised form: 1 at lag 0 and wherever
+/// nothing has differed yet.
+void normaliseByCumulativeMean(std::span<double> d) {
+  d[0] = 1.0;
+  double runningSum = 0.0;
+  for (std::size_t tau = 1; tau < d.size(); ++tau) {
+    runningSum += d[tau];
+    d[tau] = runningSum > 0.0 ? d[tau] * static_cast<double>(tau) / runningSum : 1.0;
+  }
+}
+
+/// The bottom of the first dip that goes below the threshold, or nothing.
+std::optional<std::size_t> firstDip(std::span<const double> cmnd, const LagRange& range,
+                                    double threshold) {
+  std::size_t tau = range.min;
+  while (!(cmnd[tau] < threshold)) {
+    if (++tau > range.max) return std::nullopt;
+  }
+  while (tau + 1 <= range.max && cmnd[tau + 1] < cmnd[tau]) ++tau;
+  return tau;
+}
+
+double clampedConfidence(double cmnd) {
+  const double confidence = std::min(1.0 - cmnd, 1.0);
+  return confidence < 0.0 ? 0.0 : confidence;
+}
+
+}  // namespace
+
+std::optional<Reading> detect(std::span<const float> samples, double sampleRate,
+                              double minFrequency, double maxFrequency, double threshold) {
+  if (samples.size() < minimumSamples || !(sampleRate > minimumRate)) return std::nullopt;
+
+  const Centred block = centre(samples);
+  if (!(block.rms > silence)) return std::nullopt;
+
+  const auto range = lagRange(samples.size(), sampleRate, minFrequency, maxFrequency);
+  if (!range) return std::nullopt;
+
+  std::vector<double> cmnd(range->max + 1);
+  differenceFunction(block.x, samples.size() / 2, cmnd);
+  normaliseByCumulativeMean(cmnd);
+
+  const auto tau = firstDip(cmnd, *range, threshold);
+  if (!tau) return std::nullopt;
+  const double betterTau = parabolicTau(cmnd, *tau);
+  if (betterTau <= 0.0) return std::nullopt;
+
+  const double frequency = sampleRate / betterTau;
+  const bool plausible = std::isfinite(frequency) && minFrequency * 0.9 <= frequency &&
+                         frequency <= maxFrequency * 1.05;
+  if (!plausible) return std::nullopt;
+  return Reading{frequency, clampedConfidence(cmnd[*tau]), block.rms};
+}
+
+}  // namespace corvane::PitchDetector

@@ -1,0 +1,69 @@
+#include "pitch/serial_queue.h"
+
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <utility>
+
+#if defined(__linux__)
+#include <pthread.h>
+#endif
+
+namespace corvane {
+namespace {
+
+void nameThisThread([[maybe_unused]] const std::string& label) {
+#if defined(__linux__)
+  pthread_setname_np(pthread_self(), label.substr(0, 15).c_str());
+#endif
+}
+
+}  // namespace
+
+struct SerialQueue::State {
+  std::mutex lock;
+  std::condition_variable changed;
+  std::deque<Job> jobs;
+  bool ending = false;
+
+  /// The next job, waited for; nothing once the queue is ending and empty.
+  Job next() {
+    std::unique_lock held(lock);
+    changed.wait(held, [this] { return ending || !jobs.empty(); });
+    if (jobs.empty()) return nullptr;
+    Job job = std::move(jobs.front());
+    jobs.pop_front();
+    return job;
+  }
+};
+
+SerialQueue::SerialQueue(const std::string& label) : state(std::make_shared<State>()) {
+  thread = std::thread([label, shared = state] {
+    nameThisThread(label);
+    while (Job job = shared->next()) job();
+  });
+}
+
+SerialQueue::~SerialQueue() {
+  {
+    const std::lock_guard held(state->lock);
+    state->ending = true;
+  }
+  state->changed.notify_one();
+  // A job may hold the last reference to the queue's owner; a thread cannot wait for itself.
+  if (thread.get_id() == std::this_thread::get_id()) {
+    thread.detach();
+  } else {
+    thread.join();
+  }
+}
+
+void SerialQueue::async(Job job) {
+  {
+    const std::lock_guard held(state->lock);
+    state->jobs.push_back(std::move(job));
+  }
+  state->changed.notify_one();
+}
+
+}  // namespace corvane

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <thread>
+
+namespace corvane {
+
+/// Where jobs run one at a time, in the order of submission.
+class TaskQueue {
+ public:
+  using Job = std::function<void()>;
+
+  virtual ~TaskQueue() = default;
+
+  /// Submits a job. Any thread.
+  virtual void async(Job job) = 0;
+};
+
+/// A queue with a thread of its own, which carries the label (up to 15 bytes of it) as its name.
+/// Destruction runs what was submitted before, then ends the thread; from within a job it returns
+/// at once and the thread ends after that job and those behind it.
+class SerialQueue final : public TaskQueue {
+ public:
+  explicit SerialQueue(const std::string& label);
+  ~SerialQueue() override;
+  SerialQueue(const SerialQueue&) = delete;
+  SerialQueue& operator=(const SerialQueue&) = delete;
+
+  void async(Job job) override;
+
+ private:
+  struct State;
+  std::shared_ptr<State> state;
+  std::thread thread;
+};
+
+/// Runs each job within the call that submits it, for a source that may wait for detection.
+class InlineQueue final : public TaskQueue {
+ public:
+  void async(Job job) override { job(); }
+};
+
+}  // namespace corvane

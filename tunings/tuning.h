@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace corvane {
+
+struct GuitarString {
+  std::int64_t index;  ///< its position in its tuning, 0 for the lowest string
+  std::int64_t midi;   ///< target pitch; A4 = 69
+  std::string label;   ///< "A" to "G", with "♭" or "♯" where needed; no octave
+
+  std::int64_t id() const { return index; }
+
+  bool operator==(const GuitarString&) const = default;
+};
+
+struct Tuning {
+  std::string id;                     ///< unique over all instruments; kept in the preferences
+  std::string name;                   ///< its entry in the tuning menu
+  std::string group;                  ///< the section of the menu it stands in
+  std::string detail;                 ///< one line shown under the name
+  std::vector<GuitarString> strings;  ///< lowest first; empty for the piano
+
+  bool operator==(const Tuning&) const = default;
+};
+
+}  // namespace corvane
