@@ -1,10 +1,16 @@
 # What every target of ours is compiled with. Linked privately, so nobody who uses a module inherits it.
 option(CORVANE_WERROR "Treat warnings as errors" OFF)
 
+set(CORVANE_WARNINGS -Wall -Wextra -Wconversion -Wdouble-promotion -Wshadow)
+if(CORVANE_WERROR)
+  list(APPEND CORVANE_WARNINGS -Werror)
+endif()
+
+# A fused multiply-add rounds once where the written expression rounds twice, and compilers fuse as
+# soon as the target allows it: readings would differ in the last bit between machines.
+add_library(corvane_arithmetic INTERFACE)
+target_compile_options(corvane_arithmetic INTERFACE -ffp-contract=off)
+
 add_library(corvane_options INTERFACE)
-target_compile_options(corvane_options INTERFACE
-  -Wall -Wextra -Wconversion -Wdouble-promotion -Wshadow
-  $<$<BOOL:${CORVANE_WERROR}>:-Werror>
-  # A fused multiply-add rounds once where the written expression rounds twice, and compilers fuse
-  # as soon as the target allows it: readings would differ in the last bit between machines.
-  -ffp-contract=off)
+target_compile_options(corvane_options INTERFACE ${CORVANE_WARNINGS})
+target_link_libraries(corvane_options INTERFACE corvane_arithmetic)

@@ -1,0 +1,138 @@
+#include <string_view>
+#include <utility>
+
+#include "engine/apply_sink.h"
+#include "engine/tuner_engine.h"
+
+namespace corvane {
+namespace {
+
+constexpr auto deniedText =
+    "Microphone access is off. Allow Corvane under Settings, Privacy, Microphone.";
+constexpr auto askText = "Tap Allow Microphone so Corvane can hear the note.";
+constexpr auto noMicrophoneText = "No microphone is available.";
+constexpr auto notStartedText = "The microphone could not start.";
+
+constexpr std::uint32_t tapFrames = 4096;
+
+/// In the order in which they are tried. A desktop that knows neither opens nothing.
+constexpr std::string_view micSettingsAddresses[] = {
+    "x-apple.systempreferences:com.apple.settings.PrivacySecurity.extension?Privacy_Microphone",
+    "x-apple.systempreferences:com.apple.preference.security?Privacy_Microphone",
+};
+
+bool hasSound(const AudioFormat& format) {
+  return format.sampleRate > 0.0 && format.channelCount > 0;
+}
+
+AudioFormat tapFormat(const AudioInput& input) {
+  const AudioFormat own = input.inputFormat();
+  const bool unknown = own.sampleRate == 0.0 || own.channelCount == 0;
+  return unknown ? input.outputFormat() : own;
+}
+
+}  // namespace
+
+void TunerEngine::start() {
+  switch (platform.microphonePermission->recordPermission()) {
+    case RecordPermission::denied:
+      requestingMic = false;
+      showMicrophoneDenied();
+      return;
+    case RecordPermission::undetermined:
+      requestMicrophone();
+      return;
+    case RecordPermission::granted:
+      requestingMic = false;
+      micAllowed = true;
+      errorText = std::nullopt;
+      if (!platform.audioInput->isRunning()) startEngine();
+      return;
+    case RecordPermission::unknown:
+      errorText = askText;
+      return;
+  }
+}
+
+void TunerEngine::requestMicrophone() {
+  if (requestingMic) return;
+  requestingMic = true;
+  errorText = std::nullopt;
+  platform.microphonePermission->requestRecordPermission(
+      [weak = weak_from_this(), queue = platform.mainQueue](bool granted) {
+        queue->async([weak, granted] {
+          if (const auto engine = weak.lock()) engine->microphoneAnswered(granted);
+        });
+      });
+}
+
+void TunerEngine::microphoneAnswered(bool granted) {
+  requestingMic = false;
+  // Read again: the user may have answered in the system's settings meanwhile.
+  const RecordPermission permission = platform.microphonePermission->recordPermission();
+  if (granted || permission == RecordPermission::granted) {
+    micAllowed = true;
+    errorText = std::nullopt;
+    startEngine();
+  } else if (permission == RecordPermission::denied) {
+    showMicrophoneDenied();
+  } else {
+    errorText = askText;
+  }
+}
+
+void TunerEngine::showMicrophoneDenied() {
+  micAllowed = false;
+  listening = false;
+  errorText = deniedText;
+}
+
+void TunerEngine::startEngine() {
+  AudioInput& input = *platform.audioInput;
+  input.stop();
+  input.reset();
+  capture->reset();
+  toneFormat = std::nullopt;
+
+  const AudioFormat format = tapFormat(input);
+  if (!hasSound(format)) {
+    errorText = noMicrophoneText;
+    listening = false;
+    return;
+  }
+  toneFormat = AudioFormat{format.sampleRate, 1};
+  applySink = std::make_shared<ApplySink>(weak_from_this(), platform.mainQueue);
+  input.installTap(tapFrames, format,
+                   [pipeline = capture, deliver = [sink = applySink](const auto& reading) {
+                     sink->deliver(reading);
+                   }](const AudioBuffer& buffer) { pipeline->consume(buffer, deliver); });
+  input.start([weak = weak_from_this()](bool success) {
+    if (const auto engine = weak.lock()) engine->captureStarted(success);
+  });
+}
+
+void TunerEngine::captureStarted(bool success) {
+  if (success) {
+    listening = true;
+    errorText = std::nullopt;
+  } else {
+    errorText = notStartedText;
+    listening = false;
+  }
+}
+
+void TunerEngine::stop() {
+  platform.audioInput->stop();
+  platform.audioInput->reset();
+  listening = false;
+  playingReference = false;
+  capture->reset();
+}
+
+void TunerEngine::openMicSettings() {
+  for (const std::string_view address : micSettingsAddresses) {
+    if (platform.urlOpener->openURL(address)) return;
+  }
+}
+
+}  // namespace corvane

@@ -1,0 +1,128 @@
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+#include "base/require.h"
+#include "engine/equal_temperament.h"
+#include "engine/tuner_engine.h"
+#include "pitch/pitch_math.h"
+
+namespace corvane {
+namespace {
+
+constexpr double acceptedConfidence = 0.82;
+constexpr double inTuneCents = 5.0;
+constexpr double jumpCents = 80.0;
+constexpr std::size_t historyLength = 5;
+
+bool isJump(double from, double to) {
+  return from > 0.0 && to > 0.0 && std::abs(centsBetween(to, from)) > jumpCents;
+}
+
+/// With an even count, the higher of the two middle values.
+double median(std::vector<double> values) {
+  std::ranges::sort(values);
+  return values[values.size() / 2];
+}
+
+}  // namespace
+
+void TunerEngine::apply(const std::optional<PitchDetector::Reading>& reading) {
+  if (platform.clock->now() < suppressUntil) {
+    suppressReading();
+  } else if (reading && reading->confidence >= acceptedConfidence) {
+    acceptReading(*reading);
+  } else {
+    fallSilent();
+  }
+}
+
+void TunerEngine::suppressReading() {
+  status = playingReference() ? "Playing reference" : "Play a note";
+  heard = false;
+  inTune = false;
+}
+
+void TunerEngine::acceptReading(const PitchDetector::Reading& reading) {
+  signal = std::min(static_cast<double>(reading.rms) * 12.0, 1.0);
+  const double smoothed = smooth(reading.frequency);
+  frequency = smoothed;
+  heard = true;
+  const auto note = PitchMath::describe(smoothed, a4());
+  if (!note) return;
+  heardSpelling = note->name + std::to_string(note->octave);
+  showTarget(smoothed, *note);
+  showVerdict();
+}
+
+void TunerEngine::showTarget(double smoothed, const PitchMath::Note& note) {
+  if (instrument() == Instrument::piano || tuning().strings.empty()) {
+    highlightedString = std::nullopt;
+    noteLabel = note.name;
+    octaveLabel = std::to_string(note.octave);
+    cents = note.cents;
+    return;
+  }
+  const auto position = lockedStringIndex() ? lockedStringIndex() : nearestString(smoothed);
+  highlightedString = position;
+  const GuitarString& string = stringAt(*position);
+  noteLabel = string.label;
+  octaveLabel = std::to_string(string.midi / 12 - 1);
+  cents = centsBetween(smoothed, targetFrequency(string.midi, a4()));
+}
+
+void TunerEngine::showVerdict() {
+  if (std::abs(cents()) <= inTuneCents) {
+    inTune = true;
+    status = "In tune";
+    return;
+  }
+  inTune = false;
+  status = cents() < 0.0 ? "Flat" : "Sharp";
+}
+
+void TunerEngine::fallSilent() {
+  const double decayed = signal() * 0.6;
+  signal = decayed >= 0.0 ? decayed : 0.0;
+  heard = false;
+  inTune = false;
+  status = listening() ? "Play a note" : "Microphone off";
+  highlightedString = lockedStringIndex();
+}
+
+/// Against the newest raw value, not the last median: a new note must not wait for old ones to
+/// leave.
+double TunerEngine::smooth(double raw) {
+  if (!history.empty() && isJump(history.back(), raw)) {
+    history = {raw};
+    return raw;
+  }
+  history.push_back(raw);
+  if (history.size() > historyLength) history.erase(history.begin());
+  return median(history);
+}
+
+std::optional<std::int64_t> TunerEngine::nearestString(double heardFrequency) const {
+  const GuitarString* nearest = nullptr;
+  double smallest = 0.0;
+  for (const GuitarString& string : tuning().strings) {
+    const double distance =
+        std::abs(centsBetween(heardFrequency, targetFrequency(string.midi, a4())));
+    if (nearest != nullptr && !(distance < smallest)) continue;
+    nearest = &string;
+    smallest = distance;
+  }
+  if (nearest == nullptr) return std::nullopt;
+  return nearest->index;
+}
+
+bool TunerEngine::isString(std::int64_t index) const {
+  return index >= 0 && static_cast<std::size_t>(index) < tuning().strings.size();
+}
+
+const GuitarString& TunerEngine::stringAt(std::int64_t index) const {
+  require(isString(index), "a chosen string lies in the current tuning");
+  return tuning().strings[static_cast<std::size_t>(index)];
+}
+
+}  // namespace corvane

@@ -1,0 +1,50 @@
+#include <algorithm>
+#include <chrono>
+
+#include "engine/equal_temperament.h"
+#include "engine/tone_buffer.h"
+#include "engine/tuner_engine.h"
+#include "pitch/pitch_math.h"
+
+namespace corvane {
+namespace {
+
+/// The tone's 1.05 s and the time its echo takes to leave the analysed blocks.
+constexpr auto suppression = std::chrono::milliseconds(1350);
+
+}  // namespace
+
+double TunerEngine::referenceFrequency() const {
+  const auto count = static_cast<std::int64_t>(tuning().strings.size());
+  if (instrument() != Instrument::piano && count > 0) {
+    const std::int64_t byDefault = std::min<std::int64_t>(count, 2) - 1;
+    const auto chosen = lockedStringIndex() ? lockedStringIndex() : highlightedString();
+    return targetFrequency(stringAt(chosen.value_or(byDefault)).midi, a4());
+  }
+  const auto note = heard() ? PitchMath::describe(frequency(), a4()) : std::nullopt;
+  return note ? targetFrequency(note->midi, a4()) : a4();
+}
+
+bool TunerEngine::prepareToneEngine(double sampleRate) {
+  if (toneReady && platform.audioOutput->isRunning()) return true;
+  toneReady = platform.audioOutput->start({sampleRate, 1});
+  return toneReady;
+}
+
+void TunerEngine::playReference() {
+  const double hertz = referenceFrequency();
+  if (!(hertz > 0.0)) return;
+  if (!prepareToneEngine(toneSampleRate)) return;
+
+  suppressUntil = platform.clock->now() + suppression;
+  playingReference = true;
+  platform.audioOutput->play(toneBuffer(hertz, toneSampleRate),
+                             [weak = weak_from_this(), queue = platform.mainQueue] {
+                               queue->async([weak] {
+                                 if (const auto engine = weak.lock())
+                                   engine->playingReference = false;
+                               });
+                             });
+}
+
+}  // namespace corvane

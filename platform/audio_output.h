@@ -1,0 +1,30 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "platform/audio_input.h"
+
+namespace corvane {
+
+/// The loudspeaker. Every member is called on the main thread and returns without waiting for the
+/// audio server.
+class AudioOutput {
+ public:
+  /// Told once that a buffer has ended, played out or cut off, on a thread of the output's own.
+  using Ended = std::function<void()>;
+
+  virtual ~AudioOutput() = default;
+
+  virtual bool isRunning() const = 0;
+
+  /// Sets the output up, afresh if it was set up before, and starts it. False when there is no
+  /// server or no device to play on.
+  virtual bool start(const AudioFormat& format) = 0;
+
+  /// Plays `samples` (one channel, full scale 1.0, at the rate given to `start`) at once; a buffer
+  /// still playing is cut off. Only while running.
+  virtual void play(std::vector<float> samples, Ended ended) = 0;
+};
+
+}  // namespace corvane
