@@ -6,12 +6,62 @@
 #include "base/require.h"
 #include "engine/tuner_engine.h"
 #include "platform/clock.h"
+#include "platform/pulse/pulse_audio_input.h"
+#include "platform/pulse/pulse_connection.h"
+#include "platform/pulse/pulse_microphone_permission.h"
 #include "platform/qt/qt_main_queue.h"
 #include "platform/qt/qt_preferences.h"
 #include "platform/qt/qt_url_opener.h"
 #include "ui/listening_switch.h"
 #include "ui/tuner_model.h"
 
+namespace {
+
+using namespace corvane;
+
+class SilentOutput final : public AudioOutput {
+ public:
+  bool isRunning() const override { return false; }
+  bool start(const AudioFormat&) override { return false; }
+  void play(std::vector<float>, Ended) override {}
+};
+
+/// Shows `tuner` in a window; null when the screen cannot be built.
+QQuickWindow* showWindow(QQmlApplicationEngine& qml, TunerModel& tuner) {
+  qml.setInitialProperties({{"tuner", QVariant::fromValue(&tuner)}});
+  qml.load(QUrl("qrc:/qt/qml/Corvane/Main.qml"));
+  const QObjectList roots = qml.rootObjects();
+  return roots.isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(roots.front());
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
-  return 0;
+  // A few changing texts do not pay for a GPU context, which costs more memory than all the rest.
+  QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+  QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
+
+  QGuiApplication app(argc, argv);
+  QGuiApplication::setApplicationDisplayName("Corvane");
+  QGuiApplication::setDesktopFileName("org.corvane.Corvane");
+
+  const auto mainQueue = std::make_shared<QtMainQueue>();
+  PulseConnection connection(*mainQueue);
+  const auto engine = TunerEngine::create({
+      .clock = std::make_shared<SteadyClock>(),
+      .mainQueue = mainQueue,
+      .audioInput = std::make_shared<PulseAudioInput>(connection, *mainQueue),
+      .audioOutput = std::make_shared<SilentOutput>(),
+      .microphonePermission = std::make_shared<PulseMicrophonePermission>(connection),
+      .preferences = std::make_shared<QtPreferences>(),
+      .urlOpener = std::make_shared<QtUrlOpener>(),
+  });
+
+  TunerModel tuner(engine);
+  QQmlApplicationEngine qml;
+  QQuickWindow* window = showWindow(qml, tuner);
+  require(window != nullptr, "the program carries its own screen");
+  const ListeningSwitch listening(*window, engine);
+  window->show();
+  return QGuiApplication::exec();
 }

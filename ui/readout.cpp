@@ -1,5 +1,7 @@
 #include "ui/readout.h"
 
+#include <array>
+#include <charconv>
 #include <cmath>
 
 namespace corvane {

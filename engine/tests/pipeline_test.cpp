@@ -78,6 +78,8 @@ TEST_F(Pipeline, StartAndStopWhileTheTapRunsJoinNoSamples) {
     tap.join();  // as the adapter's stop does: when it returns, no tap call is running
     engine->stop();
   }
+  engine->start();
+  push(std::vector<float>(8192, -1.0F));
   EXPECT_TRUE(runMainUntil([&] { return analysed.load() >= 1; }));
   EXPECT_FALSE(joined);
 }

@@ -1,0 +1,124 @@
+#include "platform/qt/qt_preferences.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QLocale>
+#include <QTemporaryDir>
+#include <cmath>
+
+namespace corvane {
+namespace {
+
+using testing::Optional;
+
+class QtPreferencesTest : public testing::Test {
+ protected:
+  void write(const QByteArray& content) const {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+  }
+  QByteArray read() const {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+
+  void expectNothingStored() const {
+    const QtPreferences preferences(path);
+    EXPECT_EQ(preferences.string("tuner.instrument"), std::nullopt);
+    EXPECT_EQ(preferences.number("tuner.a4"), std::nullopt);
+    EXPECT_EQ(preferences.boolean("tuner.left"), std::nullopt);
+  }
+
+  int argc = 0;
+  QCoreApplication app{argc, nullptr};
+  QTemporaryDir folder;
+  QString path = folder.filePath("corvane/corvane.conf");
+};
+
+TEST_F(QtPreferencesTest, AnAbsentFileHoldsNothing) {
+  expectNothingStored();
+}
+
+TEST_F(QtPreferencesTest, EveryTypeSurvivesARestart) {
+  {
+    QtPreferences preferences(path);
+    preferences.setString("tuner.instrument", "bass");
+    preferences.setString("tuner.tuning", "b5-dropa");
+    preferences.setNumber("tuner.a4", 441.7);
+    preferences.setBoolean("tuner.left", true);
+  }
+  const QtPreferences preferences(path);
+  EXPECT_THAT(preferences.string("tuner.instrument"), Optional(std::string("bass")));
+  EXPECT_THAT(preferences.string("tuner.tuning"), Optional(std::string("b5-dropa")));
+  EXPECT_THAT(preferences.number("tuner.a4"), Optional(441.7));
+  EXPECT_THAT(preferences.boolean("tuner.left"), Optional(true));
+}
+
+TEST_F(QtPreferencesTest, ANumberComesBackToTheLastBit) {
+  for (const double value : {377.0, std::nextafter(440.0, 441.0), 1.0 / 3.0, 559.9999999999999}) {
+    { QtPreferences(path).setNumber("tuner.a4", value); }
+    EXPECT_THAT(QtPreferences(path).number("tuner.a4"), Optional(value));
+  }
+}
+
+TEST_F(QtPreferencesTest, AValueIsReadBackBeforeItIsWritten) {
+  QtPreferences preferences(path);
+  preferences.setNumber("tuner.a4", 442.0);
+  preferences.setBoolean("tuner.left", true);
+  EXPECT_THAT(preferences.number("tuner.a4"), Optional(442.0));
+  EXPECT_THAT(preferences.boolean("tuner.left"), Optional(true));
+}
+
+TEST_F(QtPreferencesTest, ValuesReachTheFileWhileTheProgramRuns) {
+  { QtPreferences(path).setString("other.key", "kept"); }
+  QtPreferences preferences(path);
+  preferences.setString("tuner.tuning", "g6-dropd");
+  QCoreApplication::processEvents();
+  EXPECT_THAT(read().toStdString(), testing::HasSubstr("tuner.tuning=g6-dropd"));
+  EXPECT_THAT(read().toStdString(), testing::HasSubstr("other.key=kept"));
+}
+
+TEST_F(QtPreferencesTest, AValueOfAnotherTypeReadsAsAbsent) {
+  ASSERT_TRUE(QDir(folder.path()).mkdir("corvane"));
+  write("[General]\ntuner.instrument=guitar, bass\ntuner.a4=concert\ntuner.left=maybe\n");
+  expectNothingStored();
+  write("[General]\ntuner.instrument=@Invalid()\ntuner.a4=\ntuner.left=1\n");
+  expectNothingStored();
+}
+
+TEST_F(QtPreferencesTest, ANumberIsWrittenTheSameWayInEveryLanguage) {
+  QLocale::setDefault(QLocale(QLocale::German));
+  { QtPreferences(path).setNumber("tuner.a4", 441.5); }
+  EXPECT_THAT(read().toStdString(), testing::HasSubstr("tuner.a4=441.5"));
+  EXPECT_THAT(QtPreferences(path).number("tuner.a4"), Optional(441.5));
+  QLocale::setDefault(QLocale::c());
+}
+
+TEST_F(QtPreferencesTest, ACorruptFileReadsAsAbsentAndIsReplacedByTheNextSave) {
+  ASSERT_TRUE(QDir(folder.path()).mkdir("corvane"));
+  write(QByteArray("\x00\xff[[[\n=\n\x7f garbage", 18));
+  expectNothingStored();
+  { QtPreferences(path).setNumber("tuner.a4", 415.0); }
+  EXPECT_THAT(QtPreferences(path).number("tuner.a4"), Optional(415.0));
+}
+
+TEST_F(QtPreferencesTest, WhereTheFileCannotBeWrittenTheProgramGoesOnWithWhatItHas) {
+  ASSERT_TRUE(QDir(folder.path()).mkpath("corvane/corvane.conf"));  // a folder in its place
+  QtPreferences preferences(path);
+  EXPECT_EQ(preferences.number("tuner.a4"), std::nullopt);
+  preferences.setNumber("tuner.a4", 415.0);
+  QCoreApplication::processEvents();
+  EXPECT_THAT(preferences.number("tuner.a4"), Optional(415.0));
+}
+
+TEST_F(QtPreferencesTest, TheFileLiesInTheUsersConfigurationFolder) {
+  EXPECT_TRUE(QtPreferences::defaultPath().endsWith("/corvane/corvane.conf"));
+}
+
+}  // namespace
+}  // namespace corvane

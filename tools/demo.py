@@ -1,0 +1,115 @@
+#!/usr/bin/python3 -B
+"""demo.py PROGRAM: shows the tuner at work on a machine that lacks a display or a sound server.
+
+On a desktop of its own it plays the six open strings of a guitar, one of them out of tune, and
+prints what the window shows. It ends with 1 when a string is read wrongly.
+demo.py --why: ends with 0 and prints what the machine lacks; with 1 when it lacks nothing."""
+
+import dataclasses
+import os
+import pathlib
+import sys
+import time
+
+REPOSITORY = pathlib.Path(__file__).resolve().parent.parent
+sys.path.insert(0, str(REPOSITORY / "tests" / "system"))
+
+from desk.desktop import PrivateDesktop  # noqa: E402
+from desk.instruments import STEEL_GUITAR, Band, Note  # noqa: E402
+from desk.machine import what_is_missing  # noqa: E402
+from desk.pulse_audio import PulseAudioRoom  # noqa: E402
+from desk.readings import Reading, is_heard, middle, note  # noqa: E402
+from desk.room import Room  # noqa: E402
+from desk.settings import write_settings  # noqa: E402
+from desk.tuner import Tuner  # noqa: E402
+
+PICTURES = REPOSITORY / "build" / "demo"
+SETTLED_SECONDS = 0.8  # a pluck is sharp at first; half of the sound is left for the picture
+COLUMNS = "{:<8}{:<20}{:<8}{:>9}   {:<9}{:>9}"
+
+
+@dataclasses.dataclass(frozen=True)
+class Plucked:
+    number: int
+    key: int
+    name: str
+    detune_cents: float = 0.0
+    status: str = "In tune"
+
+    @property
+    def played(self) -> str:
+        if self.detune_cents == 0:
+            return self.name
+        side = "flat" if self.detune_cents < 0 else "sharp"
+        return f"{self.name}, {abs(self.detune_cents):.0f} cents {side}"
+
+
+STRINGS = (Plucked(6, 40, "E2"), Plucked(5, 45, "A2", -20, "Flat"), Plucked(4, 50, "D3"),
+           Plucked(3, 55, "G3"), Plucked(2, 59, "B3"), Plucked(1, 64, "E4"))
+
+
+def main(arguments: list[str]) -> int:
+    lacks = " and ".join(what_is_missing())
+    if arguments == ["--why"]:
+        print(lacks or "nothing is missing")
+        return 0 if lacks else 1
+    if len(arguments) != 1:
+        print(__doc__, file=sys.stderr)
+        return 2
+    print(f"This machine has {lacks}." if lacks else "This machine has all that the tuner needs.")
+    return demonstrate(pathlib.Path(arguments[0]).resolve())
+
+
+def demonstrate(program: pathlib.Path) -> int:
+    with PrivateDesktop() as desktop, PulseAudioRoom(desktop) as room:
+        print("So the tuner is shown on a desktop of its own, started for it and ended with it:\n"
+              f"a private display ({os.environ['DISPLAY']}), D-Bus, accessibility bus, window "
+              "manager and PulseAudio server.\nWhat the window shows is read through the "
+              "accessibility bus while a sampled guitar plays:\n")
+        config_home = desktop.folder("config")
+        write_settings(config_home, "guitar", "g6-standard")
+        with Tuner(desktop, program, config_home, room.environment) as tuner:
+            tuner.wait_until_listening(room)
+            wrong = play_all(tuner, room, Band(desktop.folder("notes")))
+    print(f"\n{verdict(wrong)}\nPictures of the window: {PICTURES.relative_to(REPOSITORY)}/")
+    return 1 if wrong else 0
+
+
+def play_all(tuner: Tuner, room: Room, band: Band) -> int:
+    """The number of strings that were read wrongly."""
+    print(COLUMNS.format("String", "Played", "Shown", "Cents", "Status", "Frequency"))
+    wrong = 0
+    for string in STRINGS:
+        shown = pluck(string, tuner, room, band)
+        right = shown is not None and (note(shown), shown["Status"]) == (string.name, string.status)
+        print(line(string, shown) + ("" if right else "   WRONG"), flush=True)
+        wrong += not right
+    return wrong
+
+
+def pluck(string: Plucked, tuner: Tuner, room: Room, band: Band) -> Reading | None:
+    """The middle one of the readings while the string sounds; nothing when there was none."""
+    sound = band.wav(Note(STEEL_GUITAR, string.key, detune_cents=string.detune_cents))
+    player = room.start_playing(sound)
+    tuner.window.wait_for(lambda shown: is_heard(shown) or player.poll() is not None)
+    picture_time = time.monotonic() + SETTLED_SECONDS
+    heard = tuner.readings_while(lambda: time.monotonic() < picture_time)
+    tuner.window.screenshot(PICTURES / f"string-{string.number}-{string.name}.png")
+    heard += tuner.readings_while(lambda: player.poll() is None)
+    return middle(heard) if heard else None
+
+
+def line(string: Plucked, shown: Reading | None) -> str:
+    if shown is None:
+        return COLUMNS.format(string.number, string.played, "nothing", "", "", "")
+    return COLUMNS.format(string.number, string.played, note(shown), shown["Cents"],
+                          shown["Status"], shown["Frequency"])
+
+
+def verdict(wrong: int) -> str:
+    return f"{wrong} of {len(STRINGS)} strings were read wrongly." if wrong else (
+        f"All {len(STRINGS)} strings were read rightly.")
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <stdexcept>
+
+namespace corvane::replay {
+
+/// Ends the program with status 1 and one line, its text, on standard error.
+struct Failure : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// The command line makes no sense: the same with status 2.
+struct UsageError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+}  // namespace corvane::replay

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+
+#include "tunings/instrument.h"
+
+namespace corvane::replay {
+
+struct Options {
+  bool help = false;
+  std::string file;
+  Instrument instrument = Instrument::guitar;
+  std::optional<std::string> tuning;   ///< an id of the instrument's table
+  double a4 = 440.0;                   ///< Hz, 377 to 560
+  std::optional<std::int64_t> string;  ///< a position in the tuning
+};
+
+extern const char* const usage;
+
+/// Throws UsageError on anything it does not know or that is out of range.
+Options parseOptions(std::span<const char* const> arguments);
+
+}  // namespace corvane::replay

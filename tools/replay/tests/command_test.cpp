@@ -1,0 +1,114 @@
+// The command itself, as a user types it.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+
+#include "tools/replay/tests/recordings.h"
+
+namespace corvane::replay {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class Command : public testing::Test {
+ protected:
+  /// Runs the command and keeps its outcome.
+  void run(const std::string& arguments) {
+    const std::string command = std::string(REPLAY_COMMAND) + " " + arguments + " >" +
+                                recordings.path("out") + " 2>" + recordings.path("err");
+    const int result = std::system(command.c_str());
+    ASSERT_TRUE(WIFEXITED(result));
+    status = WEXITSTATUS(result);
+    out = Recordings::bytes(recordings.path("out"));
+    err = Recordings::bytes(recordings.path("err"));
+  }
+
+  void expectOneLine(const std::string& text) {
+    EXPECT_EQ(status, 1);
+    EXPECT_THAT(out, IsEmpty());
+    EXPECT_THAT(err, HasSubstr(text));
+    EXPECT_EQ(std::count(err.begin(), err.end(), '\n'), 1);
+  }
+
+  Recordings recordings;
+  int status = -1;
+  std::string out;
+  std::string err;
+};
+
+TEST_F(Command, PrintsALineABlock) {
+  run(recordings.write("a.wav", 44100, {signals::sine(110, 44100, 16384)}));
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(std::count(out.begin(), out.end(), '\n'), 4);
+  EXPECT_THAT(err, IsEmpty());
+}
+
+TEST_F(Command, AMissingFileGetsOneLine) {
+  run(recordings.path("none.wav"));
+  expectOneLine("No such file or directory");
+}
+
+TEST_F(Command, AFolderGetsOneLine) {
+  run(recordings.path(""));
+  expectOneLine("is a folder");
+}
+
+TEST_F(Command, AnEmptyFileGetsOneLine) {
+  run(recordings.writeBytes("a.wav", ""));
+  expectOneLine("is empty");
+}
+
+TEST_F(Command, ARecordingWithoutSamplesGetsOneLine) {
+  run(recordings.write("a.wav", 44100, {signals::Samples{}}));
+  expectOneLine("holds no sound");
+}
+
+TEST_F(Command, AFileThatIsNotAudioGetsOneLine) {
+  run(recordings.writeBytes("a.wav", "This is a letter to a friend."));
+  expectOneLine("is not a sound file");
+}
+
+TEST_F(Command, AFileCutShortGetsOneLine) {
+  const auto whole =
+      Recordings::bytes(recordings.write("a.wav", 44100, {signals::sine(110, 44100, 20000)}));
+  for (const std::size_t size :
+       {std::size_t{3}, std::size_t{11}, std::size_t{30}, std::size_t{20000}, whole.size() - 1}) {
+    run(recordings.writeBytes("b.wav", whole.substr(0, size)));
+    SCOPED_TRACE(size);
+    expectOneLine("b.wav: ");
+  }
+}
+
+TEST_F(Command, AFlacFileCutShortGetsOneLine) {
+  const auto whole = Recordings::bytes(recordings.write("a.flac", 44100, {signals::noise(60000, 3)},
+                                                        SF_FORMAT_FLAC | SF_FORMAT_PCM_16));
+  run(recordings.writeBytes("b.flac", whole.substr(0, whole.size() / 2)));
+  EXPECT_EQ(status, 1);
+  EXPECT_THAT(err, HasSubstr("is cut short"));
+}
+
+TEST_F(Command, AWrongOptionGetsOneLineAndStatus2) {
+  run("--tempo 3");
+  EXPECT_EQ(status, 2);
+  EXPECT_EQ(std::count(err.begin(), err.end(), '\n'), 1);
+}
+
+TEST_F(Command, HelpTellsTheOptions) {
+  run("--help");
+  EXPECT_EQ(status, 0);
+  EXPECT_THAT(out, HasSubstr("--string"));
+}
+
+TEST_F(Command, AFullDiskIsReported) {
+  const auto file = recordings.write("a.wav", 44100, {signals::sine(110, 44100, 16384)});
+  const int result =
+      std::system((std::string(REPLAY_COMMAND) + " " + file + " >/dev/full 2>/dev/null").c_str());
+  EXPECT_EQ(WEXITSTATUS(result), 1);
+}
+
+}  // namespace
+}  // namespace corvane::replay

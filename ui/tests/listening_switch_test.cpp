@@ -1,0 +1,90 @@
+#include "ui/listening_switch.h"
+
+#include <gtest/gtest.h>
+
+#include <QGuiApplication>
+
+#include "tests/support/fake_platform.h"
+
+namespace corvane {
+namespace {
+
+class ListeningSwitchTest : public testing::Test {
+ protected:
+  int argc = 1;
+  char name[5] = "test";
+  char* argv[2] = {name, nullptr};
+  QGuiApplication app{argc, argv};
+  fakes::World world;
+  std::shared_ptr<TunerEngine> engine =
+      TunerEngine::create(world.platform(), PitchCapture::create(std::make_unique<InlineQueue>()));
+  QWindow window;
+  ListeningSwitch listening{window, engine};
+};
+
+TEST_F(ListeningSwitchTest, NothingIsHeardBeforeTheWindowIsShown) {
+  EXPECT_FALSE(engine->listening());
+}
+
+TEST_F(ListeningSwitchTest, ShowingTheWindowStartsAndHidingItStops) {
+  window.show();
+  EXPECT_TRUE(engine->listening());
+  window.hide();
+  EXPECT_FALSE(engine->listening());
+  window.show();
+  EXPECT_TRUE(engine->listening());
+}
+
+TEST_F(ListeningSwitchTest, MinimisingStopsAndRestoringStarts) {
+  window.show();
+  window.showMinimized();
+  EXPECT_FALSE(engine->listening());
+  window.showNormal();
+  EXPECT_TRUE(engine->listening());
+}
+
+TEST_F(ListeningSwitchTest, ResizingDoesNotInterruptListening) {
+  window.show();
+  world.input->calls.clear();
+  window.showMaximized();
+  window.showNormal();
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(world.input->calls.empty());
+}
+
+TEST_F(ListeningSwitchTest, ActivationRetriesAMicrophoneThatWasMissing) {
+  world.input->input = {};
+  window.show();
+  ASSERT_FALSE(engine->listening());
+  world.input->input = {48000.0, 1};
+  emit window.activeChanged();
+  EXPECT_EQ(engine->listening(), window.isActive());
+  window.requestActivate();
+  QCoreApplication::processEvents();
+  ASSERT_TRUE(window.isActive());
+  EXPECT_TRUE(engine->listening());
+}
+
+TEST_F(ListeningSwitchTest, AWindowThatIsMerelyNotActiveGoesOnListening) {
+  window.show();
+  window.requestActivate();
+  QCoreApplication::processEvents();
+  ASSERT_TRUE(window.isActive());
+  QWindow other;
+  other.show();
+  other.requestActivate();
+  QCoreApplication::processEvents();
+  ASSERT_FALSE(window.isActive());
+  EXPECT_TRUE(engine->listening());
+}
+
+TEST_F(ListeningSwitchTest, AWindowThatIsAlreadyShownIsListenedToAtOnce) {
+  QWindow shown;
+  shown.show();
+  engine->stop();
+  const ListeningSwitch late(shown, engine);
+  EXPECT_TRUE(engine->listening());
+}
+
+}  // namespace
+}  // namespace corvane
