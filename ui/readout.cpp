@@ -7,9 +7,13 @@
 namespace corvane {
 namespace {
 
-/// As printf's "%.1f" in the C locale, whatever the user's locale is.
+/// As printf's "%.1f" in the C locale, whatever the user's locale is. Not QString's own: that one
+/// rounds an exact half up, printf to the even digit.
 QString oneDecimal(double value) {
-  return QString::number(value, 'f', 1);
+  std::array<char, 400> text;  // the largest 64-bit float has 309 digits before the point
+  const auto [end, error] =
+      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, 1);
+  return QString::fromLatin1(text.data(), end - text.data());
 }
 
 QString sign(double cents) {
