@@ -1,0 +1,152 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "pitch/tests/readings.h"
+#include "tests/support/signals.h"
+
+namespace corvane::PitchDetector {
+namespace {
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+
+/// The frequency found, or 0 for none.
+double found(const std::optional<Reading>& reading) {
+  return reading ? reading->frequency : 0.0;
+}
+
+/// A single click at the very start. It makes every lag differ by exactly 1, so that the normalised
+/// difference is exactly 1 everywhere and the scan alone decides which lag is taken.
+const signals::Samples click = signals::impulses(1.0F, 1024, 1024);
+
+/// Accepts every lag of the click.
+constexpr double aboveOne = 1.5;
+
+TEST(PitchDetectorLags, ThreeLagsOnAStraightLineGiveTheIntegerLag) {
+  EXPECT_EQ(found(detect(click, 48000.0, 100.0, 4800.0, aboveOne)), 48000.0 / 10.0);
+}
+
+TEST(PitchDetectorLags, TheShortestLagIsTheQuotientRoundedDown) {
+  // 48000 / 475.2 is 101.01 and 48000 / 475.3 is 100.99.
+  EXPECT_EQ(found(detect(click, 48000.0, 100.0, 475.2, aboveOne)), 48000.0 / 101.0);
+  EXPECT_EQ(found(detect(click, 48000.0, 100.0, 475.3, aboveOne)), 48000.0 / 100.0);
+}
+
+TEST(PitchDetectorLags, TheShortestLagIsAtLeastTwo) {
+  EXPECT_EQ(found(detect(click, 48000.0, 100.0, 48000.0, aboveOne)), 24000.0);
+  EXPECT_EQ(found(detect(click, 48000.0, 100.0, 1e300, aboveOne)), 24000.0);
+}
+
+TEST(PitchDetectorLags, ALagMustLieBelowTheThresholdAndNotOnIt) {
+  EXPECT_FALSE(detect(click, 48000.0, 100.0, 4800.0, 1.0));
+  EXPECT_TRUE(detect(click, 48000.0, 100.0, 4800.0, std::nextafter(1.0, 2.0)));
+}
+
+TEST(PitchDetectorLags, AThresholdThatIsNotANumberAcceptsNothing) {
+  EXPECT_FALSE(detect(click, 48000.0, 100.0, 4800.0, nan));
+}
+
+TEST(PitchDetectorLags, EqualNeighboursStopTheDescent) {
+  // A second click makes lag 20 a dip, but every lag before it is exactly 1.
+  signals::Samples clicks = click;
+  clicks[20] = 1.0F;
+  EXPECT_NEAR(found(detect(clicks, 48000.0, 100.0, 4800.0, 0.9)), 48000.0 / 20.0, 60.0);
+  EXPECT_EQ(found(detect(clicks, 48000.0, 100.0, 4800.0, aboveOne)), 48000.0 / 10.0);
+}
+
+TEST(PitchDetectorLags, ConfidenceIsNeverBelowZero) {
+  // A slow sine: the first lags differ by more and more, far above the average of those before.
+  const auto reading =
+      detect(signals::sine(200.0, 48000.0, 1024), 48000.0, 100.0, 48000.0, infinity);
+  ASSERT_TRUE(reading);
+  EXPECT_EQ(reading->confidence, 0.0);
+  EXPECT_FALSE(std::signbit(reading->confidence));
+}
+
+TEST(PitchDetectorLags, FewerThanThreeLagsGiveNothing) {
+  // The shortest lag is 10; the longest is 11 at 4400 Hz and 12 at 4100 Hz.
+  EXPECT_FALSE(detect(click, 48000.0, 4400.0, 4800.0, aboveOne));
+  EXPECT_TRUE(detect(click, 48000.0, 4100.0, 4800.0, aboveOne));
+}
+
+TEST(PitchDetectorLags, BoundsTheWrongWayRoundGiveNothing) {
+  EXPECT_FALSE(detect(click, 48000.0, 4800.0, 100.0, aboveOne));
+}
+
+TEST(PitchDetectorLags, ADipAtTheLongestLagIsNotRefined) {
+  // 48000 / 240 = 200 is the longest lag, and periodic noise is like nothing else before it.
+  const auto reading = detect(signals::periodicNoise(200, 1024, 3), 48000.0, 240.0, 4300.0, 0.15);
+  EXPECT_EQ(found(reading), 240.0);
+  EXPECT_EQ(reading->confidence, 1.0);
+}
+
+TEST(PitchDetectorLags, TheLongestLagIsTheQuotientRoundedUp) {
+  const signals::Samples samples = signals::periodicNoise(201, 1024, 3);
+  EXPECT_FALSE(detect(samples, 48000.0, 240.0, 4300.0, 0.15));
+  EXPECT_EQ(found(detect(samples, 48000.0, std::nextafter(240.0, 0.0), 4300.0, 0.15)),
+            48000.0 / 201.0);
+}
+
+TEST(PitchDetectorLags, TheDescentEndsAtTheLongestLag) {
+  // The dip of 100 Hz is at lag 480; the longest lag, 462, lies on the slope before it.
+  const auto reading = detect(signals::sine(100.0, 48000.0, 2048), 48000.0, 104.0, 4300.0, 0.15);
+  EXPECT_EQ(found(reading), 48000.0 / 462.0);
+}
+
+TEST(PitchDetectorLags, ADipAboveTheThresholdIsNotTakenForWantOfABetterOne) {
+  const signals::Samples samples =
+      signals::sum(signals::sine(440.0, 48000.0, 8192), signals::noise(8192, 6, 1.0));
+  EXPECT_FALSE(detect(samples, 48000.0, 27.0, 4300.0, 0.15));
+  EXPECT_TRUE(detect(samples, 48000.0, 27.0, 4300.0, 0.9));
+}
+
+TEST(PitchDetectorBand, ReachesDownToNineTenthsOfTheLowerBoundInclusive) {
+  // A lag of 9 samples at 16200 Hz is 1800 Hz, exactly nine tenths of 2000 Hz.
+  const signals::Samples samples = signals::periodicNoise(9, 1024, 7);
+  ASSERT_EQ(2000.0 * 0.9, 1800.0);
+  EXPECT_EQ(found(detect(samples, 16200.0, 2000.0, 8100.0, 0.1)), 1800.0);
+  const double next = std::nextafter(2000.0, infinity);
+  ASSERT_GT(next * 0.9, 1800.0);
+  EXPECT_FALSE(detect(samples, 16200.0, next, 8100.0, 0.1));
+}
+
+TEST(PitchDetectorBand, ReachesUpToOneTwentiethAboveTheUpperBoundInclusive) {
+  const signals::Samples samples = signals::sine(4000.0, 48000.0, 4096, {.phase = 0.1});
+  const double frequency = found(detect(samples, 48000.0, 100.0, 4300.0, 0.15));
+  ASSERT_GT(frequency, 0.0);
+  double bound = frequency / 1.05 * (1.0 - 1e-14);
+  while (bound * 1.05 < frequency) bound = std::nextafter(bound, infinity);
+  ASSERT_EQ(bound * 1.05, frequency);
+  EXPECT_EQ(found(detect(samples, 48000.0, 100.0, bound, 0.15)), frequency);
+  EXPECT_FALSE(detect(samples, 48000.0, 100.0, std::nextafter(bound, 0.0), 0.15));
+}
+
+class BrokenBound : public testing::TestWithParam<double> {};
+using BrokenBoundDeathTest = BrokenBound;
+
+TEST_P(BrokenBoundDeathTest, StopsTheProgram) {
+  EXPECT_DEATH(detect(click, 48000.0, GetParam(), 4800.0, 0.15), "broken invariant");
+  EXPECT_DEATH(detect(click, 48000.0, 100.0, GetParam(), 0.15), "broken invariant");
+}
+
+TEST_P(BrokenBound, DoesNotMatterForABlockThatIsRejectedBeforeTheBoundsAreUsed) {
+  const signals::Samples tooShort = signals::noise(1023, 8);
+  const signals::Samples tooQuiet = signals::constant(0.0F, 1024);
+  EXPECT_FALSE(detect(tooShort, 48000.0, GetParam(), GetParam(), 0.15));
+  EXPECT_FALSE(detect(tooQuiet, 48000.0, GetParam(), GetParam(), 0.15));
+  EXPECT_FALSE(detect(click, 8000.0, GetParam(), GetParam(), 0.15));
+}
+
+const auto brokenBounds = testing::Values(0.0, -0.0, -27.0, nan, infinity, -infinity);
+INSTANTIATE_TEST_SUITE_P(Bounds, BrokenBound, brokenBounds);
+INSTANTIATE_TEST_SUITE_P(Bounds, BrokenBoundDeathTest, brokenBounds);
+
+TEST(PitchDetectorDeathTest, ALagBeyondAnyIntegerStopsTheProgram) {
+  EXPECT_DEATH(detect(click, infinity, 100.0, 4800.0, 0.15), "broken invariant");
+  EXPECT_DEATH(detect(click, 48000.0, 1e-300, 4800.0, 0.15), "broken invariant");
+}
+
+}  // namespace
+}  // namespace corvane::PitchDetector

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <filesystem>
+#include <fstream>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace corvane {
+
+/// Far longer than anything takes, even under a sanitizer on a busy machine: it only ends a test
+/// that would hang.
+constexpr std::chrono::seconds deadline{30};
+
+/// Whether the condition comes true before the deadline.
+template <typename Condition>
+bool eventually(Condition condition) {
+  const auto end = std::chrono::steady_clock::now() + deadline;
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > end) return false;
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+  return true;
+}
+
+/// What other threads hand to the test.
+template <typename T>
+class Inbox {
+ public:
+  void push(T item) {
+    // Notified under the lock, so that the test cannot see the item and end while this still runs.
+    const std::lock_guard held(lock);
+    items.push_back(std::move(item));
+    changed.notify_all();
+  }
+
+  /// Whether a state in which `condition` holds of everything received is reached in time.
+  template <typename Condition>
+  bool waitUntil(Condition condition) {
+    std::unique_lock held(lock);
+    return changed.wait_for(held, deadline, [&] { return condition(items); });
+  }
+
+  bool waitFor(std::size_t count) {
+    return waitUntil([=](const std::vector<T>& all) { return all.size() >= count; });
+  }
+
+  std::vector<T> all() const {
+    const std::lock_guard held(lock);
+    return items;
+  }
+
+ private:
+  mutable std::mutex lock;
+  std::condition_variable changed;
+  std::vector<T> items;
+};
+
+/// A door that is shut until it is opened for good.
+class Door {
+ public:
+  void open() { opened.push(true); }
+
+  /// Whether it was open in time.
+  bool pass() { return opened.waitFor(1); }
+
+ private:
+  Inbox<bool> opened;
+};
+
+/// The names of the threads that this program has at the moment.
+inline std::vector<std::string> threadNames() {
+  std::vector<std::string> names;
+  for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
+    std::string name;
+    if (std::getline(std::ifstream(task.path() / "comm"), name)) names.push_back(name);
+  }
+  return names;
+}
+
+inline std::size_t threadsNamed(const std::string& name) {
+  std::size_t count = 0;
+  for (const std::string& each : threadNames()) count += each == name ? 1U : 0U;
+  return count;
+}
+
+/// The name of the calling thread.
+inline std::string threadName() {
+  std::string name;
+  std::ifstream comm("/proc/thread-self/comm");
+  std::getline(comm, name);
+  return name;
+}
+
+}  // namespace corvane

@@ -1,0 +1,115 @@
+"""The private desktop: display, session bus, accessibility bus and window manager."""
+
+import contextlib
+import os
+import pathlib
+import signal
+import subprocess
+import tempfile
+
+from .processes import Processes
+from .waiting import wait_until
+
+START_SECONDS = 20
+
+_DESKTOP_VARIABLES = ("DISPLAY", "WAYLAND_DISPLAY", "XAUTHORITY", "SESSION_MANAGER", "LANGUAGE")
+_DESKTOP_PREFIXES = ("DBUS_", "AT_SPI_", "PULSE_", "PIPEWIRE_", "WIREPLUMBER_", "XDG_", "QT_",
+                     "QSG_", "LC_")
+
+
+class PrivateDesktop(contextlib.ExitStack):
+    """A context that moves this process to a desktop of its own: inside, `os.environ` and so every
+    program that is started belong to it. Leaving it, also by SIGINT or SIGTERM, ends every program
+    on it and removes its files. One a process: the accessibility library binds to the first."""
+
+    def __enter__(self) -> "PrivateDesktop":
+        super().__enter__()
+        with contextlib.ExitStack() as undo_if_this_fails:
+            undo_if_this_fails.push(self.__exit__)
+            self._open()
+            undo_if_this_fails.pop_all()
+        return self
+
+    def __exit__(self, *exception) -> bool | None:
+        # A second signal must not cut the cleaning up short.
+        blocked = signal.pthread_sigmask(signal.SIG_BLOCK, {signal.SIGINT, signal.SIGTERM})
+        try:
+            return super().__exit__(*exception)
+        finally:
+            signal.pthread_sigmask(signal.SIG_SETMASK, blocked)
+
+    def folder(self, purpose: str) -> pathlib.Path:
+        """A new empty folder that only this user can enter, as XDG_RUNTIME_DIR has to be."""
+        return pathlib.Path(tempfile.mkdtemp(prefix=f"{purpose}-", dir=self.root))
+
+    def _open(self) -> None:
+        self._end_on_sigterm()
+        self.root = pathlib.Path(self.enter_context(
+            tempfile.TemporaryDirectory(prefix="corvane-desktop-", ignore_cleanup_errors=True)))
+        self.processes = Processes(self.folder("logs"))
+        self.callback(self.processes.end_all)
+        self._move_in()
+        self._start_display()
+        self._start_session_bus()
+        self._start_accessibility_bus()
+        self._start_window_manager()
+
+    def _end_on_sigterm(self) -> None:
+        def interrupt(*_) -> None:
+            raise KeyboardInterrupt
+
+        self.callback(signal.signal, signal.SIGTERM, signal.signal(signal.SIGTERM, interrupt))
+
+    def _move_in(self) -> None:
+        before = dict(os.environ)
+        self.callback(lambda: (os.environ.clear(), os.environ.update(before)))
+        for name in before:
+            if name in _DESKTOP_VARIABLES or name.startswith(_DESKTOP_PREFIXES):
+                del os.environ[name]
+        os.environ.update(
+            TMPDIR=str(self.folder("tmp")), HOME=str(self.folder("home")),
+            XDG_RUNTIME_DIR=str(self.folder("run")),
+            XDG_CONFIG_HOME=str(self.folder("config")), LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb",
+            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
+
+    def _start_display(self) -> None:
+        number = self._start_and_read_line(
+            "Xvfb", "-displayfd", "{fd}", "-screen", "0", "1280x1024x24", "-nolisten", "tcp",
+            "-noreset")
+        os.environ["DISPLAY"] = f":{number}"
+
+    def _start_session_bus(self) -> None:
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._start_and_read_line(
+            "dbus-daemon", "--session", "--nofork", "--nopidfile",
+            f"--address=unix:path={self.root}/bus", "--print-address={fd}")
+
+    def _start_accessibility_bus(self) -> None:
+        self._start_and_wait(
+            ["/usr/libexec/at-spi-bus-launcher", "--launch-immediately"],
+            ["dbus-send", "--session", "--print-reply", "--dest=org.freedesktop.DBus", "/",
+             "org.freedesktop.DBus.GetNameOwner", "string:org.a11y.Bus"])
+        subprocess.run(
+            ["dbus-send", "--session", "--print-reply", "--dest=org.a11y.Bus", "/org/a11y/bus",
+             "org.freedesktop.DBus.Properties.Set", "string:org.a11y.Status", "string:IsEnabled",
+             "variant:boolean:true"], check=True, stdout=subprocess.DEVNULL, timeout=START_SECONDS)
+
+    def _start_window_manager(self) -> None:
+        self._start_and_wait(["openbox", "--sm-disable"], ["xdotool", "get_num_desktops"])
+
+    def _start_and_wait(self, command: list[str], is_ready: list[str]) -> None:
+        self.processes.start(command)
+        wait_until(lambda: subprocess.run(is_ready, capture_output=True).returncode == 0,
+                   START_SECONDS, lambda: self.processes.last_words(command[0]))
+
+    def _start_and_read_line(self, *command: str) -> str:
+        """Starts a program that tells where it can be reached on the descriptor `{fd}`."""
+        told, tell = os.pipe()
+        with os.fdopen(told) as answer:
+            try:
+                self.processes.start([part.format(fd=tell) for part in command], pass_fds=(tell,))
+            finally:
+                os.close(tell)
+            line = answer.readline().strip()
+        if not line:
+            raise RuntimeError(self.processes.last_words(command[0]))
+        return line

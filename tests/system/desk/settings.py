@@ -1,0 +1,24 @@
+"""The four preferences, in the file in which the tuner keeps them."""
+
+import configparser
+import pathlib
+
+GROUP = "General"
+
+
+def settings_file(config_home: pathlib.Path) -> pathlib.Path:
+    return config_home / "corvane" / "corvane.conf"
+
+
+def write_settings(config_home: pathlib.Path, instrument: str, tuning: str) -> None:
+    path = settings_file(config_home)
+    path.parent.mkdir(parents=True, exist_ok=True)
+    path.write_text(f"[{GROUP}]\ntuner.instrument={instrument}\ntuner.tuning={tuning}\n"
+                    "tuner.a4=440\ntuner.left=false\n")
+
+
+def read_settings(config_home: pathlib.Path) -> dict[str, str]:
+    """Every key with its value as it is written; nothing while there is no file."""
+    parser = configparser.ConfigParser(interpolation=None)
+    parser.read(settings_file(config_home), encoding="utf-8")
+    return dict(parser[GROUP]) if parser.has_section(GROUP) else {}

@@ -1,0 +1,76 @@
+"""The tuner's window, read as a screen reader reads it and handled as by a person."""
+
+import pathlib
+import subprocess
+from collections.abc import Callable, Iterator
+
+import pyatspi
+from gi.repository import GLib
+
+from .readings import Reading
+from .waiting import wait_until
+
+
+class Window:
+    """The window of process `pid`, which need not be there yet."""
+
+    def __init__(self, pid: int):
+        self._pid = pid
+
+    def read(self) -> Reading:
+        """Description and text of every item that is on the screen and has both; empty while there
+        is no window."""
+        try:
+            return {item.description: item.name for item in self._items()
+                    if item.description and item.getState().contains(pyatspi.STATE_SHOWING)}
+        except GLib.Error:  # An item went away while it was being asked.
+            return {}
+
+    def wait_for(self, condition: Callable[[Reading], bool], seconds: float = 5) -> Reading:
+        """The first reading that fulfils `condition`; else TimeoutError with the last one."""
+        last: Reading = {}
+
+        def fulfilled() -> bool:
+            nonlocal last
+            last = self.read()
+            return condition(last)
+
+        wait_until(fulfilled, seconds, lambda: f"the window shows {last}")
+        return last
+
+    def minimise(self) -> None:
+        _xdotool("windowminimize", self._id())
+
+    def activate(self) -> None:
+        """Brings it to the front, also when it is minimised."""
+        _xdotool("windowactivate", "--sync", self._id())
+
+    def close(self) -> None:
+        """Presses the window manager's key for it."""
+        self.activate()
+        _xdotool("key", "alt+F4")
+
+    def screenshot(self, png: pathlib.Path) -> None:
+        png.parent.mkdir(parents=True, exist_ok=True)
+        subprocess.run(["import", "-window", self._id(), f"png:{png}"], check=True, timeout=20)
+
+    def _id(self) -> str:
+        # The toolkit has windows of its own that never show; only this one has a title.
+        return _xdotool("search", "--all", "--pid", str(self._pid), "--name", ".").split()[0]
+
+    def _items(self) -> Iterator[pyatspi.Accessible]:
+        for application in pyatspi.Registry.getDesktop(0):
+            if application and application.get_process_id() == self._pid:
+                yield from _below(application)
+
+
+def _below(item: pyatspi.Accessible) -> Iterator[pyatspi.Accessible]:
+    for child in item:
+        if child:
+            yield child
+            yield from _below(child)
+
+
+def _xdotool(*command: str) -> str:
+    return subprocess.run(["xdotool", *command], check=True, timeout=10, capture_output=True,
+                          text=True).stdout
