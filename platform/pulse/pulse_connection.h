@@ -1,0 +1,61 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "platform/main_queue.h"
+#include "platform/pulse/pulse_loop.h"
+#include "platform/pulse/pulse_session.h"
+#include "platform/pulse/server_facts.h"
+
+namespace corvane {
+
+/// This program's connection to the audio server, as the main thread sees it: what is known now.
+/// Every member is called on the main thread and returns without waiting for the server.
+class PulseConnection {
+ public:
+  enum class State {
+    unknown,    ///< nobody has asked, or the server did not answer or has gone
+    connected,  ///< the server answers; `facts` are its latest
+    refused,    ///< the server does not let this program in
+  };
+
+  using Settled = std::function<void(State)>;
+
+  /// `mainQueue` must outlive the connection.
+  explicit PulseConnection(MainQueue& mainQueue);
+  ~PulseConnection();
+  PulseConnection(const PulseConnection&) = delete;
+  PulseConnection& operator=(const PulseConnection&) = delete;
+
+  State state() const { return currentState; }
+  /// All zero unless connected.
+  const ServerFacts& facts() const { return currentFacts; }
+
+  /// Asks the server unless it is connected or being asked; `state` stays as it is until the
+  /// outcome is known. That takes at most `Deadline::patience`; then `settled` is called, never
+  /// within this call, with the outcome.
+  void connect(Settled settled);
+
+  /// Takes the server's word, given to a stream, that this program may not listen.
+  void refuse() { settle(State::refused, {}); }
+
+  /// Runs `job` on the loop's thread, with null when no server is connected.
+  void async(std::function<void(PulseSession*)> job);
+
+ private:
+  void open();
+  PulseSession::Observer observer();
+  void settle(State state, const ServerFacts& facts);
+
+  MainQueue& mainQueue;
+  State currentState = State::unknown;
+  ServerFacts currentFacts;
+  std::vector<Settled> waiting;
+  std::shared_ptr<void> attempt;          ///< from `open` until its session has ended
+  std::unique_ptr<PulseSession> session;  ///< on the loop's thread only
+  PulseLoop loop;                         ///< last, so that its jobs find the rest alive
+};
+
+}  // namespace corvane

@@ -1,0 +1,123 @@
+#include "platform/pulse/pulse_session.h"
+
+#include <pulse/error.h>
+#include <pulse/operation.h>
+#include <pulse/proplist.h>
+
+#include <memory>
+#include <utility>
+
+namespace corvane {
+namespace {
+
+constexpr const char* desktopId = "org.corvane.Corvane";
+
+/// How the mixer shows this program.
+pa_context* newContext(pa_mainloop_api& api) {
+  const std::unique_ptr<pa_proplist, decltype(&pa_proplist_free)> properties(pa_proplist_new(),
+                                                                             pa_proplist_free);
+  pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_NAME, "Corvane");
+  pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_ID, desktopId);
+  pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_ICON_NAME, desktopId);
+  pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_VERSION, CORVANE_VERSION);
+  return pa_context_new_with_proplist(&api, "Corvane", properties.get());
+}
+
+}  // namespace
+
+PulseSession::PulseSession(pa_mainloop_api& api, Observer watching)
+    : mainloopApi(api), observer(std::move(watching)), context(newContext(api)), deadline(api) {
+  deadline.arm(context, [this] { end(PA_ERR_TIMEOUT); });
+  connect();
+}
+
+PulseSession::~PulseSession() {
+  over = true;
+  pa_context_set_state_callback(context, nullptr, nullptr);
+  pa_context_set_subscribe_callback(context, nullptr, nullptr);
+  pa_context_disconnect(context);
+  pa_context_unref(context);
+}
+
+pa_context* PulseSession::readyContext() const {
+  return !over && pa_context_get_state(context) == PA_CONTEXT_READY ? context : nullptr;
+}
+
+void PulseSession::connect() {
+  pa_context_set_state_callback(context, onState, this);
+  pa_context_set_subscribe_callback(context, onEvent, this);
+  // Starting a server is the desktop's business: two that are started at once fight for the device.
+  if (pa_context_connect(context, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0) {
+    end(pa_context_errno(context));
+  }
+}
+
+void PulseSession::contextChanged() {
+  switch (pa_context_get_state(context)) {
+    case PA_CONTEXT_READY:
+      watch();
+      survey();
+      break;
+    case PA_CONTEXT_FAILED:
+      end(pa_context_errno(context));
+      break;
+    case PA_CONTEXT_TERMINATED:
+      end(PA_ERR_CONNECTIONTERMINATED);
+      break;
+    default:
+      break;
+  }
+}
+
+void PulseSession::watch() {
+  constexpr auto changes = static_cast<pa_subscription_mask_t>(PA_SUBSCRIPTION_MASK_SOURCE |
+                                                               PA_SUBSCRIPTION_MASK_SERVER);
+  pa_operation_unref(pa_context_subscribe(context, changes, nullptr, nullptr));
+}
+
+void PulseSession::survey() {
+  // A volume that is being dragged sends events by the hundred: one more survey covers them all.
+  outdated = std::exchange(surveying, true);
+  if (outdated) return;
+  pa_operation_unref(pa_context_get_server_info(context, onServer, this));
+}
+
+void PulseSession::report(const ServerFacts& facts) {
+  deadline.disarm();
+  surveying = false;
+  if (facts != reported) observer.facts(facts);
+  reported = facts;
+  if (outdated) survey();
+}
+
+void PulseSession::end(int error) {
+  if (std::exchange(over, true)) return;
+  deadline.disarm();
+  observer.ended(error);
+}
+
+void PulseSession::onState(pa_context*, void* session) {
+  static_cast<PulseSession*>(session)->contextChanged();
+}
+
+void PulseSession::onEvent(pa_context*, pa_subscription_event_type_t, std::uint32_t,
+                           void* session) {
+  static_cast<PulseSession*>(session)->survey();
+}
+
+void PulseSession::onServer(pa_context* context, const pa_server_info* server, void* session) {
+  auto* const self = static_cast<PulseSession*>(session);
+  if (server == nullptr) return self->end(pa_context_errno(context));
+  self->answers.emplace(*server);
+  pa_operation_unref(pa_context_get_source_info_list(context, onSource, session));
+}
+
+void PulseSession::onSource(pa_context* context, const pa_source_info* source, int last,
+                            void* session) {
+  auto* const self = static_cast<PulseSession*>(session);
+  if (last < 0) return self->end(pa_context_errno(context));
+  if (source != nullptr) return self->answers->add(*source);
+  self->report(self->answers->facts());
+}
+
+}  // namespace corvane

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <pulse/context.h>
+#include <pulse/introspect.h>
+#include <pulse/mainloop-api.h>
+#include <pulse/subscribe.h>
+
+#include <functional>
+#include <optional>
+
+#include "platform/pulse/deadline.h"
+#include "platform/pulse/server_facts.h"
+
+namespace corvane {
+
+/// One attempt at the audio server and, if it succeeds, the connection that follows. It ends when
+/// the server goes, refuses, or is silent for longer than `Deadline::patience`; the next attempt
+/// is a new session. Everything happens on the loop's thread.
+class PulseSession {
+ public:
+  struct Observer {
+    /// The server answers, or its answer has changed.
+    std::function<void(const ServerFacts&)> facts;
+    /// Once, with libpulse's error code, after which nothing else is called.
+    std::function<void(int error)> ended;
+  };
+
+  PulseSession(pa_mainloop_api& api, Observer observer);
+  ~PulseSession();
+  PulseSession(const PulseSession&) = delete;
+  PulseSession& operator=(const PulseSession&) = delete;
+
+  pa_mainloop_api& api() const { return mainloopApi; }
+  /// Ready for streams; null while connecting and after the end.
+  pa_context* readyContext() const;
+
+ private:
+  void connect();
+  void contextChanged();
+  void watch();
+  void survey();
+  void report(const ServerFacts& facts);
+  void end(int error);
+
+  static void onState(pa_context*, void* session);
+  static void onEvent(pa_context*, pa_subscription_event_type_t, std::uint32_t, void* session);
+  static void onServer(pa_context*, const pa_server_info* server, void* session);
+  static void onSource(pa_context*, const pa_source_info* source, int last, void* session);
+
+  pa_mainloop_api& mainloopApi;
+  Observer observer;
+  pa_context* context;
+  Deadline deadline;
+  bool surveying = false;
+  bool outdated = false;  ///< something has changed since the survey under way began
+  std::optional<ServerSurvey> answers;
+  std::optional<ServerFacts> reported;
+  bool over = false;
+};
+
+}  // namespace corvane

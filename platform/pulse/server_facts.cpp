@@ -1,0 +1,46 @@
+#include "platform/pulse/server_facts.h"
+
+#include <string_view>
+
+namespace corvane {
+namespace {
+
+/// True for a source that records what the speakers play. Both servers offer one as the default
+/// when nothing is there to record with.
+bool isMonitor(const pa_source_info& source) {
+  if (source.monitor_of_sink != PA_INVALID_INDEX) return true;
+  const char* const deviceClass = pa_proplist_gets(source.proplist, PA_PROP_DEVICE_CLASS);
+  return deviceClass != nullptr && std::string_view(deviceClass) == "monitor";
+}
+
+AudioFormat formatOf(const pa_sample_spec& spec) {
+  if (!pa_sample_spec_valid(&spec)) return {};
+  return {static_cast<double>(spec.rate), spec.channels};
+}
+
+}  // namespace
+
+bool operator==(const ServerFacts& a, const ServerFacts& b) {
+  const bool sameOrder =
+      a.deviceOrder.channels == b.deviceOrder.channels &&
+      (a.deviceOrder.channels == 0 || pa_channel_map_equal(&a.deviceOrder, &b.deviceOrder) != 0);
+  return sameOrder && a.device == b.device && a.server == b.server;
+}
+
+ServerSurvey::ServerSurvey(const pa_server_info& server) {
+  if (server.default_source_name != nullptr) defaultSource = server.default_source_name;
+  collected.server = formatOf(server.sample_spec);
+}
+
+void ServerSurvey::add(const pa_source_info& source) {
+  if (!isMonitor(source)) microphone = true;
+  if (source.name != defaultSource) return;
+  collected.device = formatOf(source.sample_spec);
+  collected.deviceOrder = source.channel_map;
+}
+
+ServerFacts ServerSurvey::facts() const {
+  return microphone ? collected : ServerFacts{};
+}
+
+}  // namespace corvane

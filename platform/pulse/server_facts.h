@@ -1,0 +1,36 @@
+#pragma once
+
+#include <pulse/channelmap.h>
+#include <pulse/introspect.h>
+
+#include <optional>
+#include <string>
+
+#include "platform/audio_input.h"
+
+namespace corvane {
+
+/// What the audio server tells about recording; all zero when there is no microphone.
+struct ServerFacts {
+  AudioFormat device;            ///< the default source's own; zero when that is not known
+  pa_channel_map deviceOrder{};  ///< where each channel of `device` belongs
+  AudioFormat server;            ///< the format that the server itself works in
+};
+
+bool operator==(const ServerFacts& a, const ServerFacts& b);
+
+/// Puts the server's answers together to facts.
+class ServerSurvey {
+ public:
+  explicit ServerSurvey(const pa_server_info& server);
+
+  void add(const pa_source_info& source);
+  ServerFacts facts() const;
+
+ private:
+  std::string defaultSource;
+  bool microphone = false;
+  ServerFacts collected;
+};
+
+}  // namespace corvane

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "base/audio_buffer.h"
+
+namespace corvane {
+
+/// A sound each of whose samples says which room it was played in, on which channel and as which
+/// frame. Every code is a 24-bit integer, which a float holds exactly, so a recording of it that
+/// was resampled, scaled, mixed or reordered cannot pass for the original.
+namespace coded_signal {
+
+constexpr std::uint32_t period = 65535;  ///< frames, after which the numbering starts again
+
+/// Interleaved samples that last `seconds`; `room` is 0 to 15.
+void write(const std::filesystem::path& file, std::uint32_t room, std::uint32_t rate,
+           std::uint32_t channels, double seconds);
+
+}  // namespace coded_signal
+
+/// A copy of a buffer that a tap was given.
+struct RecordedBuffer {
+  explicit RecordedBuffer(const AudioBuffer& buffer);
+
+  /// The rooms that it holds sound of; none in silence.
+  std::set<std::uint32_t> rooms() const;
+  /// Empty when the buffer is one stretch of the coded signal of `room`, whole and unchanged; else
+  /// what is wrong with it.
+  std::string faultAgainst(std::uint32_t room) const;
+  /// The number of the first and of the last frame; 0 in silence.
+  std::uint32_t firstFrame() const;
+  std::uint32_t lastFrame() const;
+
+  double sampleRate;
+  std::uint32_t frames;
+  std::vector<std::vector<float>> channels;
+};
+
+/// The frame that follows `frame`.
+std::uint32_t frameAfter(std::uint32_t frame);
+
+}  // namespace corvane

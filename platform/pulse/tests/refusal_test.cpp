@@ -1,0 +1,90 @@
+#include <arpa/inet.h>
+#include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+
+#include "platform/pulse/tests/pulse_fixture.h"
+
+namespace corvane {
+namespace {
+
+using support::AudioServer;
+
+/// A port of this machine that nobody listens on.
+std::uint16_t freePort() {
+  const int listener = socket(AF_INET, SOCK_STREAM, 0);
+  sockaddr_in address{};
+  address.sin_family = AF_INET;
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  socklen_t length = sizeof address;
+  auto* const generic = reinterpret_cast<sockaddr*>(&address);
+  if (bind(listener, generic, length) != 0) throw std::runtime_error("no port is free");
+  getsockname(listener, generic, &length);
+  close(listener);
+  return ntohs(address.sin_port);
+}
+
+/// A server that lets in who knows its secret. Over a socket of the same user PulseAudio asks for
+/// none, so this is by TCP; PipeWire's answer to PulseAudio's clients knows no secret at all.
+class Refusal : public testing::Test {
+ protected:
+  Refusal() {
+    writeSecret(server.home() / "theirs", 'a');
+    writeSecret(ours, 'b');
+    const std::string port = std::to_string(freePort());
+    server.addMicrophone("mic", 48000, 2);
+    server.pactl({"load-module", "module-native-protocol-tcp", "listen=127.0.0.1", "port=" + port,
+                  "auth-cookie=" + (server.home() / "theirs").string()});
+    setenv("PULSE_SERVER", ("tcp:127.0.0.1:" + port).c_str(), 1);
+    setenv("PULSE_COOKIE", ours.c_str(), 1);
+  }
+
+  static void writeSecret(const std::filesystem::path& file, char letter) {
+    std::ofstream(file) << std::string(256, letter);
+  }
+
+  RecordPermission read() { return client.permission->recordPermission(); }
+
+  AudioServer server{AudioServer::Kind::pulseAudio};
+  Client client;
+  std::filesystem::path ours = server.home() / "ours";
+};
+
+TEST_F(Refusal, AServerThatKeepsUsOutDenies) {
+  EXPECT_EQ(client.ask(), false);
+  EXPECT_EQ(read(), RecordPermission::denied);
+  EXPECT_EQ(client.input->inputFormat(), AudioFormat{});
+  EXPECT_EQ(client.input->outputFormat(), AudioFormat{});
+}
+
+TEST_F(Refusal, ItStaysDeniedHoweverOftenItIsRead) {
+  ASSERT_EQ(client.ask(), false);
+  for (int i = 0; i < 5; ++i) {
+    EXPECT_EQ(read(), RecordPermission::denied);
+    EXPECT_EQ(client.ask(), false);
+  }
+}
+
+TEST_F(Refusal, AfterTheUserHasAllowedItAQueryFindsOutByItself) {
+  ASSERT_EQ(client.ask(), false);
+  writeSecret(ours, 'a');
+  EXPECT_EQ(read(), RecordPermission::denied);
+  ASSERT_TRUE(client.pumpUntil([this] { return read() == RecordPermission::granted; }));
+  EXPECT_EQ(client.input->inputFormat(), (AudioFormat{48000.0, 2}));
+  EXPECT_EQ(client.listen(), true);
+}
+
+TEST_F(Refusal, ARecordingThatIsRefusedDenies) {
+  writeSecret(ours, 'a');
+  ASSERT_EQ(client.ask(), true);
+  client.connection->refuse();
+  EXPECT_EQ(client.input->inputFormat(), AudioFormat{});
+  EXPECT_EQ(read(), RecordPermission::denied);
+}
+
+}  // namespace
+}  // namespace corvane
