@@ -22,8 +22,11 @@ class PipeWireRoom(Room):
         _write_all(config / "wireplumber", _NO_SOUND_CARDS)
 
     def open(self) -> None:
-        for server in ("pipewire", "wireplumber", "pipewire-pulse"):
-            self._start_server(server)
+        self._start_server("pipewire")
+        # The two others end at once when there is nothing to connect to.
+        self._wait_for_answer("pw-link", "--output")
+        self._start_server("wireplumber")
+        self._start_server("pipewire-pulse")
         self._wait_for_answer("pactl", "info")
         self.control("load-module", "module-null-sink", f"sink_name={SPEAKER}")
         self.control("load-module", "module-null-sink", f"sink_name={MICROPHONE}",

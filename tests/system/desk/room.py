@@ -14,7 +14,7 @@ MICROPHONE = "mic"
 
 
 class Room:
-    """A sound server of its own, for as long as the context lasts. `environment` is that of the
+    """An audio server of its own, for as long as the context lasts. `environment` is that of the
     programs that are to use it."""
 
     def __init__(self, desktop: PrivateDesktop):

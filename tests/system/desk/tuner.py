@@ -16,7 +16,7 @@ END_SECONDS = 10
 
 
 class Tuner:
-    """`program` with its preferences in `config_home`, hearing what the sound server of
+    """`program` with its preferences in `config_home`, hearing what the audio server of
     `environment` lets it hear. Within the context its window is on the screen."""
 
     def __init__(self, desktop: PrivateDesktop, program: pathlib.Path, config_home: pathlib.Path,
