@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cmath>
 #include <condition_variable>
+#include <mutex>
 #include <numbers>
 #include <thread>
 
@@ -57,13 +58,18 @@ TEST_F(Pipeline, ASineAtTheTapIsNamedOnTheMainThread) {
   EXPECT_EQ(engine->status(), "In tune");
 }
 
+// What a detection under way touches is shared with it: it may end after the test has.
+
 TEST_F(Pipeline, StartAndStopWhileTheTapRunsJoinNoSamples) {
-  std::atomic<bool> joined = false;
-  std::atomic<int> analysed = 0;
-  const auto capture =
-      PitchCapture::create(std::make_unique<SerialQueue>("corvane.pitch"), [&](auto block, double) {
-        ++analysed;
-        for (const float sample : block) joined = joined || sample != block.front();
+  struct Seen {
+    std::atomic<bool> joined = false;
+    std::atomic<int> blocks = 0;
+  };
+  const auto seen = std::make_shared<Seen>();
+  const auto capture = PitchCapture::create(
+      std::make_unique<SerialQueue>("corvane.pitch"), [seen](auto block, double) {
+        for (const float sample : block) seen->joined = seen->joined || sample != block.front();
+        ++seen->blocks;
         return std::nullopt;
       });
   const auto engine = TunerEngine::create(world.platform(), capture);
@@ -72,31 +78,53 @@ TEST_F(Pipeline, StartAndStopWhileTheTapRunsJoinNoSamples) {
     engine->start();
     level += 1.0F;
     std::thread tap([this, level] {
-      for (int i = 0; i < 5; ++i)
-        push(std::vector<float>(1000 + static_cast<std::size_t>(i) * 1000, level));
+      for (std::size_t frames = 1000; frames <= 5000; frames += 1000) {
+        push(std::vector<float>(frames, level));
+      }
     });
     tap.join();  // as the adapter's stop does: when it returns, no tap call is running
     engine->stop();
   }
   engine->start();
   push(std::vector<float>(8192, -1.0F));
-  EXPECT_TRUE(runMainUntil([&] { return analysed.load() >= 1; }));
-  EXPECT_FALSE(joined);
+  EXPECT_TRUE(runMainUntil([&] { return seen->blocks.load() >= 1; }));
+  EXPECT_FALSE(seen->joined);
 }
 
-TEST_F(Pipeline, ReleasingTheEngineWhileDetectionRunsCallsNothing) {
+/// A detection that begins when it is called and ends when it is told to.
+class HeldDetection {
+ public:
+  std::optional<PitchDetector::Reading> detect() {
+    std::unique_lock held(lock);
+    begun = true;
+    changed.notify_all();
+    changed.wait(held, [this] { return released; });
+    return PitchDetector::Reading{110.0, 0.99, 0.05F};
+  }
+
+  void waitUntilBegun() {
+    std::unique_lock held(lock);
+    changed.wait(held, [this] { return begun; });
+  }
+
+  void release() {
+    const std::lock_guard held(lock);
+    released = true;
+    changed.notify_all();
+  }
+
+ private:
   std::mutex lock;
   std::condition_variable changed;
-  bool detecting = false;
+  bool begun = false;
   bool released = false;
-  auto capture =
-      PitchCapture::create(std::make_unique<SerialQueue>("corvane.pitch"), [&](auto, double) {
-        std::unique_lock held(lock);
-        detecting = true;
-        changed.notify_all();
-        changed.wait(held, [&] { return released; });
-        return PitchDetector::Reading{110.0, 0.99, 0.05F};
-      });
+};
+
+TEST_F(Pipeline, ReleasingTheEngineWhileDetectionRunsCallsNothing) {
+  const auto detection = std::make_shared<HeldDetection>();
+  auto capture = PitchCapture::create(std::make_unique<SerialQueue>("corvane.pitch"),
+                                      [detection](auto, double) { return detection->detect(); });
+  const std::weak_ptr<PitchCapture> pipeline = capture;
   auto engine = TunerEngine::create(world.platform(), std::move(capture));
   int published = 0;
   const auto observation = engine->observe([&](Field) { ++published; });
@@ -104,21 +132,13 @@ TEST_F(Pipeline, ReleasingTheEngineWhileDetectionRunsCallsNothing) {
   published = 0;
 
   push(sine(110.0, 8192));
-  {
-    std::unique_lock held(lock);
-    changed.wait(held, [&] { return detecting; });
-  }
+  detection->waitUntilBegun();
   world.input->tap = nullptr;  // the tap holds the pipeline, never the engine
   const std::weak_ptr<TunerEngine> gone = engine;
-  std::thread release([&] {
-    std::this_thread::yield();
-    const std::lock_guard held(lock);
-    released = true;
-    changed.notify_all();
-  });
   engine.reset();
   EXPECT_TRUE(gone.expired());
-  release.join();
+  detection->release();
+  EXPECT_TRUE(runMainUntil([&] { return pipeline.expired(); }));
   world.mainQueue->runAll();
   EXPECT_EQ(published, 0);
 }
