@@ -23,6 +23,12 @@ pa_context* newContext(pa_mainloop_api& api) {
   return pa_context_new_with_proplist(&api, "Corvane", properties.get());
 }
 
+/// The answer comes by callback. There is no operation when the context has just failed, which its
+/// state tells.
+void forget(pa_operation* operation) {
+  if (operation != nullptr) pa_operation_unref(operation);
+}
+
 }  // namespace
 
 PulseSession::PulseSession(pa_mainloop_api& api, Observer watching)
@@ -72,17 +78,18 @@ void PulseSession::contextChanged() {
 void PulseSession::watch() {
   constexpr auto changes = static_cast<pa_subscription_mask_t>(PA_SUBSCRIPTION_MASK_SOURCE |
                                                                PA_SUBSCRIPTION_MASK_SERVER);
-  pa_operation_unref(pa_context_subscribe(context, changes, nullptr, nullptr));
+  forget(pa_context_subscribe(context, changes, nullptr, nullptr));
 }
 
 void PulseSession::survey() {
   // A volume that is being dragged sends events by the hundred: one more survey covers them all.
   outdated = std::exchange(surveying, true);
   if (outdated) return;
-  pa_operation_unref(pa_context_get_server_info(context, onServer, this));
+  forget(pa_context_get_server_info(context, onServer, this));
 }
 
 void PulseSession::report(const ServerFacts& facts) {
+  if (over) return;
   deadline.disarm();
   surveying = false;
   if (facts != reported) observer.facts(facts);
@@ -109,7 +116,7 @@ void PulseSession::onServer(pa_context* context, const pa_server_info* server, v
   auto* const self = static_cast<PulseSession*>(session);
   if (server == nullptr) return self->end(pa_context_errno(context));
   self->answers.emplace(*server);
-  pa_operation_unref(pa_context_get_source_info_list(context, onSource, session));
+  forget(pa_context_get_source_info_list(context, onSource, session));
 }
 
 void PulseSession::onSource(pa_context* context, const pa_source_info* source, int last,

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <exception>
-#include <fstream>
 #include <sstream>
 #include <stdexcept>
 #include <utility>
@@ -11,24 +10,6 @@ namespace corvane::support {
 namespace {
 
 namespace fs = std::filesystem;
-
-void write(const fs::path& file, const std::string& text) {
-  fs::create_directories(file.parent_path());
-  std::ofstream(file) << text;
-}
-
-/// Keeps a session manager away from the sound cards of the machine that the tests run on; once in
-/// the words of WirePlumber 0.4 and once in those of 0.5.
-void forgetHardware(const fs::path& home) {
-  const fs::path config = home / ".config" / "wireplumber";
-  write(config / "main.lua.d" / "51-no-hardware.lua",
-        "alsa_monitor.enabled = false\nv4l2_monitor.enabled = false\n"
-        "libcamera_monitor.enabled = false\n");
-  write(config / "bluetooth.lua.d" / "51-no-hardware.lua", "bluez_monitor.enabled = false\n");
-  write(config / "wireplumber.conf.d" / "51-no-hardware.conf",
-        "wireplumber.profiles = { main = { hardware.audio = disabled hardware.bluetooth = disabled "
-        "hardware.video-capture = disabled } }\n");
-}
 
 /// Both sides must agree on where each channel belongs, or the server mixes them.
 std::string channelOrder(std::uint32_t channels) {
@@ -54,7 +35,6 @@ std::string nameOf(AudioServer::Kind kind) {
 }
 
 AudioServer::AudioServer(Kind which) : kind(which) {
-  forgetHardware(home());
   start();
 }
 
@@ -115,10 +95,10 @@ void AudioServer::addSpeakers(const std::string& name, std::uint32_t rate, std::
   addSink(name, {name, rate, channels}, "Audio/Sink");
 }
 
-void AudioServer::addMicrophone(const std::string& name, std::uint32_t rate,
-                                std::uint32_t channels) {
+void AudioServer::addMicrophone(const std::string& name, std::uint32_t rate, std::uint32_t channels,
+                                Pace pace) {
   const std::string room = name + "-room";
-  rooms.push_back({name, rate, channels});
+  rooms.push_back({name, rate, channels, pace});
   addSink(room, rooms.back(), "Audio/Sink");
   if (kind == Kind::pulseAudio) {
     load(name,
@@ -138,8 +118,9 @@ void AudioServer::addSink(const std::string& name, const Room& room,
       "module-null-sink", "sink_name=" + name, "rate=" + std::to_string(room.rate),
       "channels=" + std::to_string(room.channels), "channel_map=" + channelOrder(room.channels)};
   if (kind == Kind::pulseAudio) {
-    // Unless told not to rewind, it takes sound two seconds ahead, and every recording waits.
-    module.insert(module.end(), {"format=float32le", "norewinds=yes"});
+    module.push_back("format=float32le");
+    // It looks ahead only as long as it may take back what it has seen.
+    if (room.pace == Pace::eager) module.push_back("norewinds=yes");
   } else {
     module.push_back("media.class=" + mediaClass);
   }

@@ -18,11 +18,17 @@ class AudioServer {
  public:
   enum class Kind { pulseAudio, pipeWire };
 
+  /// Unless a recording asks for less, PulseAudio lets a sound card collect two seconds before it
+  /// looks, and so does a lazy microphone. An eager one is heard at once. PipeWire knows only
+  /// these.
+  enum class Pace { eager, lazy };
+
   explicit AudioServer(Kind kind);
 
   /// Adds a microphone that hears what is played in the room "<name>-room", and makes it the
   /// default source. 1, 2 or 8 channels.
-  void addMicrophone(const std::string& name, std::uint32_t rate, std::uint32_t channels);
+  void addMicrophone(const std::string& name, std::uint32_t rate, std::uint32_t channels,
+                     Pace pace = Pace::eager);
 
   /// Adds loudspeakers, whose monitor is a source but no microphone.
   void addSpeakers(const std::string& name, std::uint32_t rate, std::uint32_t channels);
@@ -55,6 +61,7 @@ class AudioServer {
     std::string microphone;
     std::uint32_t rate;
     std::uint32_t channels;
+    Pace pace = Pace::eager;
   };
 
   void startPulseAudio();

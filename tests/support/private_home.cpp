@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <fstream>
 #include <stdexcept>
 #include <system_error>
 #include <thread>
@@ -9,13 +10,33 @@
 namespace corvane::support {
 namespace {
 
-std::filesystem::path newDirectory() {
+namespace fs = std::filesystem;
+
+fs::path newDirectory() {
   // Short, because the path of a socket in it has room for a hundred characters.
-  std::string name = std::filesystem::temp_directory_path() / "corvane-XXXXXX";
+  std::string name = fs::temp_directory_path() / "corvane-XXXXXX";
   if (mkdtemp(name.data()) == nullptr) {
     throw std::system_error(errno, std::generic_category(), name);
   }
   return name;
+}
+
+void write(const fs::path& file, const std::string& text) {
+  fs::create_directories(file.parent_path());
+  std::ofstream(file) << text;
+}
+
+/// Keeps a session manager away from the sound cards of the machine that the tests run on; once in
+/// the words of WirePlumber 0.4 and once in those of 0.5.
+void forgetHardware(const fs::path& home) {
+  const fs::path config = home / ".config" / "wireplumber";
+  write(config / "main.lua.d" / "51-no-hardware.lua",
+        "alsa_monitor.enabled = false\nv4l2_monitor.enabled = false\n"
+        "libcamera_monitor.enabled = false\n");
+  write(config / "bluetooth.lua.d" / "51-no-hardware.lua", "bluez_monitor.enabled = false\n");
+  write(config / "wireplumber.conf.d" / "51-no-hardware.conf",
+        "wireplumber.profiles = { main = { hardware.audio = disabled hardware.bluetooth = disabled "
+        "hardware.video-capture = disabled } }\n");
 }
 
 }  // namespace
@@ -31,11 +52,12 @@ PrivateHome::PrivateHome() : directory(newDirectory()) {
   }
   setenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + (directory / "bus").string()).c_str(), 1);
   setenv("LC_ALL", "C", 1);
+  forgetHardware(directory);
 }
 
 PrivateHome::~PrivateHome() {
   std::error_code ignored;
-  std::filesystem::remove_all(directory, ignored);
+  fs::remove_all(directory, ignored);
 }
 
 void waitFor(const std::string& what, const std::function<bool()>& condition) {

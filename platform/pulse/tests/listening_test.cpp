@@ -65,23 +65,24 @@ using Freshness = PulseTest;
 
 TEST_P(Freshness, SoundArrivesWhileItIsMadeAndNotInHeaps) {
   using Clock = std::chrono::steady_clock;
-  listenToMicrophone();
+  listenToMicrophone({48000.0, 2}, AudioServer::Pace::lazy);
   client.stop();
   Clock::time_point last;
-  Clock::duration longest{0};
   std::atomic<int> calls = 0;
-  // The times belong to the recording's thread until the stop.
+  std::atomic<int> arrivals = 0;
+  // Calls for what arrives together follow each other within microseconds.
   client.input->installTap(512, client.input->inputFormat(), [&](const AudioBuffer&) {
     const auto now = Clock::now();
-    if (calls++ > 0) longest = std::max(longest, now - last);
+    if (now - last > std::chrono::milliseconds(5)) ++arrivals;
     last = now;
+    ++calls;
   });
   client.input->start([](bool) {});
-  ASSERT_TRUE(client.pumpUntil([&calls] { return calls > 100; }));
+  ASSERT_TRUE(client.pumpUntil([&calls] { return calls >= 100; }));
   client.stop();
-  // A fragment of 1024 frames lasts 21 ms and what no server was asked for is two seconds: in
-  // between there is room for a machine that is busy with something else.
-  EXPECT_LT(longest, std::chrono::milliseconds(250));
+  // 100 buffers are 1.07 s, or 50 fragments of 1024 frames; on a busy machine some meet. What
+  // comes unasked are the 171 ms of PipeWire, 7 arrivals, and the 2 s of PulseAudio, one or two.
+  EXPECT_GE(arrivals, 25);
 }
 
 INSTANTIATE_TEST_SUITE_P(OnEitherServer, Freshness, eitherServer(), serverName);

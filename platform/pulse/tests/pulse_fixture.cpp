@@ -97,8 +97,9 @@ void PulseTest::play(const std::string& microphone, std::uint32_t room, const Au
   players.push_back(server.play(microphone, file));
 }
 
-void PulseTest::listenToMicrophone(const AudioFormat& format) {
-  server.addMicrophone("mic", static_cast<std::uint32_t>(format.sampleRate), format.channelCount);
+void PulseTest::listenToMicrophone(const AudioFormat& format, support::AudioServer::Pace pace) {
+  server.addMicrophone("mic", static_cast<std::uint32_t>(format.sampleRate), format.channelCount,
+                       pace);
   play("mic", 1, format);
   ASSERT_EQ(client.ask(), true);
   ASSERT_EQ(client.input->inputFormat(), format);

@@ -7,6 +7,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,14 @@
 #include "tests/support/pumped_queue.h"
 
 namespace corvane {
+
+namespace support {
+
+inline void PrintTo(AudioServer::Kind kind, std::ostream* out) {
+  *out << nameOf(kind);
+}
+
+}  // namespace support
 
 /// Keeps what a tap was given, for the test's thread to look at.
 class Recording {
@@ -73,7 +82,8 @@ class PulseTest : public testing::TestWithParam<support::AudioServer::Kind> {
   void play(const std::string& microphone, std::uint32_t room, const AudioFormat& format,
             double seconds = 20.0);
   /// Adds a microphone, plays room 1 to it and records from it.
-  void listenToMicrophone(const AudioFormat& format = {48000.0, 2});
+  void listenToMicrophone(const AudioFormat& format = {48000.0, 2},
+                          support::AudioServer::Pace pace = support::AudioServer::Pace::eager);
 
   support::AudioServer server{GetParam()};
   Client client;

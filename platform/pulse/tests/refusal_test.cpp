@@ -78,7 +78,7 @@ TEST_F(Refusal, AfterTheUserHasAllowedItAQueryFindsOutByItself) {
   EXPECT_EQ(client.listen(), true);
 }
 
-TEST_F(Refusal, ARecordingThatIsRefusedDenies) {
+TEST_F(Refusal, TheWordThatARecordingWasGivenCountsToo) {
   writeSecret(ours, 'a');
   ASSERT_EQ(client.ask(), true);
   client.connection->refuse();
