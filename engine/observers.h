@@ -44,6 +44,7 @@ class Observers {
 
  private:
   std::vector<std::weak_ptr<const Observer>> observers;
+  int notifying = 0;  ///< how many calls of `notify` are under way, one within the other
 };
 
 /// A field that anyone may read and only `Owner` may assign; each assignment tells the observers.

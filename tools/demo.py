@@ -64,7 +64,7 @@ def demonstrate(program: pathlib.Path) -> int:
         with Tuner(desktop, program, config_home, room.environment) as tuner:
             tuner.wait_until_listening(room)
             wrong = play_all(tuner, room, Band(desktop.folder("notes")))
-    print(f"\n{verdict(wrong)}\nPictures of the window: {PICTURES.relative_to(REPOSITORY)}/")
+    print(f"\n{verdict(wrong)} The samples themselves are 1 to 3 cents sharp.\nPictures of the window: {PICTURES.relative_to(REPOSITORY)}/")
     return 1 if wrong else 0
 
 
@@ -106,4 +106,7 @@ def verdict(wrong: int) -> str:
 
 
 if __name__ == "__main__":
-    sys.exit(main(sys.argv[1:]))
+    try:
+        sys.exit(main(sys.argv[1:]))
+    except KeyboardInterrupt:
+        sys.exit("\nInterrupted; everything that was started has ended.")

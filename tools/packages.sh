@@ -2,13 +2,12 @@
 # top of the tree, by the commands that need them.
 
 build_packages="g++ cmake ninja-build pkg-config qt6-base-dev qt6-declarative-dev
-  qt6-declarative-dev-tools qml6-module-qtquick qml6-module-qtquick-window qml6-module-qtqml
-  qml6-module-qtqml-workerscript libpulse-dev libsndfile1-dev"
-desktop_packages="xvfb xauth openbox xdotool x11-utils dbus at-spi2-core python3 python3-pyatspi
-  gir1.2-atspi-2.0 pulseaudio pulseaudio-utils imagemagick fluidsynth timgm6mb-soundfont
-  fonts-dejavu-core"
+  qt6-declarative-dev-tools qt6-wayland qml6-module-qtquick qml6-module-qtquick-window
+  qml6-module-qtqml qml6-module-qtqml-workerscript libpulse-dev libsndfile1-dev"
+desktop_packages="xvfb openbox xdotool dbus at-spi2-core python3 python3-pyatspi gir1.2-atspi-2.0
+  pulseaudio pulseaudio-utils imagemagick fluidsynth timgm6mb-soundfont fonts-dejavu-core"
 test_packages="libgtest-dev libgmock-dev librapidcheck-dev clang-format pipewire pipewire-bin
-  pipewire-pulse wireplumber util-linux procps git"
+  pipewire-pulse wireplumber x11-utils util-linux"
 
 # missing PACKAGE...: those that are not installed.
 missing() {
@@ -19,25 +18,37 @@ missing() {
   done
 }
 
-as_root() {
-  if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
+is_debian() {
+  [ -r /etc/os-release ] && (. /etc/os-release && [ "${ID:-}" = debian ])
+}
+
+# apt_get ARGUMENT...: as root.
+apt_get() {
+  if [ "$(id -u)" = 0 ]; then
+    env DEBIAN_FRONTEND=noninteractive apt-get -qq "$@"
+  elif command -v sudo >/dev/null; then
+    sudo env DEBIAN_FRONTEND=noninteractive apt-get -qq "$@"
+  else
+    echo "There is no sudo here. As root: apt-get $*" >&2
+    exit 1
+  fi
 }
 
 # need PURPOSE PACKAGE...: installs what is missing, or says what to install and ends the program.
 need() {
   local purpose=$1 lacking
   shift
-  if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
-    [ -n "${CORVANE_PACKAGES_INSTALLED:-}" ] && return
-    echo "This is not a Debian system. $purpose needs what Debian calls:" >&2
+  [ -z "${CORVANE_PACKAGES_INSTALLED:-}" ] || return 0
+  if ! is_debian; then
+    echo "This is not Debian. For $purpose, install what Debian calls:" >&2
     printf '  %s\n' "$@" >&2
-    echo "Install them and run again with CORVANE_PACKAGES_INSTALLED=1." >&2
+    echo "and run again with CORVANE_PACKAGES_INSTALLED=1." >&2
     exit 1
   fi
   lacking=$(missing "$@")
   [ -n "$lacking" ] || return 0
-  echo "Installing, because $purpose needs them:" $lacking
-  as_root apt-get update -qq
-  as_root env DEBIAN_FRONTEND=noninteractive \
-    apt-get install -qq --no-install-recommends -y $lacking >/dev/null
+  echo "Installing for $purpose:" $lacking
+  apt_get update || exit 1
+  # Never at the price of what the user has: another audio server, say.
+  apt_get install --no-install-recommends --no-remove --yes $lacking >/dev/null || exit 1
 }

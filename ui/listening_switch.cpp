@@ -8,6 +8,9 @@ ListeningSwitch::ListeningSwitch(QWindow& shown, std::shared_ptr<TunerEngine> tu
     : window(shown), engine(std::move(tuner)) {
   connect(&window, &QWindow::visibilityChanged, this, &ListeningSwitch::visibilityChanged);
   connect(&window, &QWindow::activeChanged, this, &ListeningSwitch::activeChanged);
+  observation = engine->observe([this](Field field) {
+    if (field == Field::listening) listeningChanged();
+  });
   visibilityChanged(window.visibility());
 }
 
@@ -19,6 +22,11 @@ void ListeningSwitch::visibilityChanged(QWindow::Visibility visibility) {
   } else {
     engine->stop();
   }
+}
+
+/// The answer to a request for the microphone may come when the window has gone again.
+void ListeningSwitch::listeningChanged() {
+  if (engine->listening() && !onScreen) engine->stop();
 }
 
 void ListeningSwitch::activeChanged() {

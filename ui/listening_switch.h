@@ -19,9 +19,11 @@ class ListeningSwitch : public QObject {
  private:
   void visibilityChanged(QWindow::Visibility visibility);
   void activeChanged();
+  void listeningChanged();
 
   QWindow& window;
   std::shared_ptr<TunerEngine> engine;
+  std::shared_ptr<const void> observation;
   bool onScreen = false;
 };
 

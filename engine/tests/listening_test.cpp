@@ -186,9 +186,62 @@ TEST_F(Listening, AnOutcomeThatIsKnownLaterArrivesThen) {
 TEST_F(Listening, AnOutcomeAfterTheEngineIsGoneChangesNothing) {
   world.input->answersLater = true;
   engine->start();
+  const auto late = world.input->pendingStart;
   engine.reset();
-  world.input->pendingStart(true);
+  late(true);
   EXPECT_FALSE(world.input->running);
+}
+
+TEST_F(Listening, SuccessThatComesLaterClearsAnErrorFromMeanwhile) {
+  world.input->answersLater = true;
+  engine->start();
+  world.permission->permission = RecordPermission::unknown;
+  engine->start();
+  ASSERT_THAT(engine->errorText(), Optional(std::string(ask)));
+  world.input->pendingStart(true);
+  EXPECT_EQ(engine->errorText(), std::nullopt);
+}
+
+TEST_F(Listening, ADenialOrAGrantReadByStartEndsAnOutstandingRequest) {
+  for (const auto answer : {RecordPermission::denied, RecordPermission::granted}) {
+    world.permission->requests.clear();
+    world.permission->permission = RecordPermission::undetermined;
+    engine->start();
+    world.permission->permission = answer;
+    engine->start();
+    world.permission->permission = RecordPermission::undetermined;
+    engine->start();
+    EXPECT_EQ(world.permission->requests.size(), 2U);
+    engine->abandonMicRequest();
+  }
+}
+
+TEST_F(Listening, ABlockThatWaitsForDetectionIsForgottenByStop) {
+  const auto held = std::make_shared<std::vector<TaskQueue::Job>>();
+  struct HeldQueue final : TaskQueue {
+    explicit HeldQueue(std::shared_ptr<std::vector<Job>> kept) : jobs(std::move(kept)) {}
+    void async(Job job) override { jobs->push_back(std::move(job)); }
+    std::shared_ptr<std::vector<Job>> jobs;
+  };
+  int analysed = 0;
+  capture = PitchCapture::create(std::make_unique<HeldQueue>(held), [&](auto, double) {
+    ++analysed;
+    return std::nullopt;
+  });
+  makeEngine();
+  engine->start();
+  push(8192, 0.25F);
+  ASSERT_EQ(held->size(), 1U);
+  engine->stop();
+  held->front()();
+  EXPECT_EQ(analysed, 0);
+}
+
+TEST_F(Listening, StopEndsAndResetsTheInput) {
+  engine->start();
+  world.input->calls.clear();
+  engine->stop();
+  EXPECT_THAT(world.input->calls, ElementsAre("stop", "reset"));
 }
 
 TEST_F(Listening, AfterStopTheLastNoteStaysOnDisplay) {

@@ -30,6 +30,20 @@ TEST(Observers, MayAddAnotherWhileTheyAreTold) {
   EXPECT_EQ(calls, 1);
 }
 
+TEST(Observers, AreAllToldWhenOneDropsAnEarlierHandleAndAddsAnother) {
+  Observers observers;
+  auto earlier = observers.add([](Field) {});
+  std::shared_ptr<const void> added;
+  const auto dropping = observers.add([&](Field) {
+    earlier.reset();
+    if (added == nullptr) added = observers.add([](Field) {});
+  });
+  int told = 0;
+  const auto later = observers.add([&](Field) { ++told; });
+  observers.notify(Field::heard);
+  EXPECT_EQ(told, 1);
+}
+
 TEST(Observers, MayDropTheirOwnHandleWhileTheyAreTold) {
   Observers observers;
   int calls = 0;

@@ -81,10 +81,20 @@ void RecordStream::stateChanged() {
       return observer.ready();
     case PA_STREAM_FAILED:
     case PA_STREAM_TERMINATED:
-      return end(pa_context_errno(pa_stream_get_context(stream)));
+      return failed();
     default:
       return;
   }
+}
+
+void RecordStream::failed() {
+  pa_context* const context = pa_stream_get_context(stream);
+  const int error = pa_context_errno(context);
+  const bool connected = PA_CONTEXT_IS_GOOD(pa_context_get_state(context)) != 0;
+  if (error != PA_ERR_TIMEOUT || !connected) return end(error);
+  // After half a minute libpulse gives up waiting, but the server may still make the stream one
+  // day and record for nobody. Disconnecting comes back here as the end of the stream.
+  pa_context_disconnect(context);
 }
 
 void RecordStream::read() {
@@ -115,8 +125,11 @@ void RecordStream::mute() {
 
 void RecordStream::close() {
   closing = true;
+  if (stream == nullptr) return;
+  if (pa_stream_get_state(stream) != PA_STREAM_CREATING) return release();
   // libpulse cannot end a stream that the server has not made yet: `stateChanged` does then.
-  if (stream != nullptr && pa_stream_get_state(stream) != PA_STREAM_CREATING) release();
+  // Nobody waits for it, so its delay is no reason to drop the connection from the next one.
+  deadline.reset();
 }
 
 void RecordStream::end(int error) {

@@ -43,6 +43,7 @@ class RecordStream : public std::enable_shared_from_this<RecordStream> {
  private:
   void connect();
   void stateChanged();
+  void failed();
   void read();
   void moved();
   void end(int error);

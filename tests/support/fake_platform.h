@@ -60,6 +60,7 @@ class FakeAudioInput final : public AudioInput {
   bool isRunning() const override { return running; }
   void stop() override {
     running = false;
+    pendingStart = nullptr;
     calls.emplace_back("stop");
   }
   void reset() override { calls.emplace_back("reset"); }

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <system_error>
 
 #include "tools/replay/failure.h"
 #include "tools/replay/wav_length.h"
@@ -13,7 +14,8 @@ namespace corvane::replay {
 namespace {
 
 void expectWholeFile(const std::string& path) {
-  if (std::filesystem::is_directory(path)) throw Failure(path + ": is a folder");
+  std::error_code unknown;
+  if (std::filesystem::is_directory(path, unknown)) throw Failure(path + ": is a folder");
   std::ifstream stream(path, std::ios::binary);
   if (!stream) throw Failure(path + ": " + std::strerror(errno));
   if (stream.peek() == std::ifstream::traits_type::eof()) throw Failure(path + ": is empty");

@@ -39,7 +39,10 @@ std::int64_t sizeOf(std::istream& file) {
 bool isCutShort(std::istream& file) {
   const std::int64_t size = sizeOf(file);
   const auto riff = readHeader(file);
+  std::array<char, 4> form{};
   if (!riff || riff->name() != "RIFF") return false;
+  if (file.read(form.data(), form.size()) && form != std::array{'W', 'A', 'V', 'E'}) return false;
+  file.clear();
 
   std::int64_t position = 12;
   while (position < size) {

@@ -78,6 +78,17 @@ TEST_F(ListeningSwitchTest, AWindowThatIsMerelyNotActiveGoesOnListening) {
   EXPECT_TRUE(engine->listening());
 }
 
+TEST_F(ListeningSwitchTest, AnAnswerThatComesWhenTheWindowHasGoneStartsNothing) {
+  world.permission->permission = RecordPermission::undetermined;
+  window.show();
+  window.showMinimized();
+  world.permission->permission = RecordPermission::granted;
+  world.permission->requests.at(0)(true);
+  world.mainQueue->runAll();
+  EXPECT_FALSE(engine->listening());
+  EXPECT_FALSE(world.input->running);
+}
+
 TEST_F(ListeningSwitchTest, AWindowThatIsAlreadyShownIsListenedToAtOnce) {
   QWindow shown;
   shown.show();

@@ -43,7 +43,7 @@ class PrivateDesktop(contextlib.ExitStack):
         return pathlib.Path(tempfile.mkdtemp(prefix=f"{purpose}-", dir=self.root))
 
     def _open(self) -> None:
-        self._end_on_sigterm()
+        self._end_on_signals()
         self.root = pathlib.Path(self.enter_context(
             tempfile.TemporaryDirectory(prefix="corvane-desktop-", ignore_cleanup_errors=True)))
         self.processes = Processes(self.folder("logs"))
@@ -54,11 +54,12 @@ class PrivateDesktop(contextlib.ExitStack):
         self._start_accessibility_bus()
         self._start_window_manager()
 
-    def _end_on_sigterm(self) -> None:
+    def _end_on_signals(self) -> None:
         def interrupt(*_) -> None:
             raise KeyboardInterrupt
 
-        self.callback(signal.signal, signal.SIGTERM, signal.signal(signal.SIGTERM, interrupt))
+        for number in (signal.SIGTERM, signal.SIGHUP):
+            self.callback(signal.signal, number, signal.signal(number, interrupt))
 
     def _move_in(self) -> None:
         before = dict(os.environ)

@@ -57,6 +57,11 @@ TEST_F(Command, AFolderGetsOneLine) {
   expectOneLine("is a folder");
 }
 
+TEST_F(Command, ANameThatIsTooLongGetsOneLine) {
+  run(recordings.path(std::string(5000, 'x')));
+  expectOneLine("File name too long");
+}
+
 TEST_F(Command, AnEmptyFileGetsOneLine) {
   run(recordings.writeBytes("a.wav", ""));
   expectOneLine("is empty");

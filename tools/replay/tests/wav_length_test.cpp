@@ -50,6 +50,8 @@ TEST(WavLength, ALengthLeftOpenByTheRecorderPromisesNothing) {
 }
 
 TEST(WavLength, SaysNothingAboutOtherFiles) {
+  std::stringstream picture(chunk("RIFF", 0, "WEBP") + chunk("VP8 ", 100, "short"));
+  EXPECT_FALSE(isCutShort(picture));
   std::stringstream text("This is a letter to a friend.");
   EXPECT_FALSE(isCutShort(text));
   std::stringstream empty;
