@@ -90,8 +90,8 @@ TEST_F(ListeningSwitchTest, AnAnswerThatComesWhenTheWindowHasGoneStartsNothing) 
 }
 
 TEST_F(ListeningSwitchTest, AWindowThatIsAlreadyShownIsListenedToAtOnce) {
-  const auto other = TunerEngine::create(
-      world.platform(), PitchCapture::create(std::make_unique<InlineQueue>()));
+  const auto other =
+      TunerEngine::create(world.platform(), PitchCapture::create(std::make_unique<InlineQueue>()));
   QWindow shown;
   shown.show();
   const ListeningSwitch late(shown, other);
