@@ -8,10 +8,10 @@
 
 namespace corvane {
 
-void Deadline::arm(pa_context* context, std::function<void()> then) {
+void Deadline::arm(pa_context* context, std::function<void()> then, pa_usec_t busy) {
   require(event == nullptr, "a deadline is armed once at a time");
   expired = std::move(then);
-  event = pa_context_rttime_new(context, pa_rtclock_now() + patience, onTime, this);
+  event = pa_context_rttime_new(context, pa_rtclock_now() + busy + patience, onTime, this);
 }
 
 void Deadline::disarm() {

@@ -19,8 +19,9 @@ class Deadline {
   Deadline(const Deadline&) = delete;
   Deadline& operator=(const Deadline&) = delete;
 
-  /// Calls `expired` once after `patience`, unless disarmed or destroyed before.
-  void arm(pa_context* context, std::function<void()> expired);
+  /// Calls `expired` once after `busy`, in which no answer is expected, and `patience`, unless
+  /// disarmed or destroyed before.
+  void arm(pa_context* context, std::function<void()> expired, pa_usec_t busy = 0);
   void disarm();
 
  private:

@@ -1,24 +1,18 @@
 #pragma once
 
-#include <pulse/channelmap.h>
-#include <pulse/stream.h>
-
 #include <functional>
-#include <memory>
 #include <mutex>
 #include <optional>
 
-#include "platform/audio_input.h"
 #include "platform/pulse/buffer_collector.h"
-#include "platform/pulse/deadline.h"
-#include "platform/pulse/pulse_session.h"
+#include "platform/pulse/pulse_stream.h"
 
 namespace corvane {
 
-/// One recording from the default source, from its request until its end. Unless told otherwise,
-/// on the loop's thread.
-class RecordStream : public std::enable_shared_from_this<RecordStream> {
+/// One recording from the default source.
+class RecordStream final : public PulseStream {
  public:
+  /// Both on the loop's thread.
   struct Observer {
     std::function<void()> ready;
     /// Once, with libpulse's error code; not called after `close`.
@@ -29,37 +23,21 @@ class RecordStream : public std::enable_shared_from_this<RecordStream> {
   RecordStream(const AudioFormat& format, const pa_channel_map& order, BufferCollector collector,
                Observer observer);
 
-  /// Asks the server for the stream, which keeps this object alive; `server` is null when there is
-  /// none.
-  void open(PulseSession* server);
-
-  /// Ends the recording; the server forgets it as soon as it can.
-  void close();
-
   /// When it returns, the tap is not running, will not be called, and is destroyed. Any thread;
   /// waits for nothing but a tap that is running.
   void mute();
 
  private:
-  void connect();
-  void stateChanged();
-  void failed();
+  bool connect() override;
+  void ready() override { observer.ready(); }
+  void ended(int error) override { observer.ended(error); }
+  void disconnectCallbacks() override;
   void read();
   void moved();
-  void end(int error);
-  void release();
 
-  const AudioFormat format;
-  const pa_channel_map order;
   Observer observer;
-
   std::mutex gate;                           ///< held while the tap runs
   std::optional<BufferCollector> collector;  ///< under `gate`; none once muted
-
-  pa_stream* stream = nullptr;
-  std::optional<Deadline> deadline;
-  std::shared_ptr<RecordStream> self;  ///< while `stream` exists
-  bool closing = false;
 };
 
 }  // namespace corvane

@@ -24,12 +24,14 @@ bool operator==(const ServerFacts& a, const ServerFacts& b) {
   const bool sameOrder =
       a.deviceOrder.channels == b.deviceOrder.channels &&
       (a.deviceOrder.channels == 0 || pa_channel_map_equal(&a.deviceOrder, &b.deviceOrder) != 0);
-  return sameOrder && a.device == b.device && a.server == b.server;
+  return sameOrder && a.loudspeakers == b.loudspeakers && a.device == b.device &&
+         a.server == b.server;
 }
 
 ServerSurvey::ServerSurvey(const pa_server_info& server) {
   if (server.default_source_name != nullptr) defaultSource = server.default_source_name;
   collected.server = formatOf(server.sample_spec);
+  collected.loudspeakers = server.default_sink_name != nullptr && *server.default_sink_name != '\0';
 }
 
 void ServerSurvey::add(const pa_source_info& source) {
@@ -40,7 +42,10 @@ void ServerSurvey::add(const pa_source_info& source) {
 }
 
 ServerFacts ServerSurvey::facts() const {
-  return microphone ? collected : ServerFacts{};
+  if (microphone) return collected;
+  ServerFacts deaf;
+  deaf.loudspeakers = collected.loudspeakers;
+  return deaf;
 }
 
 }  // namespace corvane

@@ -10,8 +10,9 @@
 
 namespace corvane {
 
-/// What the audio server tells about recording; all zero when there is no microphone.
+/// What the audio server tells; all zero about recording when there is no microphone.
 struct ServerFacts {
+  bool loudspeakers = false;     ///< there is something to play on
   AudioFormat device;            ///< the default source's own; zero when that is not known
   pa_channel_map deviceOrder{};  ///< where each channel of `device` belongs
   AudioFormat server;            ///< the format that the server itself works in

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "platform/pulse/tests/output_fixture.h"
 #include "platform/pulse/tests/pulse_fixture.h"
 
 namespace corvane {
@@ -87,7 +88,59 @@ TEST_P(Leak, AClientThatEndsLeavesNothingBehind) {
   EXPECT_TRUE(client.pumpUntil([&before] { return heldByThisProcess() == before; }));
 }
 
+class OutputLeak : public OutputTest {
+ protected:
+  std::ptrdiff_t sounds() { return linesIn(server.pactl({"list", "short", "sink-inputs"})); }
+  void expectAsBefore(const Held& before) {
+    // A server that was kept too busy to answer has been given up, and is asked anew.
+    const auto asBefore = [&] { return start() && heldByThisProcess() == before; };
+    EXPECT_TRUE(client.pumpUntil(asBefore));
+    EXPECT_TRUE(client.pumpUntil([this] { return sounds() == 0; })) << sounds() << " sounds";
+  }
+  /// A twentieth of a second, so that fifty of them do not take a minute.
+  void pressShortly(int buffer) { press(buffer, std::vector<float>(2205, 0.1F)); }
+};
+
+TEST_P(OutputLeak, FiftyTonesPlayedOutLeaveNothingBehind) {
+  startOutput();
+  pressShortly(1);
+  ASSERT_TRUE(waitForEnds(1, std::chrono::seconds(3)));
+  const Held before = heldByThisProcess();
+  for (int buffer = 2; buffer <= 51; ++buffer) {
+    pressShortly(buffer);
+    ASSERT_TRUE(waitForEnds(static_cast<std::size_t>(buffer), std::chrono::seconds(3)));
+  }
+  expectAsBefore(before);
+  expectEnds(51, std::chrono::seconds(0));
+}
+
+TEST_P(OutputLeak, FiftyTonesCutOffWhileTheySoundLeaveNothingBehind) {
+  startOutput();
+  pressShortly(1);
+  ASSERT_TRUE(waitForEnds(1, std::chrono::seconds(3)));
+  const Held before = heldByThisProcess();
+  for (int buffer = 2; buffer <= 51; ++buffer) {
+    press(buffer, std::vector<float>(44100, 0.1F));
+    ASSERT_TRUE(client.pumpUntil([this] { return serverPlays(); }));
+  }
+  expectAsBefore(before);
+  expectEnds(51, std::chrono::seconds(1));
+}
+
+TEST_P(OutputLeak, PressingFasterThanTheServerAnswersLeavesNothingBehind) {
+  startOutput();
+  pressShortly(1);
+  ASSERT_TRUE(waitForEnds(1, std::chrono::seconds(3)));
+  const Held before = heldByThisProcess();
+  // More than the 64 streams that PipeWire allows a client.
+  for (int buffer = 2; buffer <= 101; ++buffer) pressShortly(buffer);
+  EXPECT_TRUE(waitForEnds(101, std::chrono::seconds(10)));
+  expectAsBefore(before);
+  expectEnds(101, std::chrono::seconds(0));
+}
+
 INSTANTIATE_TEST_SUITE_P(OnEitherServer, Leak, eitherServer(), serverName);
+INSTANTIATE_TEST_SUITE_P(OnEitherServer, OutputLeak, eitherServer(), serverName);
 
 }  // namespace
 }  // namespace corvane

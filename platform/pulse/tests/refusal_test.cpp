@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <fstream>
 
+#include "platform/pulse/pulse_audio_output.h"
 #include "platform/pulse/tests/pulse_fixture.h"
 
 namespace corvane {
@@ -84,6 +85,20 @@ TEST_F(Refusal, TheWordThatARecordingWasGivenCountsToo) {
   client.connection->refuse();
   EXPECT_EQ(client.input->inputFormat(), AudioFormat{});
   EXPECT_EQ(read(), RecordPermission::denied);
+}
+
+TEST_F(Refusal, AServerThatKeepsUsOutHasNoLoudspeakersUntilItLetsUsIn) {
+  ASSERT_EQ(client.ask(), false);
+  PulseAudioOutput output(*client.connection);
+  const auto start = [&] {
+    bool started = false;
+    client.prompt([&] { started = output.start({44100.0, 1}); });
+    return started;
+  };
+  EXPECT_FALSE(start());
+  EXPECT_FALSE(output.isRunning());
+  writeSecret(ours, 'a');
+  EXPECT_TRUE(client.pumpUntil(start));
 }
 
 }  // namespace

@@ -1,0 +1,95 @@
+#include "platform/pulse/pulse_stream.h"
+
+#include <pulse/error.h>
+
+#include <cmath>
+#include <cstdint>
+
+namespace corvane {
+namespace {
+
+pa_sample_spec specOf(const AudioFormat& format) {
+  return {.format = PA_SAMPLE_FLOAT32NE,
+          .rate = static_cast<std::uint32_t>(std::lround(format.sampleRate)),
+          .channels = static_cast<std::uint8_t>(format.channelCount)};
+}
+
+}  // namespace
+
+PulseStream::PulseStream(const AudioFormat& format, const pa_channel_map& channelOrder,
+                         Properties named)
+    : sampleSpec(specOf(format)),
+      order(channelOrder),
+      properties(pa_proplist_new(), pa_proplist_free) {
+  for (const auto& [name, value] : named) pa_proplist_sets(properties.get(), name, value);
+}
+
+void PulseStream::open(PulseSession* server) {
+  if (closing) return;
+  if (server == nullptr) return end(PA_ERR_CONNECTIONTERMINATED);
+  pa_context* const context = server->readyContext();
+  current = pa_stream_new_with_proplist(context, nullptr, &sampleSpec, &order, properties.get());
+  if (current == nullptr) return end(pa_context_errno(context));
+  self = shared_from_this();
+  deadline.emplace(server->api());
+  // Disconnecting makes the server forget the stream too, should it ever answer.
+  armDeadline([context] { pa_context_disconnect(context); });
+  pa_stream_set_state_callback(
+      current, [](pa_stream*, void* me) { static_cast<PulseStream*>(me)->stateChanged(); }, this);
+  if (!connect()) end(pa_context_errno(context));
+}
+
+void PulseStream::armDeadline(std::function<void()> then, pa_usec_t busy) {
+  deadline->disarm();
+  deadline->arm(pa_stream_get_context(current), std::move(then), busy);
+}
+
+void PulseStream::stateChanged() {
+  switch (pa_stream_get_state(current)) {
+    case PA_STREAM_READY:
+      deadline->disarm();
+      if (closing) return release();
+      return ready();
+    case PA_STREAM_FAILED:
+    case PA_STREAM_TERMINATED:
+      return failed();
+    default:
+      return;
+  }
+}
+
+void PulseStream::failed() {
+  pa_context* const context = pa_stream_get_context(current);
+  const int error = pa_context_errno(context);
+  const bool connected = PA_CONTEXT_IS_GOOD(pa_context_get_state(context)) != 0;
+  if (error != PA_ERR_TIMEOUT || !connected) return end(error);
+  // After half a minute libpulse gives up waiting, but the server may still make the stream one
+  // day and use it for nobody. Disconnecting comes back here as the end of the stream.
+  pa_context_disconnect(context);
+}
+
+void PulseStream::close() {
+  closing = true;
+  if (current == nullptr) return;
+  if (pa_stream_get_state(current) != PA_STREAM_CREATING) return release();
+  // libpulse cannot end a stream that the server has not made yet: `stateChanged` does then.
+  // Nobody waits for it, so its delay is no reason to drop the connection from the next one.
+  deadline->disarm();
+}
+
+void PulseStream::end(int error) {
+  const auto alive = shared_from_this();
+  if (current != nullptr) release();
+  if (!std::exchange(closing, true)) ended(error);
+}
+
+void PulseStream::release() {
+  const auto alive = std::exchange(self, nullptr);
+  deadline.reset();
+  pa_stream_set_state_callback(current, nullptr, nullptr);
+  disconnectCallbacks();
+  pa_stream_disconnect(current);
+  pa_stream_unref(std::exchange(current, nullptr));
+}
+
+}  // namespace corvane

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <pulse/channelmap.h>
+#include <pulse/proplist.h>
+#include <pulse/sample.h>
+#include <pulse/stream.h>
+
+#include <initializer_list>
+#include <memory>
+#include <optional>
+#include <utility>
+
+#include "platform/audio_input.h"
+#include "platform/pulse/deadline.h"
+#include "platform/pulse/pulse_session.h"
+
+namespace corvane {
+
+/// A stream from or to the server, from its request until its end: what recording and playing have
+/// in common. On the loop's thread; created on any.
+class PulseStream : public std::enable_shared_from_this<PulseStream> {
+ public:
+  virtual ~PulseStream() = default;
+  PulseStream(const PulseStream&) = delete;
+  PulseStream& operator=(const PulseStream&) = delete;
+
+  /// Asks the server for the stream, which keeps this object alive; `server` is null when there is
+  /// none.
+  void open(PulseSession* server);
+
+  /// Ends the stream without another word; the server forgets it as soon as it can.
+  void close();
+
+ protected:
+  /// `order` says where each channel belongs; `properties` are shown to the user's mixer.
+  using Properties = std::initializer_list<std::pair<const char*, const char*>>;
+  PulseStream(const AudioFormat& format, const pa_channel_map& order, Properties properties);
+
+  pa_stream* stream() const { return current; }
+  const pa_sample_spec& spec() const { return sampleSpec; }
+  /// Calls `then` unless the stream has ended within the server's time to answer, which begins
+  /// after `busy`.
+  void armDeadline(std::function<void()> then, pa_usec_t busy = 0);
+  /// Releases the stream and tells it, once.
+  void end(int error);
+
+  /// Sets the stream's own callbacks, with this object as their data, and connects it; false when
+  /// the server's library refuses at once.
+  virtual bool connect() = 0;
+  /// The server has made the stream.
+  virtual void ready() = 0;
+  /// Once, with libpulse's error code; not after `close`.
+  virtual void ended(int error) = 0;
+  /// Unsets what `connect` has set.
+  virtual void disconnectCallbacks() = 0;
+
+ private:
+  void stateChanged();
+  void failed();
+  void release();
+
+  const pa_sample_spec sampleSpec;
+  const pa_channel_map order;
+  std::unique_ptr<pa_proplist, decltype(&pa_proplist_free)> properties;
+  pa_stream* current = nullptr;
+  std::optional<Deadline> deadline;
+  std::shared_ptr<PulseStream> self;  ///< while `current` exists
+  bool closing = false;
+};
+
+}  // namespace corvane

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "tests/support/audio_server.h"
+
+namespace corvane {
+
+/// What loudspeakers play, from before the first sound on, recorded by a program of its own.
+class MonitorRecording {
+ public:
+  /// `rate` and `channels` are the loudspeakers' own, so that nothing is resampled or mixed.
+  /// Returns once it records.
+  MonitorRecording(const support::AudioServer& server, const std::string& loudspeakers,
+                   std::uint32_t rate, std::uint32_t channels = 1);
+
+  /// Frames so far. The server has played at least these.
+  std::size_t size() const;
+  /// All of one channel so far.
+  std::vector<float> samples(std::uint32_t channel = 0) const;
+  /// True when there is sound at or after `frame`.
+  bool soundsSince(std::size_t frame) const;
+  /// The silence at the end, in frames.
+  std::size_t silence() const;
+
+ private:
+  std::filesystem::path file;
+  std::uint32_t channels;
+  support::ChildProcess recorder;
+};
+
+/// The first frame of sound at or after `from`; the size when there is none.
+std::size_t firstSound(std::span<const float> samples, std::size_t from = 0);
+/// The frame after the last sound; 0 when there is none.
+std::size_t endOfSound(std::span<const float> samples);
+
+/// The frequency in Hz of a steady sine of which `near` is known to be nearly right. At least
+/// half a second of it, in which there are fifteen periods or more.
+double frequencyOf(std::span<const float> sine, double rate, double near);
+
+}  // namespace corvane
