@@ -9,12 +9,11 @@ Item {
 
     implicitHeight: frequency.implicitHeight
 
-    Text {
+    FixedDigits {
         id: frequency
 
         text: root.tuner.frequencyText
-        color: "white"
-        font.pixelSize: 15
+        font.pixelSize: TypeScale.title3
         font.weight: Font.Medium
 
         Accessible.role: Accessible.StaticText
@@ -22,16 +21,14 @@ Item {
         Accessible.description: "Frequency"
     }
 
-    Text {
+    Label {
         anchors.right: parent.right
         anchors.baseline: frequency.baseline
         visible: text !== ""
         text: root.tuner.hearingText
         color: TunerTheme.muted
-        font.pixelSize: 12
+        font.pixelSize: TypeScale.subheadline
 
-        Accessible.role: Accessible.StaticText
-        Accessible.name: text
         Accessible.description: "Heard note"
     }
 }

@@ -5,43 +5,24 @@ Window {
     id: root
 
     required property TunerModel tuner
-    readonly property fit metrics: tuner.fit(width, height)
 
     title: "Corvane"
     color: TunerTheme.bg
     width: 480
-    height: 860
+    height: 860 + menuBar.height
     minimumWidth: 420
-    minimumHeight: 680
+    minimumHeight: 680 + menuBar.height
 
-    Column {
-        anchors.centerIn: parent
-        width: Math.min(parent.width, 640) - 2 * root.metrics.side
-        spacing: root.metrics.gap
+    HelpMenuBar {
+        id: menuBar
 
-        NoteReadout {
-            width: parent.width
-            tuner: root.tuner
-            metrics: root.metrics
-        }
+        width: parent.width
+        tuner: root.tuner
+    }
 
-        FrequencyLine {
-            width: parent.width
-            tuner: root.tuner
-        }
-
-        Text {
-            width: parent.width
-            visible: text !== ""
-            text: root.tuner.errorText
-            color: TunerTheme.flat
-            font.pixelSize: 13
-            horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.WordWrap
-
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
-            Accessible.description: "Microphone problem"
-        }
+    TunerView {
+        anchors.fill: parent
+        anchors.topMargin: menuBar.height
+        tuner: root.tuner
     }
 }

@@ -10,59 +10,68 @@ Column {
 
     spacing: 2
 
-    Row {
+    Item {
         anchors.horizontalCenter: parent.horizontalCenter
-        spacing: 4
+        width: Math.min(row.implicitWidth, root.width)
+        height: row.implicitHeight
 
-        Text {
-            id: note
+        Row {
+            id: row
 
-            text: root.tuner.noteLabel
-            color: root.tuner.needleColor
-            font.pixelSize: root.metrics.note
-            font.weight: Font.Bold
+            anchors.horizontalCenter: parent.horizontalCenter
+            spacing: 4
 
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
-            Accessible.description: "Note"
-        }
+            Label {
+                id: note
 
-        Text {
-            anchors.baseline: note.baseline
-            visible: text !== ""
-            text: root.tuner.octaveLabel
-            color: root.tuner.needleColor
-            opacity: 0.85
-            font.pixelSize: root.metrics.note * 0.34
-            font.weight: Font.DemiBold
+                width: Math.min(implicitWidth, root.width - (octave.visible ? octave.width + row.spacing : 0))
+                text: root.tuner.noteLabel
+                color: root.tuner.needleColor
+                font.family: TypeScale.rounded
+                font.weight: Font.Bold
+                font.pixelSize: Math.round(root.metrics.note)
+                minimumPixelSize: root.metrics.note / 2
+                fontSizeMode: Text.HorizontalFit
 
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
-            Accessible.description: "Octave"
+                Accessible.description: "Note"
+            }
+
+            Label {
+                id: octave
+
+                anchors.baseline: note.baseline
+                visible: text !== ""
+                text: root.tuner.octaveLabel
+                color: root.tuner.needleColor
+                opacity: 0.85
+                font.family: TypeScale.rounded
+                font.weight: Font.DemiBold
+                font.pixelSize: Math.round(root.metrics.note * 0.34)
+
+                Accessible.description: "Octave"
+            }
         }
     }
 
-    Text {
+    FixedDigits {
         anchors.horizontalCenter: parent.horizontalCenter
         text: root.tuner.centsText
         color: root.tuner.heard ? "white" : TunerTheme.muted
-        font.pixelSize: Math.max(root.metrics.note * 0.28, 18)
+        font.family: TypeScale.rounded
         font.weight: Font.DemiBold
+        font.pixelSize: Math.round(Math.max(root.metrics.note * 0.28, 18))
 
         Accessible.role: Accessible.StaticText
         Accessible.name: text
         Accessible.description: "Cents"
     }
 
-    Text {
+    Label {
         anchors.horizontalCenter: parent.horizontalCenter
         text: root.tuner.status
         color: root.tuner.needleColor
-        font.pixelSize: 13
         font.weight: Font.DemiBold
 
-        Accessible.role: Accessible.StaticText
-        Accessible.name: text
         Accessible.description: "Status"
     }
 }

@@ -7,6 +7,7 @@
 #include "engine/tuner_engine.h"
 #include "platform/clock.h"
 #include "platform/pulse/pulse_audio_input.h"
+#include "platform/pulse/pulse_audio_output.h"
 #include "platform/pulse/pulse_connection.h"
 #include "platform/pulse/pulse_microphone_permission.h"
 #include "platform/qt/qt_main_queue.h"
@@ -18,13 +19,6 @@
 namespace {
 
 using namespace corvane;
-
-class SilentOutput final : public AudioOutput {
- public:
-  bool isRunning() const override { return false; }
-  bool start(const AudioFormat&) override { return false; }
-  void play(std::vector<float>, Ended) override {}
-};
 
 /// Shows `tuner` in a window; null when the screen cannot be built.
 QQuickWindow* showWindow(QQmlApplicationEngine& qml, TunerModel& tuner) {
@@ -47,17 +41,18 @@ int main(int argc, char** argv) {
 
   const auto mainQueue = std::make_shared<QtMainQueue>();
   PulseConnection connection(*mainQueue);
-  const auto engine = TunerEngine::create({
+  const Platform platform{
       .clock = std::make_shared<SteadyClock>(),
       .mainQueue = mainQueue,
       .audioInput = std::make_shared<PulseAudioInput>(connection, *mainQueue),
-      .audioOutput = std::make_shared<SilentOutput>(),
+      .audioOutput = std::make_shared<PulseAudioOutput>(connection),
       .microphonePermission = std::make_shared<PulseMicrophonePermission>(connection),
       .preferences = std::make_shared<QtPreferences>(),
       .urlOpener = std::make_shared<QtUrlOpener>(),
-  });
+  };
+  const auto engine = TunerEngine::create(platform);
 
-  TunerModel tuner(engine);
+  TunerModel tuner(engine, platform);
   QQmlApplicationEngine qml;
   QQuickWindow* window = showWindow(qml, tuner);
   require(window != nullptr, "the program carries its own screen");

@@ -2,21 +2,55 @@
 
 #include <utility>
 
+#include "base/require.h"
+#include "tunings/instrument.h"
+#include "ui/controls.h"
+#include "ui/menus.h"
+#include "ui/privacy_policy.h"
 #include "ui/readout.h"
 #include "ui/tuner_theme.h"
 
 namespace corvane {
+namespace {
 
-TunerModel::TunerModel(std::shared_ptr<TunerEngine> tuner, QObject* parent)
-    : QObject(parent), engine(std::move(tuner)) {
+QString qString(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
+
+TunerModel::TunerModel(std::shared_ptr<TunerEngine> tuner, Platform outside, QObject* parent)
+    : QObject(parent), engine(std::move(tuner)), platform(std::move(outside)) {
+  concertPitchMenu.setEntries(concertPitchEntries());
+  helpEntriesMenu.setEntries(helpEntries());
+  updateTunings();
   observation = engine->observe([this](Field field) { published(field); });
 }
 
 void TunerModel::published(Field field) {
   switch (field) {
     case Field::instrument:
+    case Field::tuningID:
+    case Field::leftHanded:
+      updateTunings();
+      emit selectionChanged();
+      emit readoutChanged();
+      return;
+    case Field::a4:
+      emit a4Changed();
+      return;
+    case Field::lockedStringIndex:
+      stringRow.update(*engine);
+      emit lockChanged();
+      return;
+    case Field::highlightedString:
+      stringRow.update(*engine);
+      return;
     case Field::heard:
     case Field::inTune:
+      stringRow.update(*engine);
+      emit readoutChanged();
+      return;
     case Field::cents:
     case Field::frequency:
     case Field::noteLabel:
@@ -25,20 +59,32 @@ void TunerModel::published(Field field) {
     case Field::status:
       emit readoutChanged();
       return;
+    case Field::signal:
+      emit levelChanged();
+      return;
     case Field::errorText:
       emit errorTextChanged();
       return;
-    default:
+    case Field::playingReference:
+      emit playingReferenceChanged();
+      return;
+    case Field::listening:
+    case Field::micAllowed:
       return;
   }
 }
 
+void TunerModel::updateTunings() {
+  tuningMenu.setEntries(tuningEntries(engine->instrument(), engine->tuning().id));
+  stringRow.update(*engine);
+}
+
 QString TunerModel::noteLabel() const {
-  return QString::fromStdString(engine->noteLabel());
+  return qString(engine->noteLabel());
 }
 
 QString TunerModel::octaveLabel() const {
-  return QString::fromStdString(engine->octaveLabel());
+  return qString(engine->octaveLabel());
 }
 
 QString TunerModel::centsText() const {
@@ -46,7 +92,7 @@ QString TunerModel::centsText() const {
 }
 
 QString TunerModel::status() const {
-  return QString::fromStdString(engine->status());
+  return qString(engine->status());
 }
 
 QColor TunerModel::needleColor() const {
@@ -58,16 +104,90 @@ QString TunerModel::frequencyText() const {
 }
 
 QString TunerModel::hearingText() const {
-  return corvane::hearingText(engine->heard(), engine->instrument() == Instrument::piano,
-                              engine->heardSpelling());
+  return corvane::hearingText(engine->heard(), isPiano(), engine->heardSpelling());
 }
 
 QString TunerModel::errorText() const {
-  return QString::fromStdString(engine->errorText().value_or(""));
+  return qString(engine->errorText().value_or(""));
+}
+
+QStringList TunerModel::instruments() const {
+  QStringList titles;
+  for (const Instrument each : allInstruments) titles.push_back(qString(displayTitle(each)));
+  return titles;
+}
+
+void TunerModel::setInstrument(int index) {
+  require(index >= 0 && static_cast<std::size_t>(index) < allInstruments.size(),
+          "an instrument is one of the three");
+  engine->setInstrument(allInstruments[static_cast<std::size_t>(index)]);
+}
+
+QString TunerModel::subtitle() const {
+  return isPiano() ? QStringLiteral("Piano chromatic") : tuningDetail();
+}
+
+QString TunerModel::tuningName() const {
+  return qString(engine->tuning().name);
+}
+
+QString TunerModel::tuningDetail() const {
+  return qString(engine->tuning().detail);
+}
+
+int TunerModel::wholeHertz() const {
+  return static_cast<int>(corvane::wholeHertz(engine->a4()));
+}
+
+QString TunerModel::concertPitchTitle() const {
+  return corvane::concertPitchTitle(engine->a4());
+}
+
+QList<int> TunerModel::quickPitches() const {
+  return {corvane::quickPitches.begin(), corvane::quickPitches.end()};
+}
+
+QString TunerModel::appVersion() const {
+  return QStringLiteral(CORVANE_VERSION);
+}
+
+QString TunerModel::privacyTitle() const {
+  return PrivacyPolicy::title();
+}
+
+void TunerModel::chooseTuning(const QString& id) {
+  engine->setTuningID(id.toStdString());
+}
+
+void TunerModel::toggleLock(int stringIndex) {
+  const bool selected = engine->lockedStringIndex() == stringIndex;
+  engine->setLockedStringIndex(selected ? std::nullopt : std::optional<std::int64_t>(stringIndex));
+}
+
+void TunerModel::releaseLock() {
+  engine->setLockedStringIndex(std::nullopt);
+}
+
+void TunerModel::allowMicrophone() {
+  engine->abandonMicRequest();
+  const bool denied = platform.microphonePermission->recordPermission() == RecordPermission::denied;
+  denied ? engine->openMicSettings() : engine->start();
+}
+
+void TunerModel::openPrivacyPolicy() {
+  platform.urlOpener->openURL(PrivacyPolicy::url().toString(QUrl::FullyEncoded).toStdString());
 }
 
 Fit TunerModel::fit(double width, double height) {
   return Fit::forSize(width, height);
+}
+
+double TunerModel::needleCentre(double width, double height, double span, double value) {
+  return corvane::needleCentre(width, height, span, value);
+}
+
+QString TunerModel::scaleText(double span) {
+  return corvane::scaleText(span);
 }
 
 }  // namespace corvane

@@ -5,19 +5,26 @@
 #include <QColor>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 #include <memory>
 
 #include "engine/tuner_engine.h"
 #include "ui/fit.h"
+#include "ui/menu_model.h"
+#include "ui/string_row_model.h"
 
 namespace corvane {
 
-/// Shows the engine to the screen: every text and colour as it is drawn. Main thread only.
+/// Shows the engine to the screen, every text and colour as it is drawn, and hands on what the user
+/// does. Main thread only.
 class TunerModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("The program hands its one model to the window.")
+
+  // What is heard.
   Q_PROPERTY(bool heard READ heard NOTIFY readoutChanged)
+  Q_PROPERTY(double cents READ cents NOTIFY readoutChanged)
   Q_PROPERTY(QString noteLabel READ noteLabel NOTIFY readoutChanged)
   Q_PROPERTY(QString octaveLabel READ octaveLabel NOTIFY readoutChanged)
   Q_PROPERTY(QString centsText READ centsText NOTIFY readoutChanged)
@@ -25,12 +32,38 @@ class TunerModel : public QObject {
   Q_PROPERTY(QColor needleColor READ needleColor NOTIFY readoutChanged)
   Q_PROPERTY(QString frequencyText READ frequencyText NOTIFY readoutChanged)
   Q_PROPERTY(QString hearingText READ hearingText NOTIFY readoutChanged)
+  Q_PROPERTY(double level READ level NOTIFY levelChanged)
   Q_PROPERTY(QString errorText READ errorText NOTIFY errorTextChanged)
 
+  // What the user has chosen.
+  Q_PROPERTY(QStringList instruments READ instruments CONSTANT)
+  Q_PROPERTY(int instrument READ instrument WRITE setInstrument NOTIFY selectionChanged)
+  Q_PROPERTY(bool isPiano READ isPiano NOTIFY selectionChanged)
+  Q_PROPERTY(QString subtitle READ subtitle NOTIFY selectionChanged)
+  Q_PROPERTY(QString tuningName READ tuningName NOTIFY selectionChanged)
+  Q_PROPERTY(QString tuningDetail READ tuningDetail NOTIFY selectionChanged)
+  Q_PROPERTY(corvane::MenuModel* tunings READ tunings CONSTANT)
+  Q_PROPERTY(bool leftHanded READ leftHanded WRITE setLeftHanded NOTIFY selectionChanged)
+  Q_PROPERTY(corvane::StringRowModel* strings READ strings CONSTANT)
+  Q_PROPERTY(bool locked READ locked NOTIFY lockChanged)
+  Q_PROPERTY(double a4 READ a4 WRITE setA4 NOTIFY a4Changed)
+  Q_PROPERTY(int wholeHertz READ wholeHertz NOTIFY a4Changed)
+  Q_PROPERTY(QString concertPitchTitle READ concertPitchTitle NOTIFY a4Changed)
+  Q_PROPERTY(corvane::MenuModel* concertPitches READ concertPitches CONSTANT)
+  Q_PROPERTY(QList<int> quickPitches READ quickPitches CONSTANT)
+  Q_PROPERTY(bool playingReference READ playingReference NOTIFY playingReferenceChanged)
+
+  // What never changes.
+  Q_PROPERTY(corvane::MenuModel* helpMenu READ helpMenu CONSTANT)
+  Q_PROPERTY(QString appVersion READ appVersion CONSTANT)
+  Q_PROPERTY(QString privacyTitle READ privacyTitle CONSTANT)
+
  public:
-  explicit TunerModel(std::shared_ptr<TunerEngine> engine, QObject* parent = nullptr);
+  explicit TunerModel(std::shared_ptr<TunerEngine> engine, Platform platform,
+                      QObject* parent = nullptr);
 
   bool heard() const { return engine->heard(); }
+  double cents() const { return engine->cents(); }
   QString noteLabel() const;
   QString octaveLabel() const;
   QString centsText() const;
@@ -38,18 +71,65 @@ class TunerModel : public QObject {
   QColor needleColor() const;
   QString frequencyText() const;
   QString hearingText() const;
-  QString errorText() const;  ///< empty when there is no problem
+  double level() const { return engine->signal(); }  ///< 0 to 1
+  QString errorText() const;                         ///< empty when there is no problem
+
+  QStringList instruments() const;
+  int instrument() const { return static_cast<int>(engine->instrument()); }
+  void setInstrument(int index);  ///< a position in `instruments`
+  bool isPiano() const { return engine->instrument() == Instrument::piano; }
+  QString subtitle() const;
+  QString tuningName() const;
+  QString tuningDetail() const;
+  MenuModel* tunings() { return &tuningMenu; }
+  bool leftHanded() const { return engine->leftHanded(); }
+  void setLeftHanded(bool leftHanded) { engine->setLeftHanded(leftHanded); }
+  StringRowModel* strings() { return &stringRow; }
+  bool locked() const { return engine->lockedStringIndex().has_value(); }
+  double a4() const { return engine->a4(); }  ///< Hz
+  void setA4(double hertz) { engine->setA4(hertz); }
+  int wholeHertz() const;
+  QString concertPitchTitle() const;
+  MenuModel* concertPitches() { return &concertPitchMenu; }
+  QList<int> quickPitches() const;
+  bool playingReference() const { return engine->playingReference(); }
+
+  MenuModel* helpMenu() { return &helpEntriesMenu; }
+  QString appVersion() const;
+  QString privacyTitle() const;
+
+  Q_INVOKABLE void chooseTuning(const QString& id);
+  /// Locks the tuner to the string at this position in the tuning, or releases it from there.
+  Q_INVOKABLE void toggleLock(int stringIndex);
+  Q_INVOKABLE void releaseLock();
+  Q_INVOKABLE void playReference() { engine->playReference(); }
+  /// Opens the system's settings where the microphone is denied, tries to listen everywhere else.
+  Q_INVOKABLE void allowMicrophone();
+  Q_INVOKABLE void openPrivacyPolicy();
 
   Q_INVOKABLE static corvane::Fit fit(double width, double height);
+  Q_INVOKABLE static double needleCentre(double width, double height, double span, double value);
+  Q_INVOKABLE static QString scaleText(double span);
 
  signals:
   void readoutChanged();
+  void levelChanged();
   void errorTextChanged();
+  void selectionChanged();
+  void lockChanged();
+  void a4Changed();
+  void playingReferenceChanged();
 
  private:
   void published(Field field);
+  void updateTunings();
 
   std::shared_ptr<TunerEngine> engine;
+  Platform platform;
+  MenuModel tuningMenu;
+  MenuModel concertPitchMenu;
+  MenuModel helpEntriesMenu;
+  StringRowModel stringRow;
   std::shared_ptr<const void> observation;
 };
 

@@ -1,0 +1,90 @@
+import QtQuick
+import Corvane
+
+// The frequency of A4, by name and by single hertz.
+Item {
+    id: root
+
+    required property TunerModel tuner
+
+    implicitHeight: 28
+
+    FixedDigits {
+        anchors.verticalCenter: parent.verticalCenter
+        text: "A4  " + root.tuner.wholeHertz
+        font.pixelSize: TypeScale.body
+        font.weight: Font.DemiBold
+
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+        Accessible.description: "Concert pitch"
+    }
+
+    PlainButton {
+        id: face
+
+        anchors.right: stepper.left
+        anchors.rightMargin: 10
+        height: parent.height
+        leftPadding: 10
+        rightPadding: 8
+        implicitWidth: implicitContentWidth + leftPadding + rightPadding
+        onClicked: menu.open()
+
+        Accessible.role: Accessible.ButtonMenu
+        Accessible.name: root.tuner.concertPitchTitle
+        Accessible.description: "Concert pitch presets"
+
+        contentItem: Row {
+            spacing: 6
+
+            Label {
+                anchors.verticalCenter: parent.verticalCenter
+                text: root.tuner.concertPitchTitle
+                font.pixelSize: TypeScale.caption
+                font.weight: Font.DemiBold
+
+                Accessible.ignored: true
+            }
+
+            Symbol {
+                anchors.verticalCenter: parent.verticalCenter
+                width: TypeScale.caption
+                height: width
+                kind: Symbol.ChevronUpDown
+                color: TunerTheme.muted
+            }
+        }
+
+        background: ContinuousRectangle {
+            radius: 8
+            color: Qt.rgba(1, 1, 1, face.down || menu.visible ? 0.16 : face.hovered ? 0.12 : 0.08)
+
+            FocusRing {
+                control: parent
+                radius: 11
+                visible: face.visualFocus
+            }
+        }
+
+        PullDownMenu {
+            id: menu
+
+            x: face.width - width
+            entries: root.tuner.concertPitches
+            onPicked: hertz => root.tuner.a4 = Number(hertz)
+        }
+    }
+
+    Stepper {
+        id: stepper
+
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        height: parent.height
+        from: 377
+        to: 560
+        value: root.tuner.a4
+        onStepped: value => root.tuner.a4 = value
+    }
+}

@@ -1,0 +1,35 @@
+import QtQuick
+import Corvane
+
+// Everything that can be chosen.
+Card {
+    id: root
+
+    required property TunerModel tuner
+
+    spacing: metrics.compact ? 6 : 8
+
+    InstrumentPicker {
+        width: parent.width
+        tuner: root.tuner
+    }
+
+    TuningMenu {
+        width: parent.width
+        tuner: root.tuner
+        metrics: root.metrics
+    }
+
+    StringRow {
+        visible: root.tuner.strings.count > 0
+        tuner: root.tuner
+        metrics: root.metrics
+    }
+
+    ReferenceRow {
+        width: parent.width
+        spacing: root.spacing
+        tuner: root.tuner
+        metrics: root.metrics
+    }
+}

@@ -1,0 +1,34 @@
+import QtQuick
+import Corvane
+
+// How loud the microphone hears.
+Column {
+    id: root
+
+    required property real signal // 0 to 1
+
+    spacing: 4
+
+    Label {
+        text: "Level"
+        color: TunerTheme.muted
+        font.pixelSize: TypeScale.caption
+        font.weight: Font.DemiBold
+    }
+
+    Capsule {
+        width: root.width
+        height: 6
+        color: Qt.rgba(1, 1, 1, 0.08)
+
+        Accessible.role: Accessible.Indicator
+        Accessible.name: "Level"
+        Accessible.description: Math.round(root.signal * 100) + " %"
+
+        Capsule {
+            width: parent.width * root.signal
+            height: parent.height
+            color: TunerTheme.gold
+        }
+    }
+}

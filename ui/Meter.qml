@@ -1,0 +1,80 @@
+import QtQuick
+import Corvane
+
+// A needle on a bar that spans some cents either side of its centre.
+Column {
+    id: root
+
+    required property TunerModel tuner
+    required property string title
+    required property real span // cents
+    required property real bar // thickness
+
+    spacing: 4
+
+    Item {
+        width: root.width
+        height: Math.max(title.height, scaleLabel.height)
+
+        Label {
+            id: title
+
+            anchors.verticalCenter: parent.verticalCenter
+            text: root.title
+            color: TunerTheme.muted
+            font.pixelSize: TypeScale.caption
+            font.weight: Font.DemiBold
+        }
+
+        Label {
+            id: scaleLabel
+
+            anchors.right: parent.right
+            anchors.baseline: title.baseline
+            text: root.tuner.scaleText(root.span)
+            color: TunerTheme.muted
+            font.pixelSize: TypeScale.caption2
+
+            Accessible.ignored: true
+        }
+    }
+
+    Item {
+        id: track
+
+        width: root.width
+        height: root.bar
+
+        Accessible.role: Accessible.Indicator
+        Accessible.name: root.title
+        Accessible.description: root.tuner.centsText
+
+        Capsule {
+            anchors.fill: parent
+            color: Qt.rgba(1, 1, 1, 0.08)
+        }
+
+        Capsule {
+            anchors.centerIn: parent
+            width: Math.min(track.width * 5 / root.span, track.width)
+            height: parent.height
+            color: Qt.rgba(TunerTheme.green.r, TunerTheme.green.g, TunerTheme.green.b, 0.35)
+        }
+
+        Capsule {
+            property real value: root.tuner.heard ? Math.max(-root.span, Math.min(root.tuner.cents, root.span)) : 0
+
+            x: root.tuner.needleCentre(track.width, track.height, root.span, value) - width / 2
+            width: root.bar
+            height: root.bar
+            color: root.tuner.needleColor
+
+            Behavior on value {
+                NumberAnimation {
+                    duration: 80
+                    easing.type: Easing.OutQuad
+                }
+            }
+        }
+    }
+}

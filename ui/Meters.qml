@@ -1,0 +1,32 @@
+import QtQuick
+import Corvane
+
+// Two needles of different range, and how loud it is.
+Card {
+    id: root
+
+    required property TunerModel tuner
+
+    spacing: metrics.compact ? 6 : 10
+
+    Meter {
+        width: parent.width
+        tuner: root.tuner
+        title: "Cents"
+        span: 50
+        bar: root.metrics.bar
+    }
+
+    Meter {
+        width: parent.width
+        tuner: root.tuner
+        title: "Fine"
+        span: 10
+        bar: root.metrics.bar
+    }
+
+    LevelBar {
+        width: parent.width
+        signal: root.tuner.level
+    }
+}

@@ -1,0 +1,15 @@
+import QtQuick
+import Corvane
+
+// The concert pitches that are wanted most.
+TunerRow {
+    id: root
+
+    spacing: 8
+
+    Repeater {
+        model: root.tuner.quickPitches
+
+        QuickPitchChip {}
+    }
+}

@@ -1,0 +1,43 @@
+import QtQuick
+import Corvane
+
+// One string: its name over its octave. Pressing locks the tuner to it, pressing again releases it.
+Chip {
+    id: root
+
+    required property int stringIndex
+    required property string label
+    required property int octave
+
+    onClicked: row.tuner.toggleLock(stringIndex)
+
+    Accessible.role: Accessible.Button
+    Accessible.name: label + octave
+    Accessible.checkable: true
+    Accessible.checked: selected
+
+    contentItem: Item {
+        Column {
+            anchors.centerIn: parent
+            spacing: 2
+
+            Label {
+                anchors.horizontalCenter: parent.horizontalCenter
+                text: root.label
+                font.pixelSize: TypeScale.headline
+                font.weight: Font.DemiBold
+
+                Accessible.ignored: true
+            }
+
+            Label {
+                anchors.horizontalCenter: parent.horizontalCenter
+                text: root.octave
+                color: TunerTheme.muted
+                font.pixelSize: TypeScale.caption2
+
+                Accessible.ignored: true
+            }
+        }
+    }
+}

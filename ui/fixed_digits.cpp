@@ -1,0 +1,69 @@
+#include "ui/fixed_digits.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+namespace corvane {
+namespace {
+
+bool isDigit(QChar character) {
+  return character >= u'0' && character <= u'9';
+}
+
+class Advances {
+ public:
+  explicit Advances(const QFont& font) : metrics(font) {
+    for (const QChar digit : QStringLiteral("0123456789")) {
+      widestDigit = std::max(widestDigit, metrics.horizontalAdvance(digit));
+    }
+  }
+
+  double of(QChar character) const {
+    return isDigit(character) ? widestDigit : metrics.horizontalAdvance(character);
+  }
+
+  /// How far a digit is moved to stand in the middle of its place.
+  double indent(QChar character) const {
+    return (of(character) - metrics.horizontalAdvance(character)) / 2.0;
+  }
+
+ private:
+  QFontMetricsF metrics;
+  double widestDigit = 0.0;
+};
+
+}  // namespace
+
+FixedDigits::FixedDigits(QQuickItem* parent) : VectorItem(parent) {
+  connect(this, &FixedDigits::textChanged, this, &FixedDigits::layOut);
+  connect(this, &FixedDigits::colorChanged, this, [this] { update(); });
+}
+
+double FixedDigits::widthOf(const QString& text, const QFont& font) {
+  const Advances advances(font);
+  double width = 0.0;
+  for (const QChar character : text) width += advances.of(character);
+  return width;
+}
+
+void FixedDigits::layOut() {
+  const QFontMetricsF metrics(font);
+  setImplicitSize(std::ceil(widthOf(text, font)), std::ceil(metrics.height()));
+  setBaselineOffset(metrics.ascent());
+  update();
+}
+
+void FixedDigits::paint(QPainter* painter) const {
+  const Advances advances(font);
+  painter->setFont(font);
+  painter->setPen(color);
+  double x = 0.0;
+  for (const QChar character : text) {
+    painter->drawText(QPointF(x + advances.indent(character), baselineOffset()), character);
+    x += advances.of(character);
+  }
+}
+
+}  // namespace corvane

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QtQml/qqmlregistration.h>
+
+#include <QAbstractListModel>
+#include <vector>
+
+namespace corvane {
+
+/// The entries of a pull-down menu, in sections. Main thread only.
+class MenuModel : public QAbstractListModel {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("Menus come from the tuner.")
+  Q_PROPERTY(int count READ count NOTIFY entriesChanged)
+  Q_PROPERTY(int chosenRow READ chosenRow NOTIFY entriesChanged)
+
+ public:
+  struct Entry {
+    QString section;
+    QString title;
+    QString value;  ///< what choosing the entry assigns
+    bool chosen = false;
+
+    bool operator==(const Entry&) const = default;
+  };
+
+  enum Role { Section = Qt::UserRole + 1, Title, Value, Chosen };
+
+  using QAbstractListModel::QAbstractListModel;
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QHash<int, QByteArray> roleNames() const override;
+
+  int count() const { return rowCount(); }
+  int chosenRow() const;  ///< -1 when no entry is the current one
+  Q_INVOKABLE QString valueAt(int row) const;
+  Q_INVOKABLE QString titleAt(int row) const;
+
+  void setEntries(std::vector<Entry> next);
+
+ signals:
+  void entriesChanged();
+
+ private:
+  std::vector<Entry> entries;
+};
+
+}  // namespace corvane

@@ -1,0 +1,33 @@
+#include "ui/privacy_policy.h"
+
+#include "base/require.h"
+
+namespace corvane::PrivacyPolicy {
+namespace {
+
+/// Title and address in one text, so that they cannot drift apart.
+const QString& titleAndAddress() {
+  static const QString text = QStringLiteral("Privacy Policy " CORVANE_PRIVACY_URL);
+  return text;
+}
+
+constexpr qsizetype titleLength = 14;
+
+QUrl parsedUrl() {
+  QUrl url(titleAndAddress().mid(titleLength + 1), QUrl::StrictMode);
+  require(url.isValid() && !url.isRelative(), "the privacy policy has an address");
+  return url;
+}
+
+}  // namespace
+
+QString title() {
+  return titleAndAddress().left(titleLength);
+}
+
+const QUrl& url() {
+  static const QUrl parsed = parsedUrl();
+  return parsed;
+}
+
+}  // namespace corvane::PrivacyPolicy

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QtQml/qqmlregistration.h>
+
+#include <QAbstractListModel>
+#include <QColor>
+#include <vector>
+
+#include "engine/tuner_engine.h"
+
+namespace corvane {
+
+/// The string chips in the order in which they stand on the screen. Main thread only.
+class StringRowModel : public QAbstractListModel {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("The string row comes from the tuner.")
+  Q_PROPERTY(int count READ count NOTIFY countChanged)
+
+ public:
+  struct Chip {
+    int stringIndex = 0;  ///< its position in the tuning, whatever the order on the screen
+    QString label;
+    int octave = 0;
+    bool selected = false;
+    QColor fill;
+
+    bool operator==(const Chip&) const = default;
+  };
+
+  enum Role { StringIndex = Qt::UserRole + 1, Label, Octave, Selected, Fill };
+
+  using QAbstractListModel::QAbstractListModel;
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QHash<int, QByteArray> roleNames() const override;
+
+  int count() const { return rowCount(); }
+
+  /// Takes over what the engine has now, and tells the screen of the chips that differ.
+  void update(const TunerEngine& engine);
+
+ signals:
+  void countChanged();
+
+ private:
+  std::vector<Chip> chips;
+};
+
+}  // namespace corvane

@@ -1,0 +1,96 @@
+#include "ui/symbol.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+namespace corvane {
+namespace {
+
+// Every picture is drawn in a square of 16 by 16.
+constexpr double side = 16.0;
+
+QPainterPath chevronUpDown() {
+  QPainterPath path;
+  path.moveTo(4.5, 6.2);
+  path.lineTo(8.0, 2.7);
+  path.lineTo(11.5, 6.2);
+  path.moveTo(4.5, 9.8);
+  path.lineTo(8.0, 13.3);
+  path.lineTo(11.5, 9.8);
+  return path;
+}
+
+QPainterPath checkmark() {
+  QPainterPath path;
+  path.moveTo(3.0, 8.6);
+  path.lineTo(6.4, 12.0);
+  path.lineTo(13.0, 4.2);
+  return path;
+}
+
+QPainterPath speakerBody() {
+  QPainterPath path;
+  path.moveTo(1.0, 6.2);
+  path.lineTo(3.6, 6.2);
+  path.lineTo(7.4, 2.8);
+  path.lineTo(7.4, 13.2);
+  path.lineTo(3.6, 9.8);
+  path.lineTo(1.0, 9.8);
+  path.closeSubpath();
+  return path;
+}
+
+/// Two arcs around the speaker's mouth.
+QPainterPath waves() {
+  QPainterPath path;
+  for (const double radius : {3.4, 6.4}) {
+    const QRectF circle(7.4 - radius, 8.0 - radius, 2.0 * radius, 2.0 * radius);
+    path.arcMoveTo(circle, 42.0);
+    path.arcTo(circle, 42.0, -84.0);
+  }
+  return path;
+}
+
+QPainterPath plusOrMinus(bool plus) {
+  QPainterPath path;
+  path.moveTo(3.5, 8.0);
+  path.lineTo(12.5, 8.0);
+  if (plus) {
+    path.moveTo(8.0, 3.5);
+    path.lineTo(8.0, 12.5);
+  }
+  return path;
+}
+
+QPainterPath strokes(Symbol::Kind kind) {
+  switch (kind) {
+    case Symbol::ChevronUpDown:
+      return chevronUpDown();
+    case Symbol::Checkmark:
+      return checkmark();
+    case Symbol::SpeakerWave:
+      return waves();
+    case Symbol::Plus:
+      return plusOrMinus(true);
+    case Symbol::Minus:
+      return plusOrMinus(false);
+  }
+  return {};
+}
+
+}  // namespace
+
+Symbol::Symbol(QQuickItem* parent) : VectorItem(parent) {
+  connect(this, &Symbol::pictureChanged, this, [this] { update(); });
+}
+
+void Symbol::paint(QPainter* painter) const {
+  painter->scale(width() / side, width() / side);
+  painter->strokePath(strokes(kind), QPen(color, 1.9, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  if (kind != SpeakerWave) return;
+  painter->setPen(QPen(color, 1.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter->setBrush(color);
+  painter->drawPath(speakerBody());
+}
+
+}  // namespace corvane

@@ -1,0 +1,73 @@
+// contact_sheet sheet FILE: draws the screen in all its states into one picture.
+// contact_sheet update FOLDER: writes a picture of each state.
+// contact_sheet compare FOLDER SEEN: fails where a state looks different from its picture in
+// FOLDER, or has none; writes what it saw to SEEN.
+
+#include <QDir>
+#include <QFont>
+#include <QGuiApplication>
+#include <QQuickWindow>
+#include <cstdio>
+
+#include "pictures.h"
+
+namespace {
+
+using namespace corvane::sheet;
+
+QString fileIn(const QString& folder, const Scene& scene) {
+  return folder + "/" + scene.name + ".png";
+}
+
+int update(const QString& folder) {
+  for (const Scene& scene : scenes()) {
+    if (!picture(scene).save(fileIn(folder, scene))) return 1;
+  }
+  return 0;
+}
+
+/// True when the scene looks as its picture; says on standard output how it differs.
+bool looksTheSame(const Scene& scene, const QString& golden, const QString& seen) {
+  const QImage shown = picture(scene);
+  const QImage expected(fileIn(golden, scene));
+  const double far =
+      expected.isNull() ? 1.0 : difference(shown, expected.convertToFormat(shown.format()));
+  if (far <= tolerance) return true;
+  shown.save(fileIn(seen, scene));
+  std::printf("%s: %s; it is now %s\n", qPrintable(scene.name),
+              expected.isNull()
+                  ? "there is no picture to compare with"
+                  : qPrintable(QString::number(100.0 * far) + " % of the pixels differ"),
+              qPrintable(fileIn(seen, scene)));
+  return false;
+}
+
+int compare(const QString& golden, const QString& seen) {
+  QDir().mkpath(seen);
+  int different = 0;
+  const auto all = scenes();
+  for (const Scene& scene : all) different += looksTheSame(scene, golden, seen) ? 0 : 1;
+  std::printf("%zu screens, %d different\n", all.size(), different);
+  return different == 0 ? 0 : 1;
+}
+
+int run(const QStringList& arguments) {
+  if (arguments.size() == 3 && arguments[1] == "sheet") {
+    return contactSheet(scenes()).save(arguments[2]) ? 0 : 1;
+  }
+  if (arguments.size() == 3 && arguments[1] == "update") return update(arguments[2]);
+  if (arguments.size() == 4 && arguments[1] == "compare")
+    return compare(arguments[2], arguments[3]);
+  std::fputs("usage: contact_sheet sheet FILE | update FOLDER | compare FOLDER SEEN\n", stderr);
+  return 2;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+  QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
+  QGuiApplication app(argc, argv);
+  QGuiApplication::setFont(QFont("DejaVu Sans"));
+  return run(QGuiApplication::arguments());
+}

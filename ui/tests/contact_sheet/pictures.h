@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QImage>
+
+#include "scenes.h"
+
+namespace corvane::sheet {
+
+/// The window as it is drawn for a scene, its needles at rest. Needs a running application.
+QImage picture(const Scene& scene);
+
+/// All pictures side by side, made smaller, under their names.
+QImage contactSheet(const std::vector<Scene>& scenes);
+
+/// How far apart two pictures are: the share of pixels of which a channel differs by more than
+/// `channelStep`; 1 when the sizes differ.
+double difference(const QImage& a, const QImage& b);
+
+/// Text is drawn by the font library, whose versions differ in the last steps of a grey.
+inline constexpr int channelStep = 24;
+/// Five pixels in ten thousand, the edge of one letter: a text that moves by a pixel is more.
+inline constexpr double tolerance = 0.0005;
+
+}  // namespace corvane::sheet

@@ -1,0 +1,51 @@
+#include "scenes.h"
+
+#include <array>
+
+namespace corvane::sheet {
+namespace {
+
+struct Kind {
+  const char* name;
+  Instrument instrument;
+  const char* tuning;
+};
+
+struct Heard {
+  const char* name;
+  double cents;
+};
+
+constexpr std::array<QSize, 4> areas = {QSize(420, 680), QSize(480, 860), QSize(700, 1000),
+                                        QSize(2000, 1200)};
+constexpr std::array<Kind, 4> kinds = {{{"guitar", Instrument::guitar, "g6-half"},
+                                        {"eight", Instrument::guitar, "g8-standard"},
+                                        {"bass", Instrument::bass, "b5-standard"},
+                                        {"piano", Instrument::piano, "piano-chromatic"}}};
+constexpr std::array<Heard, 3> heard = {{{"in-tune", 1.2}, {"flat", -23.4}, {"sharp", 8.7}}};
+
+QString nameOf(const Kind& kind, const QSize& area, const char* state) {
+  return QStringLiteral("%1-%2x%3-%4")
+      .arg(QLatin1String(kind.name))
+      .arg(area.width())
+      .arg(area.height())
+      .arg(QLatin1String(state));
+}
+
+}  // namespace
+
+std::vector<Scene> scenes() {
+  std::vector<Scene> all;
+  std::size_t turn = 0;
+  for (const Kind& kind : kinds) {
+    for (const QSize& area : areas) {
+      const Heard& state = heard[turn++ % heard.size()];
+      all.push_back(
+          {nameOf(kind, area, state.name), area, kind.instrument, kind.tuning, state.cents, false});
+      all.push_back({nameOf(kind, area, "silent"), area, kind.instrument, kind.tuning, {}, true});
+    }
+  }
+  return all;
+}
+
+}  // namespace corvane::sheet

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QSize>
+#include <QString>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tunings/instrument.h"
+
+namespace corvane::sheet {
+
+/// One state of the screen.
+struct Scene {
+  QString name;  ///< of its picture's file
+  QSize area;    ///< what the screen is given, under the menu bar
+  Instrument instrument = Instrument::guitar;
+  std::string tuning;
+  std::optional<double> cents;  ///< how far the heard note is off; nothing when nothing is heard
+  bool prompt = false;          ///< the microphone is missing
+};
+
+/// Every size with every kind of tuning, heard in tune, flat or sharp in turn, and silent with the
+/// microphone prompt.
+std::vector<Scene> scenes();
+
+}  // namespace corvane::sheet

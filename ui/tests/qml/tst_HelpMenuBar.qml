@@ -1,0 +1,52 @@
+import QtQuick
+import Corvane
+
+ScreenTest {
+    id: test
+
+    name: "HelpMenuBar"
+
+    Component {
+        id: subject
+
+        HelpMenuBar {
+            width: 480
+            tuner: test.tuner
+        }
+    }
+
+    function test_holds_help_alone() {
+        const bar = make(subject);
+        compare(texts(bar), ["Help"]);
+        compare(bar.Accessible.role, Accessible.MenuBar);
+        compare(buttonOf(bar, "Help").Accessible.role, Accessible.ButtonMenu);
+    }
+
+    function test_help_holds_the_privacy_policy_alone() {
+        const help = buttonOf(make(subject), "Help");
+        mouseClick(help);
+        const menu = popupOf(help);
+        tryCompare(menu, "opened", true);
+        compare(menu.list.count, 1);
+        compare(texts(menu.list.contentItem), ["Privacy Policy"]);
+    }
+
+    function test_the_privacy_policy_opens_in_the_browser() {
+        const help = buttonOf(make(subject), "Help");
+        const menu = popupOf(help);
+        const list = open(menu);
+        mouseClick(entryOf(list, "Privacy Policy"));
+        tryCompare(menu, "visible", false);
+        compare(tuner.opened.length, 1);
+    }
+
+    function test_the_privacy_policy_opens_from_the_keyboard() {
+        const help = buttonOf(make(subject), "Help");
+        help.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Space);
+        tryCompare(popupOf(help), "opened", true);
+        keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_Return);
+        compare(tuner.opened.length, 1);
+    }
+}

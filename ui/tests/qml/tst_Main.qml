@@ -1,0 +1,84 @@
+import QtQuick
+import Corvane
+
+ScreenTest {
+    id: test
+
+    name: "Main"
+
+    Component {
+        id: subject
+
+        Main {
+            tuner: test.tuner
+        }
+    }
+
+    function shown() {
+        const window = make(subject);
+        window.visible = true;
+        tryCompare(window, "active", true);
+        return window;
+    }
+
+    function screen(window) {
+        return all(window.contentItem, TunerView)[0];
+    }
+
+    function test_is_named_after_the_program() {
+        compare(make(subject).title, "Corvane");
+    }
+
+    function test_the_screen_is_480_by_860_at_first() {
+        const view = screen(shown());
+        compare(view.width, 480);
+        compare(view.height, 860);
+    }
+
+    function test_the_screen_cannot_get_smaller_than_420_by_680() {
+        const window = make(subject);
+        const bar = all(window.contentItem, HelpMenuBar)[0];
+        compare(window.minimumWidth, 420);
+        compare(window.minimumHeight, 680 + bar.height);
+        verify(window.maximumWidth > 10000);
+        verify(window.maximumHeight > 10000);
+    }
+
+    function test_the_screen_lies_below_the_menu_bar_and_grows_with_the_window() {
+        const window = shown();
+        const bar = all(window.contentItem, HelpMenuBar)[0];
+        compare(bar.y, 0);
+        compare(bar.width, 480);
+        compare(screen(window).y, bar.height);
+        window.width = 700;
+        window.height = 1000 + bar.height;
+        tryCompare(screen(window), "width", 700);
+        tryCompare(screen(window), "height", 1000);
+    }
+
+    function test_its_ground_is_dark() {
+        compareColor(make(subject).color, TunerTheme.bg);
+    }
+
+    function test_the_help_menu_opens_the_privacy_policy() {
+        const window = shown();
+        const help = buttonOf(window.contentItem, "Help");
+        mouseClick(help);
+        const menu = popupOf(help);
+        tryCompare(menu, "opened", true);
+        mouseClick(entryOf(menu.list, "Privacy Policy"));
+        compare(tuner.opened.length, 1);
+    }
+
+    function test_every_control_can_be_reached_with_the_tab_key() {
+        const window = shown();
+        const names = [];
+        for (let i = 0; i < 40; ++i) {
+            keyClick(Qt.Key_Tab);
+            const item = window.activeFocusItem;
+            if (item && item.Accessible.name !== "" && !names.includes(item.Accessible.name))
+                names.push(item.Accessible.name);
+        }
+        compare(names, ["Help", "Guitar", "Bass", "Piano", "Left-handed string order", "Standard", "Auto", "E2", "A2", "D3", "G3", "B3", "E4", "440  Modern", "Concert pitch in hertz", "415 Hz", "432 Hz", "440 Hz", "466 Hz", "Play reference", "Privacy Policy"]);
+    }
+}

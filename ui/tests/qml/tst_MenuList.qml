@@ -1,0 +1,165 @@
+import QtQuick
+import QtTest
+import Corvane
+
+ScreenTest {
+    id: test
+
+    name: "MenuList"
+
+    Component {
+        id: subject
+
+        MenuList {
+            entries: test.tuner.tunings
+            width: 300
+            height: 1000
+        }
+    }
+
+    SignalSpy {
+        id: picked
+
+        signalName: "picked"
+    }
+
+    function watched(properties) {
+        const list = make(subject, properties);
+        picked.clear();
+        picked.target = list;
+        list.forceActiveFocus();
+        return list;
+    }
+
+    function test_lists_every_tuning_under_the_heading_of_its_group() {
+        const list = make(subject);
+        compare(list.count, 23);
+        const rows = all(list.contentItem, Item).filter(each => each instanceof MenuSection || each instanceof MenuEntry);
+        rows.sort((one, other) => one.mapToItem(list, 0, 0).y - other.mapToItem(list, 0, 0).y);
+        const headings = rows.filter(each => each instanceof MenuSection).map(each => each.section);
+        compare(headings, ["6-string", "Open and alternate", "Baritone", "7-string", "8-string", "12-string"]);
+        compare(rows[0].section, "6-string");
+        compare(rows[1].title, "Standard");
+        compare(rows[10].section, "Open and alternate");
+        compare(rows[11].title, "DADGAD");
+    }
+
+    function test_wants_to_be_as_high_as_its_entries() {
+        const list = make(subject);
+        compare(list.implicitHeight, list.contentHeight);
+    }
+
+    function test_starts_at_the_entry_that_is_chosen() {
+        tuner.chooseTuning("g8-drope");
+        const list = make(subject, {
+                height: 300
+            });
+        list.showChosen();
+        settle(list);
+        compare(list.currentIndex, 21);
+        verify(list.contentY > 0);
+        verifyInside(list.currentItem, list);
+    }
+
+    function test_starts_at_the_top_when_no_entry_is_chosen() {
+        const list = make(subject, {
+                entries: tuner.concertPitches
+            });
+        list.showChosen();
+        compare(list.currentIndex, -1);
+    }
+
+    function test_the_arrows_walk_and_return_picks_data() {
+        return [
+            {
+                tag: "Return",
+                key: Qt.Key_Return
+            },
+            {
+                tag: "Enter",
+                key: Qt.Key_Enter
+            },
+            {
+                tag: "Space",
+                key: Qt.Key_Space
+            }
+        ];
+    }
+
+    function test_the_arrows_walk_and_return_picks(row) {
+        const list = watched();
+        list.showChosen();
+        keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_Up);
+        keyClick(row.key);
+        compare(picked.count, 1);
+        compare(picked.signalArguments[0][0], "g6-half");
+    }
+
+    function test_nothing_is_picked_where_no_entry_is_current() {
+        const list = watched({
+                entries: tuner.concertPitches
+            });
+        list.showChosen();
+        keyClick(Qt.Key_Return);
+        compare(picked.count, 0);
+    }
+
+    function test_scrolls_to_the_entry_that_the_arrows_reach() {
+        const list = watched({
+                height: 200
+            });
+        list.showChosen();
+        for (let i = 0; i < 20; ++i)
+            keyClick(Qt.Key_Down);
+        compare(list.currentIndex, 20);
+        tryVerify(() => list.contentY > 0);
+        verifyInside(list.currentItem, list);
+    }
+
+    function test_scrolls_with_the_wheel() {
+        const list = make(subject, {
+                height: 200
+            });
+        mouseWheel(list, 100, 100, 0, -600);
+        tryVerify(() => list.contentY > 0);
+    }
+
+    function test_a_pointer_that_lies_still_does_not_disturb_the_arrows() {
+        const list = watched({
+                height: 200
+            });
+        list.showChosen();
+        mouseMove(list, 100, 100);
+        mouseMove(list, 101, 100);
+        tryVerify(() => list.currentIndex > 0);
+        const start = list.currentIndex;
+        for (let i = 1; i <= 10; ++i) {
+            keyClick(Qt.Key_Down);
+            waitForRendering(list);
+            compare(list.currentIndex, start + i);
+        }
+    }
+
+    function test_a_pointer_that_lies_where_the_list_opens_leaves_the_highlight_alone() {
+        mouseMove(test, 100, 100);
+        const list = watched();
+        list.showChosen();
+        waitForRendering(list);
+        mouseMove(test, 100, 100);
+        compare(list.currentIndex, 0);
+    }
+
+    function test_a_pointer_on_a_heading_leaves_the_highlight_alone() {
+        const list = watched();
+        list.showChosen();
+        mouseMove(list, 100, 5);
+        mouseMove(list, 101, 5);
+        compare(list.currentIndex, 0);
+    }
+
+    function test_tells_a_screen_reader_that_it_is_a_menu() {
+        compare(make(subject).Accessible.role, Accessible.PopupMenu);
+    }
+}

@@ -1,0 +1,28 @@
+import QtQuick
+import Corvane
+
+ScreenTest {
+    name: "MenuSection"
+
+    Component {
+        id: subject
+
+        MenuSection {
+            section: "6-string"
+        }
+    }
+
+    function test_is_a_muted_heading() {
+        const heading = textItem(make(subject), "6-string");
+        compareColor(heading.color, TunerTheme.muted);
+        compare(heading.font.weight, Font.DemiBold);
+    }
+
+    function test_takes_no_room_without_a_name() {
+        const section = make(subject, {
+                section: ""
+            });
+        compare(section.height, 0);
+        compare(texts(section), []);
+    }
+}

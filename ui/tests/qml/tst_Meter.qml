@@ -1,0 +1,180 @@
+import QtQuick
+import Corvane
+
+ScreenTest {
+    id: test
+
+    name: "Meter"
+
+    Component {
+        id: subject
+
+        Meter {
+            tuner: test.tuner
+            width: 500
+            title: "Cents"
+            span: 50
+            bar: 16
+        }
+    }
+
+    function track(meter) {
+        return all(meter, Capsule)[0];
+    }
+
+    function band(meter) {
+        return all(meter, Capsule)[1];
+    }
+
+    function needle(meter) {
+        return all(meter, Capsule)[2];
+    }
+
+    function centre(meter) {
+        return needle(meter).x + needle(meter).width / 2;
+    }
+
+    function tryCentre(meter, expected) {
+        // A thousandth of a point cannot be seen.
+        tryVerify(() => Math.abs(centre(meter) - expected) < 0.001, 5000, `the needle comes to ${expected}`);
+    }
+
+    // An A2 that is so many cents off.
+    function hearCents(cents) {
+        tuner.hear(110 * Math.pow(2, cents / 1200));
+    }
+
+    function test_names_itself_and_its_scale() {
+        const meter = make(subject);
+        compare(texts(meter), ["Cents", "−50   0   +50"]);
+        compare(meter.spacing, 4);
+        const title = textItem(meter, "Cents");
+        compare(title.font.pixelSize, TypeScale.caption);
+        compare(title.font.weight, Font.DemiBold);
+        compareColor(title.color, TunerTheme.muted);
+        const scale = textItem(meter, "−50   0   +50");
+        compare(scale.font.pixelSize, TypeScale.caption2);
+        compareColor(scale.color, TunerTheme.muted);
+        compare(scale.x + scale.width, 500);
+    }
+
+    function test_the_bar_is_as_thick_as_it_is_told_and_as_wide_as_the_meter() {
+        const meter = make(subject, {
+                bar: 14
+            });
+        compare(track(meter).width, 500);
+        compare(track(meter).height, 14);
+        compareColor(track(meter).color, white(0.08));
+        compare(needle(meter).width, 14);
+        compare(needle(meter).height, 14);
+        compare(needle(meter).radius, 7);
+    }
+
+    function test_the_band_in_tune_is_a_tenth_of_50_cents_and_half_of_10_data() {
+        return [
+            {
+                tag: "Cents",
+                span: 50,
+                width: 50
+            },
+            {
+                tag: "Fine",
+                span: 10,
+                width: 250
+            },
+            {
+                tag: "a span below 5 cents is all in tune",
+                span: 4,
+                width: 500
+            }
+        ];
+    }
+
+    function test_the_band_in_tune_is_a_tenth_of_50_cents_and_half_of_10(row) {
+        const middle = band(make(subject, {
+                    span: row.span
+                }));
+        compare(middle.width, row.width);
+        compare(middle.x + middle.width / 2, 250);
+        compare(middle.height, 16);
+        compareColor(middle.color, faded(TunerTheme.green, 0.35));
+    }
+
+    function test_the_needle_rests_muted_in_the_middle_while_nothing_is_heard() {
+        const meter = make(subject);
+        compare(centre(meter), 250);
+        compareColor(needle(meter).color, TunerTheme.muted);
+    }
+
+    function test_37_cents_that_are_heard_no_more_leave_the_needle_in_the_middle() {
+        const meter = make(subject);
+        hearCents(37);
+        tryCentre(meter, 0.87 * 500);
+        tuner.hearNothing();
+        fuzzyCompare(tuner.cents, 37, 1e-6);
+        tryCentre(meter, 250);
+        compareColor(needle(meter).color, TunerTheme.muted);
+    }
+
+    function test_12_34_cents_flat_is_at_3766_ten_thousandths_of_the_cents_bar() {
+        const meter = make(subject);
+        hearCents(-12.34);
+        tryCentre(meter, 0.3766 * 500);
+        compareColor(needle(meter).color, TunerTheme.flat);
+    }
+
+    function test_12_34_cents_flat_pins_the_needle_to_the_start_of_the_fine_bar() {
+        const meter = make(subject, {
+                span: 10
+            });
+        hearCents(-12.34);
+        tryCentre(meter, 8);
+    }
+
+    function test_12_34_cents_sharp_pins_the_needle_to_the_end_of_the_fine_bar() {
+        const meter = make(subject, {
+                span: 10
+            });
+        hearCents(12.34);
+        tryCentre(meter, 492);
+        compareColor(needle(meter).color, TunerTheme.sharp);
+    }
+
+    function test_the_needle_is_green_in_tune() {
+        const meter = make(subject);
+        hearCents(3);
+        compareColor(needle(meter).color, TunerTheme.green);
+        tryCentre(meter, 0.53 * 500);
+    }
+
+    function test_the_needle_moves_instead_of_jumping() {
+        const meter = make(subject);
+        hearCents(-40);
+        compare(centre(meter), 250);
+        tryCentre(meter, 50);
+    }
+
+    function test_the_needle_keeps_its_place_on_a_bar_that_is_resized() {
+        const meter = make(subject);
+        hearCents(-40);
+        tryCentre(meter, 50);
+        meter.width = 300;
+        settle(meter);
+        fuzzyCompare(centre(meter), 30, 0.001);
+    }
+
+    function test_the_needle_lies_over_band_and_track_in_the_middle_of_the_bar() {
+        const meter = make(subject);
+        compare(needle(meter).y + needle(meter).height / 2, track(meter).height / 2);
+        compare(needle(meter).z, 0);
+        compare(band(meter).z, 0);
+    }
+
+    function test_tells_a_screen_reader_what_it_shows() {
+        const bar = track(make(subject)).parent;
+        compare(bar.Accessible.role, Accessible.Indicator);
+        compare(bar.Accessible.name, "Cents");
+        hearCents(3);
+        compare(bar.Accessible.description, "+3.0 ¢");
+    }
+}

@@ -1,0 +1,37 @@
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QQmlExtensionPlugin>
+#include <QQuickWindow>
+#include <QtQuickTest>
+
+#include "ui/tests/fake_tuner.h"
+
+Q_IMPORT_QML_PLUGIN(CorvanePlugin)
+
+/// Prepares the program that runs the tst_*.qml files.
+class Setup : public QObject {
+  Q_OBJECT
+
+ public slots:
+  void applicationAvailable() {
+    // Drawn as the program draws.
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
+    qmlRegisterType<corvane::FakeTuner>("Corvane.Fakes", 1, 0, "FakeTuner");
+  }
+
+  void qmlEngineAvailable(QQmlEngine* engine) {
+    engine->addImportPath("qrc:/qt/qml");
+    engine->rootContext()->setContextProperty("componentsOfTheModule",
+                                              QString(CORVANE_COMPONENTS).split(' '));
+  }
+};
+
+int main(int argc, char** argv) {
+  // As on a desktop; the offscreen platform has no pointer to hover with.
+  qputenv("QT_QUICK_CONTROLS_HOVER_ENABLED", "1");
+  Setup setup;
+  return quick_test_main_with_setup(argc, argv, "screen", QML_TESTS_DIR, &setup);
+}
+
+#include "qml_tests.moc"
