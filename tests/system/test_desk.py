@@ -1,25 +1,21 @@
 """The private desktop itself: sound travels on it, and nothing of it stays behind."""
 
-import array
-import cmath
 import os
 import pathlib
 import signal
 import subprocess
 import sys
-from typing import BinaryIO
 
 from desk import system_test
 from desk.instruments import GRAND_PIANO, Note
 from desk.pipewire import PipeWireRoom
 from desk.pulse_audio import PulseAudioRoom
+from desk.recording import RATE, first_sound, power
 from desk.room import Room
 from desk.waiting import wait_until
 
-RATE = 8000
 # In power: 20 dB. A quarter of a second of one tone leaks 26 dB less than itself to 26 Hz away.
 LOUDER = 100
-QUIET = 100  # of 32767
 
 OPEN_A_DESKTOP = """
 import signal
@@ -97,22 +93,6 @@ def programs_of(root: str) -> list[str]:
         except OSError:  # It ended meanwhile, or is another user's.
             continue
     return found
-
-
-def first_sound(recording: BinaryIO) -> array.array:
-    """The first whole quarter of a second of sound in 16-bit samples; silence when there is none in
-    ten seconds."""
-    quarters = (array.array("h", recording.read(RATE // 4 * 2)) for _ in range(40))
-    silence = next(quarters)
-    if any(max(quarter) > QUIET for quarter in quarters):
-        return next(quarters, silence)
-    return silence
-
-
-def power(sound: array.array, hertz: float) -> float:
-    """How much of `sound` is a tone of `hertz`: its Fourier transform there, squared."""
-    step = -2j * cmath.pi * hertz / RATE
-    return abs(sum(sample * cmath.exp(step * at) for at, sample in enumerate(sound))) ** 2
 
 
 if __name__ == "__main__":

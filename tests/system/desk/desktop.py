@@ -11,6 +11,7 @@ from .processes import Processes
 from .waiting import wait_until
 
 START_SECONDS = 20
+SCREEN = "2560x1440x24"  # room for a window that is far larger than the tuner needs
 
 _DESKTOP_VARIABLES = ("DISPLAY", "WAYLAND_DISPLAY", "XAUTHORITY", "SESSION_MANAGER", "LANGUAGE")
 _DESKTOP_PREFIXES = ("DBUS_", "AT_SPI_", "PULSE_", "PIPEWIRE_", "WIREPLUMBER_", "XDG_", "QT_",
@@ -75,9 +76,12 @@ class PrivateDesktop(contextlib.ExitStack):
 
     def _start_display(self) -> None:
         number = self._start_and_read_line(
-            "Xvfb", "-displayfd", "{fd}", "-screen", "0", "1280x1024x24", "-nolisten", "tcp",
+            "Xvfb", "-displayfd", "{fd}", "-screen", "0", SCREEN, "-nolisten", "tcp",
             "-noreset")
         os.environ["DISPLAY"] = f":{number}"
+        # The first key changes the keyboard to that of xdotool. A window manager takes up its own
+        # keys anew when that happens, and loses one that is pressed meanwhile.
+        subprocess.run(["xdotool", "key", "Shift_L"], check=True, timeout=START_SECONDS)
 
     def _start_session_bus(self) -> None:
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._start_and_read_line(

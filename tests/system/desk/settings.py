@@ -10,11 +10,12 @@ def settings_file(config_home: pathlib.Path) -> pathlib.Path:
     return config_home / "corvane" / "corvane.conf"
 
 
-def write_settings(config_home: pathlib.Path, instrument: str, tuning: str) -> None:
+def write_settings(config_home: pathlib.Path, instrument: str, tuning: str,
+                   a4: int = 440) -> None:
     path = settings_file(config_home)
     path.parent.mkdir(parents=True, exist_ok=True)
     path.write_text(f"[{GROUP}]\ntuner.instrument={instrument}\ntuner.tuning={tuning}\n"
-                    "tuner.a4=440\ntuner.left=false\n")
+                    f"tuner.a4={a4}\ntuner.left=false\n")
 
 
 def read_settings(config_home: pathlib.Path) -> dict[str, str]:

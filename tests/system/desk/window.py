@@ -38,6 +38,18 @@ class Window:
         wait_until(fulfilled, seconds, lambda: f"the window shows {last}")
         return last
 
+    def buttons(self) -> list[str]:
+        """The names of the push buttons that are on the screen."""
+        return [button.name for button in self._buttons()]
+
+    def click(self, name: str) -> None:
+        """Presses the button of this name with the mouse."""
+        button = next(button for button in self._buttons() if button.name == name)
+        place = button.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+        self.activate()
+        _xdotool("mousemove", str(place.x + place.width // 2), str(place.y + place.height // 2),
+                 "click", "1")
+
     def minimise(self) -> None:
         _xdotool("windowminimize", self._id())
 
@@ -57,6 +69,13 @@ class Window:
     def _id(self) -> str:
         # The toolkit has windows of its own that never show; only this one has a title.
         return _xdotool("search", "--all", "--pid", str(self._pid), "--name", ".").split()[0]
+
+    def _buttons(self) -> list[pyatspi.Accessible]:
+        try:
+            return [item for item in self._items() if item.getRole() == pyatspi.ROLE_PUSH_BUTTON
+                    and item.getState().contains(pyatspi.STATE_SHOWING)]
+        except GLib.Error:  # An item went away while it was being asked.
+            return []
 
     def _items(self) -> Iterator[pyatspi.Accessible]:
         for application in pyatspi.Registry.getDesktop(0):
