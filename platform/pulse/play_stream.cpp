@@ -1,6 +1,7 @@
 #include "platform/pulse/play_stream.h"
 
 #include <pulse/def.h>
+#include <pulse/timeval.h>
 
 #include <cstdint>
 #include <utility>
@@ -45,7 +46,8 @@ void PlayStream::ready() {
     return end(PA_ERR_IO);
   }
   // A server that hangs never says that it has played everything.
-  armDeadline([this] { end(PA_ERR_TIMEOUT); }, pa_bytes_to_usec(bytes, &spec()));
+  armDeadline([this] { end(PA_ERR_TIMEOUT); },
+              std::chrono::milliseconds(pa_bytes_to_usec(bytes, &spec()) / PA_USEC_PER_MSEC));
   drain = pa_stream_drain(
       stream(), [](pa_stream*, int, void* me) { static_cast<PlayStream*>(me)->end(PA_OK); }, this);
 }

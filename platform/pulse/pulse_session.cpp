@@ -7,9 +7,12 @@
 #include <memory>
 #include <utility>
 
+#include "platform/pulse/patience.h"
+
 namespace corvane {
 namespace {
 
+constexpr std::chrono::milliseconds secondThought{200};
 constexpr const char* desktopId = "org.corvane.Corvane";
 
 /// How the mixer shows this program.
@@ -32,8 +35,12 @@ void forget(pa_operation* operation) {
 }  // namespace
 
 PulseSession::PulseSession(pa_mainloop_api& api, Observer watching)
-    : mainloopApi(api), observer(std::move(watching)), context(newContext(api)), deadline(api) {
-  deadline.arm(context, [this] { end(PA_ERR_TIMEOUT); });
+    : mainloopApi(api),
+      observer(std::move(watching)),
+      context(newContext(api)),
+      deadline(api),
+      again(api) {
+  deadline.arm(patience, [this] { end(PA_ERR_TIMEOUT); });
   connect();
 }
 
@@ -85,6 +92,7 @@ void PulseSession::survey() {
   // A volume that is being dragged sends events by the hundred: one more survey covers them all.
   outdated = std::exchange(surveying, true);
   if (outdated) return;
+  again.disarm();
   forget(pa_context_get_server_info(context, onServer, this));
 }
 
@@ -94,12 +102,15 @@ void PulseSession::report(const ServerFacts& facts) {
   surveying = false;
   if (facts != reported) observer.facts(facts);
   reported = facts;
-  if (outdated) survey();
+  if (outdated) return survey();
+  // PipeWire chooses the default after it has told of the device, and at times without a word.
+  if (!answers->isConclusive()) again.arm(secondThought, [this] { survey(); });
 }
 
 void PulseSession::end(int error) {
   if (std::exchange(over, true)) return;
   deadline.disarm();
+  again.disarm();
   observer.ended(error);
 }
 

@@ -8,13 +8,13 @@
 #include <functional>
 #include <optional>
 
-#include "platform/pulse/deadline.h"
 #include "platform/pulse/server_facts.h"
+#include "platform/pulse/timer.h"
 
 namespace corvane {
 
 /// One attempt at the audio server and, if it succeeds, the connection that follows. It ends when
-/// the server goes, refuses, or is silent for longer than `Deadline::patience`; the next attempt
+/// the server goes, refuses, or is silent for longer than `patience`; the next attempt
 /// is a new session. Everything happens on the loop's thread.
 class PulseSession {
  public:
@@ -50,7 +50,8 @@ class PulseSession {
   pa_mainloop_api& mainloopApi;
   Observer observer;
   pa_context* context;
-  Deadline deadline;
+  Timer deadline;
+  Timer again;  ///< asks once more a server that has not made up its mind
   bool surveying = false;
   bool outdated = false;  ///< something has changed since the survey under way began
   std::optional<ServerSurvey> answers;

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <cstdint>
 
+#include "platform/pulse/patience.h"
+
 namespace corvane {
 namespace {
 
@@ -39,9 +41,8 @@ void PulseStream::open(PulseSession* server) {
   if (!connect()) end(pa_context_errno(context));
 }
 
-void PulseStream::armDeadline(std::function<void()> then, pa_usec_t busy) {
-  deadline->disarm();
-  deadline->arm(pa_stream_get_context(current), std::move(then), busy);
+void PulseStream::armDeadline(std::function<void()> then, std::chrono::milliseconds busy) {
+  deadline->arm(busy + patience, std::move(then));
 }
 
 void PulseStream::stateChanged() {

@@ -11,8 +11,8 @@
 #include <utility>
 
 #include "platform/audio_input.h"
-#include "platform/pulse/deadline.h"
 #include "platform/pulse/pulse_session.h"
+#include "platform/pulse/timer.h"
 
 namespace corvane {
 
@@ -40,7 +40,7 @@ class PulseStream : public std::enable_shared_from_this<PulseStream> {
   const pa_sample_spec& spec() const { return sampleSpec; }
   /// Calls `then` unless the stream has ended within the server's time to answer, which begins
   /// after `busy`.
-  void armDeadline(std::function<void()> then, pa_usec_t busy = 0);
+  void armDeadline(std::function<void()> then, std::chrono::milliseconds busy = {});
   /// Releases the stream and tells it, once.
   void end(int error);
 
@@ -63,7 +63,7 @@ class PulseStream : public std::enable_shared_from_this<PulseStream> {
   const pa_channel_map order;
   std::unique_ptr<pa_proplist, decltype(&pa_proplist_free)> properties;
   pa_stream* current = nullptr;
-  std::optional<Deadline> deadline;
+  std::optional<Timer> deadline;
   std::shared_ptr<PulseStream> self;  ///< while `current` exists
   bool closing = false;
 };

@@ -37,8 +37,13 @@ ServerSurvey::ServerSurvey(const pa_server_info& server) {
 void ServerSurvey::add(const pa_source_info& source) {
   if (!isMonitor(source)) microphone = true;
   if (source.name != defaultSource) return;
+  defaultSeen = true;
   collected.device = formatOf(source.sample_spec);
   collected.deviceOrder = source.channel_map;
+}
+
+bool ServerSurvey::isConclusive() const {
+  return defaultSeen || !microphone;
 }
 
 ServerFacts ServerSurvey::facts() const {

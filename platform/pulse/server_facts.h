@@ -27,10 +27,13 @@ class ServerSurvey {
 
   void add(const pa_source_info& source);
   ServerFacts facts() const;
+  /// False while the server has microphones and none of its sources is the default.
+  bool isConclusive() const;
 
  private:
   std::string defaultSource;
   bool microphone = false;
+  bool defaultSeen = false;
   ServerFacts collected;
 };
 

@@ -45,6 +45,16 @@ TEST(ServerSurvey, WithoutSourcesThereIsNoFormatAtAll) {
   EXPECT_EQ(surveyOf("mic").facts(), ServerFacts{});
 }
 
+TEST(ServerSurvey, AMicrophoneThatTheServerHasNotMadeItsDefaultYetIsNotConclusive) {
+  auto survey = surveyOf("@DEFAULT_SOURCE@");
+  EXPECT_TRUE(survey.isConclusive());
+  survey.add(Source("mic").info);
+  EXPECT_FALSE(survey.isConclusive());
+  EXPECT_EQ(survey.facts().device, AudioFormat{});
+  survey.add(Source("@DEFAULT_SOURCE@").info);
+  EXPECT_TRUE(survey.isConclusive());
+}
+
 TEST(ServerSurvey, TheMonitorOfASpeakerIsNoMicrophone) {
   auto survey = surveyOf("room.monitor");
   Source monitor("room.monitor");
