@@ -21,7 +21,13 @@ _DESKTOP_PREFIXES = ("DBUS_", "AT_SPI_", "PULSE_", "PIPEWIRE_", "WIREPLUMBER_", 
 class PrivateDesktop(contextlib.ExitStack):
     """A context that moves this process to a desktop of its own: inside, `os.environ` and so every
     program that is started belong to it. Leaving it, also by SIGINT or SIGTERM, ends every program
-    on it and removes its files. One a process: the accessibility library binds to the first."""
+    on it and removes its files. One a process: the accessibility library binds to the first.
+
+    Without `read_aloud` nobody asks programs for what a screen reader needs, which costs them."""
+
+    def __init__(self, read_aloud: bool = True):
+        super().__init__()
+        self._read_aloud = read_aloud
 
     def __enter__(self) -> "PrivateDesktop":
         super().__enter__()
@@ -42,6 +48,11 @@ class PrivateDesktop(contextlib.ExitStack):
     def folder(self, purpose: str) -> pathlib.Path:
         """A new empty folder that only this user can enter, as XDG_RUNTIME_DIR has to be."""
         return pathlib.Path(tempfile.mkdtemp(prefix=f"{purpose}-", dir=self.root))
+
+    @property
+    def picture(self) -> pathlib.Path:
+        """What the display shows at every moment: a file in the format of xwd."""
+        return self.root / "Xvfb_screen0"
 
     def _open(self) -> None:
         self._end_on_signals()
@@ -71,13 +82,14 @@ class PrivateDesktop(contextlib.ExitStack):
         os.environ.update(
             TMPDIR=str(self.folder("tmp")), HOME=str(self.folder("home")),
             XDG_RUNTIME_DIR=str(self.folder("run")),
-            XDG_CONFIG_HOME=str(self.folder("config")), LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb",
-            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
+            XDG_CONFIG_HOME=str(self.folder("config")), LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb")
+        if self._read_aloud:
+            os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
 
     def _start_display(self) -> None:
         number = self._start_and_read_line(
             "Xvfb", "-displayfd", "{fd}", "-screen", "0", SCREEN, "-nolisten", "tcp",
-            "-noreset")
+            "-noreset", "-fbdir", str(self.root))
         os.environ["DISPLAY"] = f":{number}"
         # The first key changes the keyboard to that of xdotool. A window manager takes up its own
         # keys anew when that happens, and loses one that is pressed meanwhile.
@@ -96,7 +108,7 @@ class PrivateDesktop(contextlib.ExitStack):
         subprocess.run(
             ["dbus-send", "--session", "--print-reply", "--dest=org.a11y.Bus", "/org/a11y/bus",
              "org.freedesktop.DBus.Properties.Set", "string:org.a11y.Status", "string:IsEnabled",
-             "variant:boolean:true"], check=True, stdout=subprocess.DEVNULL, timeout=START_SECONDS)
+             f"variant:boolean:{str(self._read_aloud).lower()}"], check=True, stdout=subprocess.DEVNULL, timeout=START_SECONDS)
 
     def _start_window_manager(self) -> None:
         self._start_and_wait(["openbox", "--sm-disable"], ["xdotool", "get_num_desktops"])

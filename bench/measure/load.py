@@ -1,0 +1,52 @@
+"""What the program uses while a guitar is played, in silence, and while it is minimised."""
+
+import array
+import subprocess
+import time
+from typing import NamedTuple
+
+from . import usage
+from .microphone import PipedRoom
+from .subject import Subject
+
+SETTLE_SECONDS = 8
+
+
+class Load(NamedTuple):
+    percent: float  # of one processor
+    wakeups: dict[str, float]  # a second, by the name of the thread
+
+    @property
+    def all_wakeups(self) -> float:
+        return sum(self.wakeups.values())
+
+
+class Loads(NamedTuple):
+    playing: Load
+    silent: Load
+    minimised: Load
+    memory: dict[str, float]  # in megabytes
+    threads: list[str]
+
+
+def measure(subject: Subject, room: PipedRoom, guitar: array.array, seconds: float) -> Loads:
+    with subject.running() as process:
+        window = subject.find_window(process)
+        room.hear(guitar)
+        playing = _load(process, seconds)
+        memory, threads = usage.memory(process.pid), usage.threads(process.pid)
+        room.hear(array.array("f"))
+        silent = _load(process, seconds)
+        subject.minimise(window)
+        minimised = _load(process, seconds)
+        room.hear_no_more()
+    return Loads(playing, silent, minimised, memory, threads)
+
+
+def _load(process: subprocess.Popen, seconds: float) -> Load:
+    time.sleep(SETTLE_SECONDS)
+    before = usage.work(process.pid)
+    time.sleep(seconds)
+    done = usage.work(process.pid).since(before)
+    return Load(100 * done.seconds / seconds,
+                {name: count / seconds for name, count in done.wakeups.items()})

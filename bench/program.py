@@ -1,0 +1,95 @@
+#!/usr/bin/python3 -B
+"""program.py PROGRAM [--quick]: measures the tuner on a private desktop with a private audio
+server and prints one table. --quick measures everything too briefly to be believed."""
+
+import pathlib
+import sys
+
+REPOSITORY = pathlib.Path(__file__).resolve().parent.parent
+sys.path.insert(0, str(REPOSITORY / "tests" / "system"))
+
+from desk.desktop import PrivateDesktop  # noqa: E402
+from desk.instruments import STEEL_GUITAR, Band, Note  # noqa: E402
+from measure import delay, frames, load, startup  # noqa: E402
+from measure.microphone import PipedRoom, samples_of  # noqa: E402
+from measure.subject import Subject  # noqa: E402
+
+OPEN_STRINGS = (40, 45, 50, 55, 59, 64)
+
+
+class Row:
+    def __init__(self, what: str, value: float, unit: str, goal: float | None = None):
+        self._what, self._value, self._unit, self._goal = what, value, unit, goal
+
+    def __str__(self) -> str:
+        if self._goal is None:
+            return f"| {self._what} | {self._value:.3g} {self._unit} | | |"
+        verdict = "met" if self._value <= self._goal else "missed"
+        return f"| {self._what} | {self._value:.3g} {self._unit} | {self._goal:g} {self._unit} | {verdict} |"
+
+
+def main(arguments: list[str]) -> int:
+    options = [each for each in arguments if each.startswith("--")]
+    programs = [each for each in arguments if not each.startswith("--")]
+    if len(programs) != 1 or options not in ([], ["--quick"]):
+        print(__doc__, file=sys.stderr)
+        return 2
+    report(pathlib.Path(programs[0]).resolve(), quick=bool(options))
+    return 0
+
+
+def report(program: pathlib.Path, quick: bool) -> None:
+    with PrivateDesktop(read_aloud=False) as desktop, PipedRoom(desktop) as room:
+        band = Band(desktop.folder("notes"))
+        strings = [samples_of(band.wav(Note(STEEL_GUITAR, key))) for key in OPEN_STRINGS]
+        guitar = sum(strings, start=strings[0][:0]) * 5
+        subject = Subject(desktop, room, program)
+        print("| What | Measured | Goal | |\n|---|---|---|---|")
+        show(startup_rows(startup.measure(subject, room, strings[1], 2 if quick else 15)))
+        show(load_rows(load.measure(subject, room, guitar, 3 if quick else 30)))
+        show(delay_rows(delay.measure(subject, room, strings, 6 if quick else 120)))
+        show(frame_rows(frames.measure(subject, room, 3 if quick else 30)))
+
+
+def show(rows: list[Row]) -> None:
+    print(*rows, sep="\n", flush=True)
+
+
+def startup_rows(times: startup.Startup) -> list[Row]:
+    return [Row(f"First frame after the start (median of {times.runs}, warm)", times.first_frame,
+                "ms", 100),
+            Row("First reading after the start", times.first_reading, "ms")]
+
+
+def load_rows(loads: load.Loads) -> list[Row]:
+    rows = [Row("Processor while a guitar is played", loads.playing.percent, "%", 2),
+            Row("Processor in silence", loads.silent.percent, "%", 0.3),
+            Row("Processor while minimised", loads.minimised.percent, "%", 0),
+            Row("Resident memory", loads.memory["Rss"], "MB", 48),
+            Row("of it shared out among those who use it", loads.memory["Pss"], "MB"),
+            Row("of it written by this program alone", loads.memory["Private_Dirty"], "MB", 16),
+            Row(f"Threads ({', '.join(loads.threads)})", len(loads.threads), "")]
+    for name, part in (("silence", loads.silent), ("the minimised window", loads.minimised)):
+        rows.append(Row(f"Wake-ups in {name}", part.all_wakeups, "a second"))
+        rows += [Row(f"of them {thread}", count, "a second")
+                 for thread, count in sorted(part.wakeups.items()) if count > 0]
+    return rows
+
+
+def delay_rows(delays: delay.Delays) -> list[Row]:
+    shown = len(delays.values)
+    return [Row("Onset of a string to its name on the screen, median", delays.at(0.5), "ms"),
+            Row("at the 99th percentile", delays.at(0.99), "ms"),
+            Row("the program's own share, median", delays.own_at(0.5), "ms", 25),
+            Row("the program's own share, 99th percentile", delays.own_at(0.99), "ms", 40),
+            Row(f"Strings not shown within a second, of {delays.onsets}", delays.onsets - shown,
+                "", 0)]
+
+
+def frame_rows(seen: frames.Frames) -> list[Row]:
+    return [Row(f"Blocks heard but not shown, of {seen.expected}", seen.expected - seen.shown,
+                "", 0)]
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))
