@@ -13,6 +13,7 @@ struct AudioBuffer {
   std::uint32_t frameLength = 0;
   std::uint32_t channelCount = 0;
   double sampleRate = 0.0;  ///< Hz
+  bool afterGap = false;    ///< its first sample is not the next one after the buffer before
 };
 
 }  // namespace corvane

@@ -105,7 +105,10 @@ void TunerEngine::startEngine() {
   input.installTap(tapFrames, format,
                    [pipeline = capture, deliver = [sink = applySink](const auto& reading) {
                      sink->deliver(reading);
-                   }](const AudioBuffer& buffer) { pipeline->consume(buffer, deliver); });
+                   }](const AudioBuffer& buffer) {
+                     if (buffer.afterGap) pipeline->reset();
+                     pipeline->consume(buffer, deliver);
+                   });
   input.start([weak = weak_from_this()](bool success) {
     if (const auto engine = weak.lock()) engine->captureStarted(success);
   });

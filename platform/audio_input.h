@@ -14,8 +14,10 @@ struct AudioFormat {
   bool operator==(const AudioFormat&) const = default;
 };
 
-/// The microphone. Every member is called on the main thread and returns without waiting for the
-/// audio server.
+/// The microphone. What happens to devices and servers while it runs stays below it: while no sound
+/// comes, the tap is given silence, and sound again when there is some, perhaps in another format;
+/// the first buffer after each change is marked `afterGap`. Every member is called on the main
+/// thread and returns without waiting for the audio server.
 class AudioInput {
  public:
   /// Called with each buffer on the audio system's own thread, between `start` and `stop`.
@@ -40,8 +42,8 @@ class AudioInput {
   /// The format in which sound would be delivered if the device does not tell its own.
   virtual AudioFormat outputFormat() const = 0;
 
-  /// Replaces the tap: buffers of `frames` frames (a shorter one only at the end of a stream) in
-  /// `format`. Only while stopped.
+  /// Replaces the tap: buffers of `frames` frames (a shorter one only at the end of a stream), at
+  /// first in `format`. Only while stopped.
   virtual void installTap(std::uint32_t frames, const AudioFormat& format, Tap tap) = 0;
 
   /// Starts delivering to the installed tap. `started` is called on the main thread, within this

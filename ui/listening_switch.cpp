@@ -4,8 +4,12 @@
 
 namespace corvane {
 
-ListeningSwitch::ListeningSwitch(QWindow& shown, std::shared_ptr<TunerEngine> tuner)
-    : window(shown), engine(std::move(tuner)) {
+ListeningSwitch::ListeningSwitch(QWindow& shown, std::shared_ptr<TunerEngine> tuner,
+                                 MicrophoneWatch& microphones, std::chrono::milliseconds grace)
+    : window(shown), engine(std::move(tuner)), watch(microphones) {
+  absence.setSingleShot(true);
+  absence.setInterval(grace);
+  connect(&absence, &QTimer::timeout, this, &ListeningSwitch::tellOfAbsence);
   connect(&window, &QWindow::visibilityChanged, this, &ListeningSwitch::visibilityChanged);
   connect(&window, &QWindow::activeChanged, this, &ListeningSwitch::activeChanged);
   observation = engine->observe([this](Field field) {
@@ -19,7 +23,10 @@ void ListeningSwitch::visibilityChanged(QWindow::Visibility visibility) {
   if (visible == std::exchange(onScreen, visible)) return;
   if (visible) {
     engine->start();
+    watch.begin([this](bool present) { microphoneChanged(present); });
   } else {
+    watch.end();
+    absence.stop();
     engine->stop();
   }
 }
@@ -29,8 +36,20 @@ void ListeningSwitch::listeningChanged() {
   if (engine->listening() && !onScreen) engine->stop();
 }
 
+void ListeningSwitch::microphoneChanged(bool present) {
+  if (!present) return absence.start();
+  absence.stop();
+  if (!engine->listening()) engine->start();
+}
+
+void ListeningSwitch::tellOfAbsence() {
+  if (!engine->listening()) return;
+  engine->stop();
+  engine->start();
+}
+
 void ListeningSwitch::activeChanged() {
-  if (window.isActive()) engine->start();
+  if (onScreen && window.isActive()) engine->start();
 }
 
 }  // namespace corvane

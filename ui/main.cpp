@@ -10,6 +10,7 @@
 #include "platform/pulse/pulse_audio_output.h"
 #include "platform/pulse/pulse_connection.h"
 #include "platform/pulse/pulse_microphone_permission.h"
+#include "platform/pulse/pulse_microphone_watch.h"
 #include "platform/qt/qt_main_queue.h"
 #include "platform/qt/qt_preferences.h"
 #include "platform/qt/qt_url_opener.h"
@@ -56,7 +57,8 @@ int main(int argc, char** argv) {
   QQmlApplicationEngine qml;
   QQuickWindow* window = showWindow(qml, tuner);
   require(window != nullptr, "the program carries its own screen");
-  const ListeningSwitch listening(*window, engine);
+  PulseMicrophoneWatch microphones(connection);
+  const ListeningSwitch listening(*window, engine, microphones);
   window->show();
   return QGuiApplication::exec();
 }

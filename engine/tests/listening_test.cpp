@@ -22,10 +22,10 @@ class Listening : public EngineTest {
     world.mainQueue->runAll();
   }
 
-  void push(std::size_t frames, float value) {
+  void push(std::size_t frames, float value, bool afterGap = false) {
     const std::vector<float> samples(frames, value);
     const float* channels[] = {samples.data()};
-    world.input->tap({channels, static_cast<std::uint32_t>(frames), 1, 48000.0});
+    world.input->tap({channels, static_cast<std::uint32_t>(frames), 1, 48000.0, afterGap});
   }
 };
 
@@ -276,6 +276,22 @@ TEST_F(Listening, SamplesFromBeforeAPauseNeverJoinThoseAfterIt) {
   engine->stop();
   engine->start();
   push(4096, 0.5F);
+  EXPECT_EQ(analysed, 0U);
+  push(4096, 0.5F);
+  EXPECT_EQ(analysed, 1U);
+}
+
+TEST_F(Listening, SamplesFromBeforeAGapNeverJoinThoseAfterIt) {
+  std::size_t analysed = 0;
+  capture = PitchCapture::create(std::make_unique<InlineQueue>(), [&](auto block, double) {
+    ++analysed;
+    for (const float sample : block) EXPECT_EQ(sample, block.front());
+    return std::nullopt;
+  });
+  makeEngine();
+  engine->start();
+  push(4096, 0.25F);
+  push(4096, 0.5F, true);
   EXPECT_EQ(analysed, 0U);
   push(4096, 0.5F);
   EXPECT_EQ(analysed, 1U);

@@ -15,7 +15,12 @@ BufferCollector::BufferCollector(std::uint32_t frames, const AudioFormat& format
       samples(channelCount * capacity) {
   require(capacity > 0 && channelCount > 0, "a buffer has room for sound");
   for (std::size_t c = 0; c < channelCount; ++c) channels.push_back(samples.data() + c * capacity);
-  whole = {channels.data(), frames, format.channelCount, format.sampleRate};
+  whole = {channels.data(), frames, format.channelCount, format.sampleRate, true};
+}
+
+void BufferCollector::drop() {
+  filled = 0;
+  whole.afterGap = true;
 }
 
 void BufferCollector::append(const float* interleaved, std::size_t frames) {
@@ -27,6 +32,7 @@ void BufferCollector::append(const float* interleaved, std::size_t frames) {
     if (filled < capacity) return;
     filled = 0;
     tap(whole);
+    whole.afterGap = false;
   }
 }
 

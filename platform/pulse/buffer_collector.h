@@ -22,8 +22,8 @@ class BufferCollector {
   /// each buffer that they fill.
   void append(const float* interleaved, std::size_t frames);
 
-  /// Forgets the frames that do not fill a buffer yet.
-  void drop() { filled = 0; }
+  /// Forgets the frames that do not fill a buffer yet; what comes next does not follow them.
+  void drop();
 
  private:
   void copy(const float* interleaved, std::size_t frames);
@@ -33,7 +33,7 @@ class BufferCollector {
   std::size_t capacity;        ///< frames of a whole buffer
   std::vector<float> samples;  ///< one whole channel after the other
   std::vector<const float*> channels;
-  AudioBuffer whole;
+  AudioBuffer whole;       ///< as the tap gets it next
   std::size_t filled = 0;  ///< frames
 };
 

@@ -7,6 +7,17 @@
 #include "base/require.h"
 
 namespace corvane {
+namespace {
+
+using std::chrono::milliseconds;
+
+/// PipeWire lets a stream fall silent without a word when its device has gone. A device that sleeps
+/// is silent too and wakes up by itself, so this is no reason for haste.
+constexpr milliseconds longestSilence{1500};
+/// Between recordings that the server does not allow or ends at once.
+constexpr milliseconds pauseBetweenAttempts{500};
+
+}  // namespace
 
 PulseAudioInput::PulseAudioInput(PulseConnection& server, MainQueue& queue)
     : connection(server), mainQueue(queue) {}
@@ -16,10 +27,11 @@ PulseAudioInput::~PulseAudioInput() {
 }
 
 void PulseAudioInput::stop() {
+  if (run == nullptr) return;
+  close();
   const auto last = std::exchange(run, nullptr);
-  if (last == nullptr) return;
-  last->stream->mute();
-  connection.async([stream = last->stream](PulseSession*) { stream->close(); });
+  last->feed->mute();
+  connection.async([feed = last->feed](PulseSession*) { feed->end(); });
 }
 
 void PulseAudioInput::reset() {
@@ -41,23 +53,50 @@ void PulseAudioInput::installTap(std::uint32_t frames, const AudioFormat& format
 
 void PulseAudioInput::start(Started started) {
   require(run == nullptr && installed.has_value(), "a stopped input with a tap is started");
-  const auto& [frames, format, tap] = *installed;
-  run = std::make_shared<Run>(Run{.started = std::move(started), .stream = nullptr});
-  run->stream = std::make_shared<RecordStream>(format, channelOrder(format),
-                                               BufferCollector(frames, format, tap), observer());
-  connection.async([stream = run->stream](PulseSession* server) { stream->open(server); });
+  run = std::make_shared<Run>();
+  run->started = std::move(started);
+  run->feed = std::make_shared<MicrophoneFeed>(installed->frames, installed->tap,
+                                               [this, post = poster(run)](milliseconds lasting) {
+                                                 post([this, lasting] { silent(lasting); });
+                                               });
+  open(installed->format);
 }
 
-/// Carries what the stream tells to the main thread, where it counts only for the run it is of;
-/// a run ends, at the latest, with this object.
+void PulseAudioInput::open(const AudioFormat& format) {
+  run->attempt = std::make_shared<Attempt>(Attempt{.stream = nullptr,
+                                                   .format = format,
+                                                   .order = channelOrder(format),
+                                                   .begun = std::chrono::steady_clock::now()});
+  const auto stream =
+      std::make_shared<RecordStream>(format, run->attempt->order, run->feed, observer());
+  run->attempt->stream = stream;
+  connection.async([feed = run->feed, stream, format](PulseSession* server) {
+    feed->begin(format);
+    stream->open(server);
+  });
+}
+
+void PulseAudioInput::close() {
+  const auto stream = std::exchange(run->attempt->stream, nullptr);
+  if (stream == nullptr) return;
+  connection.async([stream](PulseSession*) { stream->close(); });
+}
+
 RecordStream::Observer PulseAudioInput::observer() {
-  const auto post = [&queue = mainQueue, weak = std::weak_ptr(run)](std::function<void()> job) {
-    queue.async([weak, job = std::move(job)] {
-      if (!weak.expired()) job();
-    });
-  };
+  const auto post = poster(run->attempt);
   return {.ready = [this, post] { post([this] { ready(); }); },
           .ended = [this, post](int error) { post([this, error] { ended(error); }); }};
+}
+
+/// Carries jobs to the main thread, where they count only during `lifetime`, which ends, at the
+/// latest, with this object.
+std::function<void(std::function<void()>)> PulseAudioInput::poster(
+    std::weak_ptr<void> lifetime) const {
+  return [&queue = mainQueue, lifetime = std::move(lifetime)](std::function<void()> job) {
+    queue.async([lifetime, job = std::move(job)] {
+      if (!lifetime.expired()) job();
+    });
+  };
 }
 
 pa_channel_map PulseAudioInput::channelOrder(const AudioFormat& format) const {
@@ -69,14 +108,52 @@ pa_channel_map PulseAudioInput::channelOrder(const AudioFormat& format) const {
 }
 
 void PulseAudioInput::ready() {
-  if (const Started started = std::exchange(run->started, nullptr)) started(true);
+  run->attempt->ready = true;
+  if (const Started started = std::exchange(run->started, nullptr)) {
+    run->watch = connection.watch([this] { serverChanged(); });
+    started(true);
+  }
 }
 
 void PulseAudioInput::ended(int error) {
-  const auto last = std::exchange(run, nullptr);
-  last->stream->mute();
+  run->attempt->stream = nullptr;
   if (error == PA_ERR_ACCESS) connection.refuse();
-  if (last->started) last->started(false);
+  // The first recording's end is how the start ended; that of a later one leaves silence, which
+  // leads to the next.
+  if (const Started started = std::exchange(run->started, nullptr)) {
+    stop();
+    started(false);
+  }
+}
+
+void PulseAudioInput::serverChanged() {
+  const AudioFormat& device = connection.facts().device;
+  // Without a microphone the server may let us hear its loudspeakers instead.
+  if (device == AudioFormat{}) return close();
+  if (isOfTheDevice()) return;
+  close();
+  open(device);
+}
+
+bool PulseAudioInput::isOfTheDevice() const {
+  const ServerFacts& facts = connection.facts();
+  const Attempt& attempt = *run->attempt;
+  return attempt.stream != nullptr && attempt.format == facts.device &&
+         pa_channel_map_equal(&attempt.order, &facts.deviceOrder) != 0;
+}
+
+void PulseAudioInput::silent(milliseconds lasting) {
+  if (connection.facts().device == AudioFormat{} || !isHopeless(lasting)) return;
+  close();
+  open(connection.facts().device);
+}
+
+/// A stream that the server has not made yet has a deadline of its own.
+bool PulseAudioInput::isHopeless(milliseconds silence) const {
+  const Attempt& attempt = *run->attempt;
+  const auto age = std::chrono::steady_clock::now() - attempt.begun;
+  if (attempt.stream == nullptr) return age >= pauseBetweenAttempts;
+  return attempt.ready && silence >= longestSilence && age >= longestSilence;
 }
 
 }  // namespace corvane

@@ -1,17 +1,20 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <optional>
 
 #include "platform/audio_input.h"
 #include "platform/main_queue.h"
+#include "platform/pulse/microphone_feed.h"
 #include "platform/pulse/pulse_connection.h"
 #include "platform/pulse/record_stream.h"
 
 namespace corvane {
 
 /// The microphone that the audio server has as its default, in the device's own format. The
-/// server must be connected (`PulseConnection::connect`) for it to tell or record anything.
+/// server must be connected (`PulseConnection::connect`) for a start to succeed. From then on it
+/// records again by itself after whatever happened to the server or the device.
 class PulseAudioInput final : public AudioInput {
  public:
   /// `connection` and `mainQueue` must outlive the input.
@@ -20,7 +23,6 @@ class PulseAudioInput final : public AudioInput {
   PulseAudioInput(const PulseAudioInput&) = delete;
   PulseAudioInput& operator=(const PulseAudioInput&) = delete;
 
-  /// Also false once a recording has ended by itself, as it does when the server goes.
   bool isRunning() const override { return run != nullptr; }
   void stop() override;
   /// Nothing is kept from one start to the next, so nothing is left to drop.
@@ -36,20 +38,37 @@ class PulseAudioInput final : public AudioInput {
     AudioFormat format;
     Tap tap;
   };
+  struct Attempt {
+    std::shared_ptr<RecordStream> stream;
+    AudioFormat format;
+    pa_channel_map order{};
+    std::chrono::steady_clock::time_point begun;
+    bool ready = false;
+  };
+  /// From `start` until `stop` or the start's failure: one recording after the other.
   struct Run {
     Started started;  ///< none once it has been told
-    std::shared_ptr<RecordStream> stream;
+    std::shared_ptr<MicrophoneFeed> feed;
+    std::shared_ptr<Attempt> attempt;   ///< also after its stream has ended, which it then lacks
+    std::shared_ptr<const void> watch;  ///< of the server; once started
   };
 
+  void open(const AudioFormat& format);
+  void close();
   RecordStream::Observer observer();
+  std::function<void(std::function<void()>)> poster(std::weak_ptr<void> lifetime) const;
   pa_channel_map channelOrder(const AudioFormat& format) const;
   void ready();
   void ended(int error);
+  void serverChanged();
+  void silent(std::chrono::milliseconds lasting);
+  bool isOfTheDevice() const;
+  bool isHopeless(std::chrono::milliseconds silence) const;
 
   PulseConnection& connection;
   MainQueue& mainQueue;
   std::optional<Installed> installed;
-  std::shared_ptr<Run> run;  ///< from `start` until `stop` or the recording's end
+  std::shared_ptr<Run> run;
 };
 
 }  // namespace corvane

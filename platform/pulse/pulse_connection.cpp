@@ -2,14 +2,27 @@
 
 #include <pulse/def.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace corvane {
+namespace {
 
-PulseConnection::PulseConnection(MainQueue& queue) : mainQueue(queue) {}
+/// Soon enough that a server that was restarted is back in no time, seldom enough for one that
+/// never comes.
+constexpr std::chrono::milliseconds shortestPause{200};
+constexpr std::chrono::milliseconds longestPause{1000};
+
+}  // namespace
+
+PulseConnection::PulseConnection(MainQueue& queue)
+    : mainQueue(queue), pause(shortestPause), lifetime(std::make_shared<char>()) {}
 
 PulseConnection::~PulseConnection() {
-  loop.async([this] { session.reset(); });
+  loop.async([this] {
+    nextAttempt.reset();
+    session.reset();
+  });
 }
 
 void PulseConnection::connect(Settled settled) {
@@ -49,7 +62,47 @@ void PulseConnection::settle(State state, const ServerFacts& facts) {
   if (state != State::connected && std::exchange(attempt, nullptr) != nullptr) {
     loop.async([this] { session.reset(); });
   }
+  if (state == State::connected) pause = shortestPause;
   for (const auto& settled : std::exchange(waiting, {})) settled(state);
+  tellWatchers();
+  if (attempt == nullptr) tryLater();
+}
+
+std::shared_ptr<const void> PulseConnection::watch(std::function<void()> changed) {
+  const auto watcher = std::make_shared<const std::function<void()>>(std::move(changed));
+  watchers.push_back(watcher);
+  if (attempt == nullptr) tryLater();
+  return watcher;
+}
+
+/// A watcher may drop its handle, or others, while it is told.
+void PulseConnection::tellWatchers() {
+  std::erase_if(watchers, [](const auto& watcher) { return watcher.expired(); });
+  for (const auto& watcher : std::vector(watchers)) {
+    if (const auto changed = watcher.lock()) (*changed)();
+  }
+}
+
+bool PulseConnection::isWatched() const {
+  return std::ranges::any_of(watchers, [](const auto& watcher) { return !watcher.expired(); });
+}
+
+void PulseConnection::tryLater() {
+  if (!isWatched()) return;
+  const auto again = [this, &queue = mainQueue, weak = std::weak_ptr(lifetime)] {
+    queue.async([this, weak] {
+      if (!weak.expired()) tryAgain();
+    });
+  };
+  loop.async([this, again, delay = pause] {
+    if (!nextAttempt) nextAttempt.emplace(*loop.api());
+    nextAttempt->arm(delay, again);
+  });
+  pause = std::min(2 * pause, longestPause);
+}
+
+void PulseConnection::tryAgain() {
+  if (attempt == nullptr && isWatched()) open();
 }
 
 void PulseConnection::async(std::function<void(PulseSession*)> job) {

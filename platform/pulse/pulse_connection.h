@@ -1,13 +1,16 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "platform/main_queue.h"
 #include "platform/pulse/pulse_loop.h"
 #include "platform/pulse/pulse_session.h"
 #include "platform/pulse/server_facts.h"
+#include "platform/pulse/timer.h"
 
 namespace corvane {
 
@@ -38,6 +41,10 @@ class PulseConnection {
   /// within this call, with the outcome.
   void connect(Settled settled);
 
+  /// While the returned handle lives, calls `changed` after each change of the state or the facts,
+  /// and seeks a server that has gone, or refused us, until there is one again.
+  [[nodiscard]] std::shared_ptr<const void> watch(std::function<void()> changed);
+
   /// Takes the server's word, given to a stream, that this program may not listen.
   void refuse() { settle(State::refused, {}); }
 
@@ -48,13 +55,21 @@ class PulseConnection {
   void open();
   PulseSession::Observer observer();
   void settle(State state, const ServerFacts& facts);
+  void tellWatchers();
+  bool isWatched() const;
+  void tryLater();
+  void tryAgain();
 
   MainQueue& mainQueue;
   State currentState = State::unknown;
   ServerFacts currentFacts;
   std::vector<Settled> waiting;
+  std::vector<std::weak_ptr<const std::function<void()>>> watchers;
+  std::chrono::milliseconds pause;        ///< before the next attempt that nobody asks for
   std::shared_ptr<void> attempt;          ///< from `open` until its session has ended
+  std::shared_ptr<void> lifetime;         ///< of this object
   std::unique_ptr<PulseSession> session;  ///< on the loop's thread only
+  std::optional<Timer> nextAttempt;       ///< on the loop's thread only
   PulseLoop loop;                         ///< last, so that its jobs find the rest alive
 };
 

@@ -13,21 +13,22 @@ constexpr auto serverDefault = static_cast<std::uint32_t>(-1);
 }  // namespace
 
 RecordStream::RecordStream(const AudioFormat& format, const pa_channel_map& channelOrder,
-                           BufferCollector receiver, Observer watching)
+                           std::shared_ptr<MicrophoneFeed> receiver, Observer watching)
     // A tuner wants the plain sound, not a caller's cleaned voice.
     : PulseStream(format, channelOrder,
                   {{PA_PROP_MEDIA_NAME, "Tuning"},
                    {PA_PROP_MEDIA_ROLE, "production"},
                    {PA_PROP_FILTER_SUPPRESS, "echo-cancel"}}),
-      observer(std::move(watching)),
-      collector(std::move(receiver)) {}
+      feed(std::move(receiver)),
+      observer(std::move(watching)) {}
 
 bool RecordStream::connect() {
   pa_stream_set_read_callback(
       stream(), [](pa_stream*, std::size_t, void* me) { static_cast<RecordStream*>(me)->read(); },
       this);
   pa_stream_set_moved_callback(
-      stream(), [](pa_stream*, void* me) { static_cast<RecordStream*>(me)->moved(); }, this);
+      stream(), [](pa_stream*, void* me) { static_cast<RecordStream*>(me)->feed->interrupt(); },
+      this);
   const pa_buffer_attr buffering{
       .maxlength = serverDefault,
       .tlength = serverDefault,
@@ -36,6 +37,11 @@ bool RecordStream::connect() {
       .fragsize = fragmentFrames * static_cast<std::uint32_t>(pa_frame_size(&spec()))};
   // No device: the stream follows the user's default.
   return pa_stream_connect_record(stream(), nullptr, &buffering, PA_STREAM_ADJUST_LATENCY) == 0;
+}
+
+void RecordStream::ready() {
+  feed->expectSound(api());
+  observer.ready();
 }
 
 void RecordStream::disconnectCallbacks() {
@@ -47,26 +53,10 @@ void RecordStream::read() {
   const void* data = nullptr;
   std::size_t bytes = 0;
   while (pa_stream_peek(stream(), &data, &bytes) == 0 && bytes > 0) {
-    {
-      // A hole comes as null with its length: silence.
-      const std::lock_guard held(gate);
-      const std::size_t frames = bytes / pa_frame_size(&spec());
-      if (collector) collector->append(static_cast<const float*>(data), frames);
-    }
+    // A hole comes as null with its length: silence.
+    feed->append(static_cast<const float*>(data), bytes / pa_frame_size(&spec()));
     pa_stream_drop(stream());
   }
-}
-
-void RecordStream::moved() {
-  // One buffer never holds the sound of two devices.
-  const std::lock_guard held(gate);
-  if (collector) collector->drop();
-}
-
-void RecordStream::mute() {
-  std::optional<BufferCollector> last;
-  const std::lock_guard held(gate);
-  last.swap(collector);
 }
 
 }  // namespace corvane

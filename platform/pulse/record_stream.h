@@ -1,10 +1,9 @@
 #pragma once
 
 #include <functional>
-#include <mutex>
-#include <optional>
+#include <memory>
 
-#include "platform/pulse/buffer_collector.h"
+#include "platform/pulse/microphone_feed.h"
 #include "platform/pulse/pulse_stream.h"
 
 namespace corvane {
@@ -20,24 +19,17 @@ class RecordStream final : public PulseStream {
   };
 
   /// `order` says where each channel belongs. Any thread.
-  RecordStream(const AudioFormat& format, const pa_channel_map& order, BufferCollector collector,
-               Observer observer);
-
-  /// When it returns, the tap is not running, will not be called, and is destroyed. Any thread;
-  /// waits for nothing but a tap that is running.
-  void mute();
+  RecordStream(const AudioFormat& format, const pa_channel_map& order,
+               std::shared_ptr<MicrophoneFeed> feed, Observer observer);
 
  private:
   bool connect() override;
-  void ready() override { observer.ready(); }
+  void ready() override;
   void ended(int error) override { observer.ended(error); }
   void disconnectCallbacks() override;
   void read();
-  void moved();
-
+  const std::shared_ptr<MicrophoneFeed> feed;
   Observer observer;
-  std::mutex gate;                           ///< held while the tap runs
-  std::optional<BufferCollector> collector;  ///< under `gate`; none once muted
 };
 
 }  // namespace corvane

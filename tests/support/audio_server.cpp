@@ -89,6 +89,7 @@ void AudioServer::load(const std::string& device, std::vector<std::string> modul
 void AudioServer::unplug(const std::string& name) {
   pactl({"unload-module", modules.at(name)});
   modules.erase(name);
+  std::erase_if(rooms, [&name](const Room& room) { return room.microphone == name; });
 }
 
 void AudioServer::addSpeakers(const std::string& name, std::uint32_t rate, std::uint32_t channels) {

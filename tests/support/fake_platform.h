@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "engine/tuner_engine.h"
+#include "platform/microphone_watch.h"
 
 namespace corvane::fakes {
 
@@ -94,6 +95,14 @@ class FakeAudioInput final : public AudioInput {
   Tap tap;
   Started pendingStart;
   std::vector<std::string> calls;
+};
+
+class FakeMicrophoneWatch final : public MicrophoneWatch {
+ public:
+  void begin(std::function<void(bool present)> tell) override { changed = std::move(tell); }
+  void end() override { changed = nullptr; }
+
+  std::function<void(bool present)> changed;  ///< none while nobody watches
 };
 
 /// A loudspeaker that remembers what it was given; the test ends each buffer.

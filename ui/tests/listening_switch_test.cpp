@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QEventLoop>
 #include <QGuiApplication>
 
 #include "tests/support/fake_platform.h"
@@ -19,7 +20,16 @@ class ListeningSwitchTest : public testing::Test {
   std::shared_ptr<TunerEngine> engine =
       TunerEngine::create(world.platform(), PitchCapture::create(std::make_unique<InlineQueue>()));
   QWindow window;
-  ListeningSwitch listening{window, engine};
+  fakes::FakeMicrophoneWatch watch;
+  ListeningSwitch listening{window, engine, watch, grace};
+
+  static constexpr std::chrono::milliseconds grace{50};
+
+  static void passTime(std::chrono::milliseconds time) {
+    QEventLoop loop;
+    QTimer::singleShot(time, &loop, &QEventLoop::quit);
+    loop.exec();
+  }
 };
 
 TEST_F(ListeningSwitchTest, NothingIsHeardBeforeTheWindowIsShown) {
@@ -65,6 +75,54 @@ TEST_F(ListeningSwitchTest, ActivationRetriesAMicrophoneThatWasMissing) {
   EXPECT_TRUE(engine->listening());
 }
 
+TEST_F(ListeningSwitchTest, MicrophonesAreWatchedWhileTheWindowIsOnTheScreen) {
+  EXPECT_FALSE(watch.changed);
+  window.show();
+  EXPECT_TRUE(watch.changed);
+  window.hide();
+  EXPECT_FALSE(watch.changed);
+}
+
+TEST_F(ListeningSwitchTest, AMicrophoneThatIsPluggedInLaterIsTakenUp) {
+  world.input->input = {};
+  window.show();
+  ASSERT_FALSE(engine->listening());
+  world.input->input = {48000.0, 1};
+  watch.changed(true);
+  EXPECT_TRUE(engine->listening());
+  EXPECT_EQ(engine->errorText(), std::nullopt);
+}
+
+TEST_F(ListeningSwitchTest, AMicrophoneThatStaysAwayIsMissedInWords) {
+  window.show();
+  ASSERT_TRUE(engine->listening());
+  world.input->input = {};
+  watch.changed(false);
+  EXPECT_EQ(engine->errorText(), std::nullopt);
+  passTime(2 * grace);
+  EXPECT_EQ(engine->errorText(), "No microphone is available.");
+  EXPECT_FALSE(engine->listening());
+}
+
+TEST_F(ListeningSwitchTest, AMicrophoneThatIsOnlyReplacedIsNotMissed) {
+  window.show();
+  world.input->calls.clear();
+  watch.changed(false);
+  watch.changed(true);
+  passTime(2 * grace);
+  EXPECT_TRUE(engine->listening());
+  EXPECT_TRUE(world.input->calls.empty());
+}
+
+TEST_F(ListeningSwitchTest, NobodyIsTakenUpOnceTheWindowHasGone) {
+  window.show();
+  watch.changed(false);
+  window.hide();
+  world.input->calls.clear();
+  passTime(2 * grace);
+  EXPECT_EQ(world.input->calls, std::vector<std::string>{});
+}
+
 TEST_F(ListeningSwitchTest, AWindowThatIsMerelyNotActiveGoesOnListening) {
   window.show();
   window.requestActivate();
@@ -94,7 +152,7 @@ TEST_F(ListeningSwitchTest, AWindowThatIsAlreadyShownIsListenedToAtOnce) {
       TunerEngine::create(world.platform(), PitchCapture::create(std::make_unique<InlineQueue>()));
   QWindow shown;
   shown.show();
-  const ListeningSwitch late(shown, other);
+  const ListeningSwitch late(shown, other, watch);
   EXPECT_TRUE(other->listening());
 }
 

@@ -38,7 +38,7 @@ void coded_signal::write(const std::filesystem::path& file, std::uint32_t room, 
 }
 
 RecordedBuffer::RecordedBuffer(const AudioBuffer& buffer)
-    : sampleRate(buffer.sampleRate), frames(buffer.frameLength) {
+    : sampleRate(buffer.sampleRate), frames(buffer.frameLength), afterGap(buffer.afterGap) {
   for (std::uint32_t c = 0; c < buffer.channelCount; ++c) {
     channels.emplace_back(buffer.channels[c], buffer.channels[c] + frames);
   }
@@ -64,6 +64,12 @@ std::string RecordedBuffer::faultAgainst(std::uint32_t room) const {
     }
   }
   return {};
+}
+
+std::vector<std::uint32_t> RecordedBuffer::frameNumbers() const {
+  std::vector<std::uint32_t> numbers;
+  for (const float sample : channels.at(0)) numbers.push_back(frameIn(sample));
+  return numbers;
 }
 
 std::uint32_t RecordedBuffer::firstFrame() const {

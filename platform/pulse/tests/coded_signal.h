@@ -32,12 +32,15 @@ struct RecordedBuffer {
   /// Empty when the buffer is one stretch of the coded signal of `room`, whole and unchanged; else
   /// what is wrong with it.
   std::string faultAgainst(std::uint32_t room) const;
+  /// The numbers of all frames, 0 where there is silence.
+  std::vector<std::uint32_t> frameNumbers() const;
   /// The number of the first and of the last frame; 0 in silence.
   std::uint32_t firstFrame() const;
   std::uint32_t lastFrame() const;
 
   double sampleRate;
   std::uint32_t frames;
+  bool afterGap;
   std::vector<std::vector<float>> channels;
 };
 

@@ -1,33 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <filesystem>
-
+#include "platform/pulse/tests/held.h"
 #include "platform/pulse/tests/output_fixture.h"
 #include "platform/pulse/tests/pulse_fixture.h"
 
 namespace corvane {
 namespace {
-
-struct Held {
-  std::ptrdiff_t descriptors;
-  std::ptrdiff_t threads;
-
-  bool operator==(const Held&) const = default;
-};
-
-std::ptrdiff_t entriesOf(const char* directory) {
-  using Iterator = std::filesystem::directory_iterator;
-  return std::distance(Iterator(directory), Iterator());
-}
-
-Held heldByThisProcess() {
-  return {entriesOf("/proc/self/fd"), entriesOf("/proc/self/task")};
-}
-
-std::ptrdiff_t linesIn(const std::string& text) {
-  return std::count(text.begin(), text.end(), '\n');
-}
 
 class Leak : public PulseTest {
  protected:

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <pulse/operation.h>
 
 #include "platform/pulse/tests/pulse_fixture.h"
 
@@ -19,14 +18,13 @@ class LostServer : public PulseTest {
   }
 };
 
-TEST_P(LostServer, AServerThatDiesWhileItIsHeardEndsTheRecordingAndALaterStartWorks) {
+TEST_P(LostServer, WhileItIsGoneThereIsNoFormatAndTheInputRunsOn) {
   listenToMicrophone();
   server.kill();
-  EXPECT_TRUE(client.pumpUntil([this] {
-    return client.permission->recordPermission() == RecordPermission::undetermined &&
-           !client.input->isRunning();
-  }));
+  EXPECT_TRUE(client.pumpUntil(
+      [this] { return client.permission->recordPermission() == RecordPermission::undetermined; }));
   EXPECT_EQ(client.input->inputFormat(), AudioFormat{});
+  EXPECT_TRUE(client.input->isRunning());
   expectEverythingWorksAfterARestart();
 }
 
@@ -53,22 +51,6 @@ TEST_P(LostServer, AServerThatDiesDuringTheStartFailsIt) {
   EXPECT_TRUE(client.pumpUntil([&outcome] { return outcome.has_value(); }));
   EXPECT_EQ(outcome, false);
   expectEverythingWorksAfterARestart();
-}
-
-TEST_P(LostServer, ARecordingThatTheServerEndsMayBeStartedAgain) {
-  listenToMicrophone();
-  const std::string list = server.pactl({"list", "short", "source-outputs"});
-  // PulseAudio's remapped microphone is a recording too; this program's is the newest.
-  const auto newest = list.rfind('\n', list.size() - 2) + 1;
-  const auto index = static_cast<std::uint32_t>(std::stoul(list.substr(newest)));
-  client.connection->async([index](PulseSession* session) {
-    pa_operation_unref(
-        pa_context_kill_source_output(session->readyContext(), index, nullptr, nullptr));
-  });
-  EXPECT_TRUE(client.pumpUntil([this] { return !client.input->isRunning(); }));
-  EXPECT_EQ(client.permission->recordPermission(), RecordPermission::granted);
-  EXPECT_EQ(client.listen(), true);
-  EXPECT_TRUE(client.hear(1, 1));
 }
 
 INSTANTIATE_TEST_SUITE_P(OnEitherServer, LostServer, eitherServer(), serverName);

@@ -78,15 +78,16 @@ void Client::stop() {
   prompt([this] { input->stop(); });
 }
 
-bool Client::hear(std::uint32_t room, std::size_t count) {
+bool Client::hear(std::uint32_t room, std::size_t count, std::chrono::seconds limit) {
   recording.clear();
-  return pumpUntil([this, room, count] {
+  const auto isHeard = [this, room, count] {
     const auto buffers = recording.buffers();
     const auto heard = std::count_if(
         buffers.begin(), buffers.end(),
         [room](const RecordedBuffer& buffer) { return buffer.faultAgainst(room).empty(); });
     return static_cast<std::size_t>(heard) >= count;
-  });
+  };
+  return pumpUntil(isHeard, limit);
 }
 
 void PulseTest::play(const std::string& microphone, std::uint32_t room, const AudioFormat& format,
@@ -97,10 +98,11 @@ void PulseTest::play(const std::string& microphone, std::uint32_t room, const Au
   players.push_back(server.play(microphone, file));
 }
 
-void PulseTest::listenToMicrophone(const AudioFormat& format, support::AudioServer::Pace pace) {
+void PulseTest::listenToMicrophone(const AudioFormat& format, support::AudioServer::Pace pace,
+                                   double seconds) {
   server.addMicrophone("mic", static_cast<std::uint32_t>(format.sampleRate), format.channelCount,
                        pace);
-  play("mic", 1, format);
+  play("mic", 1, format, seconds);
   ASSERT_EQ(client.ask(), true);
   ASSERT_EQ(client.input->inputFormat(), format);
   ASSERT_EQ(client.listen(), true);

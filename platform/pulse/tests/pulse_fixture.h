@@ -66,7 +66,8 @@ class Client {
   bool pumpUntil(const std::function<bool()>& condition,
                  std::chrono::seconds limit = std::chrono::seconds(10));
   /// Pumps until `count` buffers of the coded signal of `room` have come since now.
-  bool hear(std::uint32_t room, std::size_t count);
+  bool hear(std::uint32_t room, std::size_t count,
+            std::chrono::seconds limit = std::chrono::seconds(10));
 
   Recording recording;
   support::PumpedQueue mainQueue;
@@ -83,7 +84,8 @@ class PulseTest : public testing::TestWithParam<support::AudioServer::Kind> {
             double seconds = 20.0);
   /// Adds a microphone, plays room 1 to it and records from it.
   void listenToMicrophone(const AudioFormat& format = {48000.0, 2},
-                          support::AudioServer::Pace pace = support::AudioServer::Pace::eager);
+                          support::AudioServer::Pace pace = support::AudioServer::Pace::eager,
+                          double seconds = 20.0);
 
   support::AudioServer server{GetParam()};
   Client client;

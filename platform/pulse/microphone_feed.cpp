@@ -1,0 +1,83 @@
+#include "platform/pulse/microphone_feed.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace corvane {
+namespace {
+
+/// Enough for a listener who looks at two buffers at a time to find nothing in them at once.
+constexpr std::size_t firstSilentBuffers = 2;
+/// PipeWire gives the first quantum of a device and loses the second, without a word.
+constexpr double secondsToSettle = 0.05;
+
+}  // namespace
+
+MicrophoneFeed::MicrophoneFeed(std::uint32_t frames, AudioInput::Tap receiver,
+                               std::function<void(std::chrono::milliseconds)> watching)
+    : bufferFrames(frames), silent(std::move(watching)), tap(std::move(receiver)) {}
+
+void MicrophoneFeed::begin(const AudioFormat& format) {
+  pause = std::chrono::milliseconds(std::lround(1000.0 * bufferFrames / format.sampleRate));
+  framesToSettle = static_cast<std::size_t>(format.sampleRate * secondsToSettle);
+  unsettled = framesToSettle;
+  const std::lock_guard held(gate);
+  if (tap) collector.emplace(bufferFrames, format, tap);
+}
+
+void MicrophoneFeed::expectSound(pa_mainloop_api& api) {
+  if (timer) return;
+  timer.emplace(api);
+  timer->arm(longestBreath, [this] { quiet(); });
+}
+
+void MicrophoneFeed::append(const float* interleaved, std::size_t frames) {
+  if (std::exchange(silence, {}) > silence.zero()) interrupt();
+  if (timer) timer->arm(longestBreath, [this] { quiet(); });
+  if (unsettled > 0) {
+    unsettled -= std::min(unsettled, frames);
+    return;
+  }
+  const std::lock_guard held(gate);
+  if (collector) collector->append(interleaved, frames);
+}
+
+void MicrophoneFeed::interrupt() {
+  unsettled = framesToSettle;
+  const std::lock_guard held(gate);
+  if (collector) collector->drop();
+}
+
+void MicrophoneFeed::end() {
+  timer.reset();
+}
+
+/// Nothing has come for too long.
+void MicrophoneFeed::quiet() {
+  interrupt();
+  silence = longestBreath;
+  keepSilence(firstSilentBuffers * bufferFrames);
+}
+
+void MicrophoneFeed::keepSilence(std::size_t frames) {
+  timer->arm(pause, [this] {
+    silence += pause;
+    keepSilence(bufferFrames);
+  });
+  {
+    const std::lock_guard held(gate);
+    if (collector) collector->append(nullptr, frames);
+  }
+  silent(silence);
+}
+
+void MicrophoneFeed::mute() {
+  std::optional<BufferCollector> last;
+  AudioInput::Tap tapToo;
+  const std::lock_guard held(gate);
+  last.swap(collector);
+  tapToo.swap(tap);
+}
+
+}  // namespace corvane

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <filesystem>
+#include <fstream>
+#include <ostream>
+#include <string>
+
+namespace corvane {
+
+/// What this process holds of the system's.
+struct Held {
+  std::ptrdiff_t descriptors;
+  std::ptrdiff_t threads;
+
+  bool operator==(const Held&) const = default;
+};
+
+inline void PrintTo(const Held& held, std::ostream* out) {
+  *out << held.descriptors << " descriptors, " << held.threads << " threads";
+}
+
+inline Held heldByThisProcess() {
+  using Iterator = std::filesystem::directory_iterator;
+  const auto entries = [](const char* directory) {
+    return std::distance(Iterator(directory), Iterator());
+  };
+  return {entries("/proc/self/fd"), entries("/proc/self/task")};
+}
+
+/// Resident, in kB.
+inline long memoryOfThisProcess() {
+  std::ifstream status("/proc/self/status");
+  for (std::string word; status >> word;) {
+    long kilobytes = 0;
+    if (word == "VmRSS:" && status >> kilobytes) return kilobytes;
+  }
+  return -1;
+}
+
+inline std::ptrdiff_t linesIn(const std::string& text) {
+  return std::count(text.begin(), text.end(), '\n');
+}
+
+}  // namespace corvane
