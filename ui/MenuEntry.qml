@@ -6,23 +6,19 @@ import Corvane
 T.ItemDelegate {
     id: root
 
-    required property int index
     required property string title
     required property bool chosen
-    readonly property MenuView list: ListView.view as MenuView
+    required property real indent // of the title
 
-    width: list?.width ?? 0
-    height: 28
     text: title
     checked: chosen
-    highlighted: ListView.isCurrentItem
-    onClicked: list.pick(index)
+    focusPolicy: Qt.NoFocus
 
     Accessible.role: Accessible.MenuItem
     Accessible.name: title
     Accessible.checkable: true
     Accessible.checked: chosen
-    Accessible.onPressAction: list.pick(index)
+    Accessible.onPressAction: clicked()
 
     contentItem: Item {
         Symbol {
@@ -36,7 +32,7 @@ T.ItemDelegate {
         }
 
         Label {
-            x: 30
+            x: root.indent
             anchors.verticalCenter: parent.verticalCenter
             width: parent.width - x - 10
             text: root.title

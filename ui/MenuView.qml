@@ -1,9 +1,12 @@
 import QtQuick
 import Corvane
 
-// What the entries of a menu know of the menu they stand in.
+// What the rows of a menu know of the menu they stand in.
 ListView {
     required property MenuModel entries
+    readonly property real entryHeight: 28
+    // Room for a checkmark before the titles, where an entry can have one.
+    readonly property real indent: entries.chosenRow < 0 ? 10 : 30
 
     signal picked(value: string)
 

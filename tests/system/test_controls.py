@@ -8,10 +8,9 @@ from desk.controls_test import ControlsTest
 from desk.library import BASS, GUITAR, PIANO, Tuning
 from desk.pull_down import PullDown
 from desk.screen import ANSWER_SECONDS
+from desk.sizes import SMALLEST
 from desk.waiting import wait_until
 
-MENU_BAR = 28
-SMALLEST = (420, 680 + MENU_BAR)
 FIRST = {"guitar": GUITAR[0], "bass": BASS[0], "piano": PIANO[0]}
 SECTIONS = {"guitar": ["6-string", "Open and alternate", "Baritone", "7-string", "8-string",
                        "12-string"],
@@ -73,6 +72,14 @@ class Tunings(TuningTest):
                 self.assertEqual(opened.chosen(), [tunings[2].name])
             self.assert_shows(controls, tunings[2])
             self.assertEqual(self.tuner.quit(), 0)
+
+    def test_the_sections_are_those_of_the_instrument_also_after_it_was_switched(self) -> None:
+        controls = self.open_controls()
+        for instrument in ("guitar", "bass", "guitar"):
+            controls.screen.press(name=instrument.title())
+            self.assert_shows(controls, FIRST[instrument])
+            with PullDown(controls.screen, controls.tuning_face()) as opened:
+                self.assertEqual(opened.sections(), SECTIONS[instrument])
 
     def test_one_is_chosen_with_the_keyboard_alone(self) -> None:
         controls = self.open_controls()

@@ -105,6 +105,13 @@ TestCase {
         return found[0];
     }
 
+    // Headings and entries of a menu from top to bottom.
+    function menuTexts(list) {
+        const labels = textItems(list.contentItem);
+        labels.sort((one, other) => one.mapToItem(list, 0, 0).y - other.mapToItem(list, 0, 0).y);
+        return labels.map(each => each.text);
+    }
+
     // In 8 bits a channel: texts keep no more.
     function compareColor(actual, expected) {
         compare(String(actual), String(typeof expected === "string" ? Qt.color(expected) : expected));
