@@ -37,9 +37,9 @@ MenuView {
             currentIndex = row;
     }
 
-    Keys.onReturnPressed: pick(currentIndex)
-    Keys.onEnterPressed: pick(currentIndex)
-    Keys.onSpacePressed: pick(currentIndex)
+    Keys.onReturnPressed: pick(currentIndex, Qt.TabFocusReason)
+    Keys.onEnterPressed: pick(currentIndex, Qt.TabFocusReason)
+    Keys.onSpacePressed: pick(currentIndex, Qt.TabFocusReason)
     Keys.onPressed: event => {
         if (event.key === Qt.Key_Home)
             moveBy(-count);

@@ -35,6 +35,6 @@ Item {
         chosen: root.chosen
         indent: root.list?.indent ?? 0
         highlighted: root.ListView.isCurrentItem
-        onClicked: root.list.pick(root.index)
+        onClicked: root.list.pick(root.index, Qt.MouseFocusReason)
     }
 }

@@ -42,7 +42,7 @@ Item {
 
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
-        width: TypeScale.caption + 2
+        width: TypeScale.caption
         height: width
         kind: Symbol.ChevronUpDown
         color: TunerTheme.muted

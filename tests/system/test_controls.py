@@ -35,6 +35,14 @@ class Instruments(TuningTest):
                 self.assert_shows(controls, FIRST[instrument])
                 controls.wait_until_saved(instrument=instrument)
 
+    def test_the_arrow_keys_go_from_one_to_the_next(self) -> None:
+        controls = self.open_controls()
+        controls.screen.focus("Guitar")
+        controls.screen.keys("End", "Left")
+        controls.screen.wait_until_focused("Bass")
+        controls.screen.keys("Return")
+        self.assert_shows(controls, FIRST["bass"])
+
     def test_the_piano_has_a_mode_and_no_strings(self) -> None:
         controls = self.open_controls()
         controls.screen.find(name="Tuning")
@@ -89,6 +97,24 @@ class Tunings(TuningTest):
         controls.screen.find(role=pyatspi.ROLE_POPUP_MENU)
         controls.screen.keys("Down", "Down", "Return")
         self.assert_shows(controls, GUITAR[2])
+
+    def test_the_keyboard_comes_back_to_the_control_that_opened_the_list(self) -> None:
+        controls = self.open_controls()
+        screen = controls.screen
+        screen.rest_mouse()
+        screen.focus("Standard")
+        for close in ("Escape", "Return"):
+            screen.keys("space")
+            screen.find(role=pyatspi.ROLE_POPUP_MENU)
+            screen.keys(close)
+            screen.wait_until_focused("Standard")
+        screen.keys("Return")
+        screen.find(role=pyatspi.ROLE_POPUP_MENU)
+        screen.keys("Down", "Return")
+        self.assert_shows(controls, GUITAR[1])
+        screen.wait_until_focused(GUITAR[1].name)
+        screen.keys("Tab")
+        screen.wait_until_focused("Auto")
 
     def assert_each_is_chosen(self, controls: Controls, tunings: list[Tuning]) -> None:
         for tuning in tunings:

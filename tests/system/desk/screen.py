@@ -128,6 +128,10 @@ class Screen(Window):
                 return
         raise LookupError(f"the keyboard does not get to {name}")
 
+    def wait_until_focused(self, name: str) -> None:
+        wait_until(lambda: self._focused() == name, ANSWER_SECONDS,
+                   lambda: f"the keyboard is at {self._focused()}, not {name}")
+
     def _focused(self) -> str:
         return next((item.name for item in self.items() if item.focused), "")
 
