@@ -87,8 +87,8 @@ Item {
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
         height: parent.height
-        from: 377
-        to: 560
+        minimumValue: 377
+        maximumValue: 560
         value: root.tuner.a4
         onStepped: value => root.tuner.a4 = value
     }

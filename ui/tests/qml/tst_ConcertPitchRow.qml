@@ -81,8 +81,8 @@ ScreenTest {
 
     function test_the_stepper_goes_from_377_to_560() {
         const stepper = all(make(subject), Stepper)[0];
-        compare(stepper.from, 377);
-        compare(stepper.to, 560);
+        compare(stepper.minimumValue, 377);
+        compare(stepper.maximumValue, 560);
         mouseClick(buttonOf(stepper, "Raise"));
         compare(tuner.a4, 441);
         tuner.a4 = 560;
