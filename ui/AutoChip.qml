@@ -16,6 +16,10 @@ Chip {
         id: label
 
         anchors.centerIn: parent
+        width: parent.width - 2 * (3 + 2) // clear of the outline
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: 8
+        horizontalAlignment: Text.AlignHCenter
         text: "Auto"
         color: root.selected ? TunerTheme.gold : "white"
         font.pixelSize: TypeScale.subheadline

@@ -31,7 +31,7 @@ Item {
             text: root.tuner.tuningDetail
             color: TunerTheme.muted
             font.pixelSize: TypeScale.caption
-            elide: Text.ElideRight
+            wrapMode: Text.WordWrap
 
             Accessible.ignored: true
         }

@@ -33,6 +33,23 @@ ScreenTest {
         compare(label.font.weight, Font.DemiBold);
     }
 
+    function test_its_text_stays_clear_of_its_outline_data() {
+        return [36, 41.5, 54].map(side => ({
+                    tag: String(side),
+                    side: side
+                }));
+    }
+
+    function test_its_text_stays_clear_of_its_outline(row) {
+        const auto = make(subject, {
+                itemWidth: row.side
+            }).children[0];
+        const label = textItem(auto, "Auto");
+        // The outline is 2 points wide, and up to a point is lost to whole pixels.
+        verify(label.contentWidth <= row.side - 2 * (2 + 3) + 1, label.contentWidth);
+        verify(!label.truncated);
+    }
+
     function test_is_selected_while_no_string_is_locked() {
         const auto = chip();
         compareColor(textItem(auto, "Auto").color, TunerTheme.gold);
