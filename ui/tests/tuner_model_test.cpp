@@ -48,7 +48,7 @@ class TunerModelTest : public testing::Test {
   fakes::World world;
   std::shared_ptr<TunerEngine> engine =
       TunerEngine::create(world.platform(), PitchCapture::create(std::make_unique<InlineQueue>()));
-  TunerModel model{engine, world.platform()};
+  TunerModel model{engine, world.permission, world.urlOpener};
 };
 
 constexpr PitchDetector::Reading sharpA2{111.0, 0.99, 0.05F};
@@ -299,7 +299,7 @@ TEST_F(TunerModelTest, SizesAndTextsOfTheScreenAreThoseOfTheUnits) {
 TEST_F(TunerModelTest, IsSilentOnceItIsGone) {
   int changes = 0;
   {
-    TunerModel shortLived(engine, world.platform());
+    TunerModel shortLived(engine, world.permission, world.urlOpener);
     QObject::connect(&shortLived, &TunerModel::a4Changed, [&] { ++changes; });
     engine->setA4(441.0);
   }
