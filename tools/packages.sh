@@ -3,7 +3,7 @@
 
 build_packages="g++ cmake ninja-build pkg-config qt6-base-dev qt6-declarative-dev
   qt6-declarative-dev-tools qt6-wayland qml6-module-qtquick qml6-module-qtquick-window
-  qml6-module-qtqml qml6-module-qtqml-workerscript qml6-module-qtquick-templates
+  qml6-module-qtqml qml6-module-qtqml-workerscript
   fonts-quicksand libpulse-dev libsndfile1-dev"
 desktop_packages="xvfb openbox xdotool dbus at-spi2-core python3 python3-pyatspi gir1.2-atspi-2.0
   pulseaudio pulseaudio-utils imagemagick fluidsynth timgm6mb-soundfont fonts-dejavu-core"

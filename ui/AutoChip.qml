@@ -5,23 +5,25 @@ import Corvane
 Chip {
     id: root
 
-    text: "Auto"
     selected: !(row?.tuner.locked ?? false)
-    onClicked: row.tuner.releaseLock()
     fill: selected ? Qt.rgba(TunerTheme.gold.r, TunerTheme.gold.g, TunerTheme.gold.b, 0.22) : TunerTheme.card
+    onClicked: row.tuner.releaseLock()
 
     Accessible.role: Accessible.Button
-    Accessible.name: text
-    Accessible.checkable: true
-    Accessible.checked: selected
+    Accessible.name: label.text
 
-    contentItem: Label {
-        text: root.text
+    Label {
+        id: label
+
+        anchors.centerIn: parent
+        width: parent.width - 2 * (3 + 2) // clear of the outline
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: 8
+        horizontalAlignment: Text.AlignHCenter
+        text: "Auto"
         color: root.selected ? TunerTheme.gold : "white"
         font.pixelSize: TypeScale.subheadline
         font.weight: Font.DemiBold
-        horizontalAlignment: Text.AlignHCenter
-        verticalAlignment: Text.AlignVCenter
 
         Accessible.ignored: true
     }

@@ -26,16 +26,30 @@ Item {
         anchors.right: stepper.left
         anchors.rightMargin: 10
         height: parent.height
-        leftPadding: 10
-        rightPadding: 8
-        implicitWidth: implicitContentWidth + leftPadding + rightPadding
+        implicitWidth: title.implicitWidth + 18
         onClicked: menu.open()
 
         Accessible.role: Accessible.ButtonMenu
         Accessible.name: root.tuner.concertPitchTitle
         Accessible.description: "Concert pitch presets"
 
-        contentItem: Row {
+        ContinuousRectangle {
+            anchors.fill: parent
+            radius: 8
+            color: Qt.tint(Qt.rgba(1, 1, 1, 0.08), menu.opened ? Qt.rgba(1, 1, 1, 0.08) : face.light)
+        }
+
+        FocusRing {
+            control: face
+            radius: 11
+            visible: face.visualFocus
+        }
+
+        Row {
+            id: title
+
+            x: 10
+            anchors.verticalCenter: parent.verticalCenter
             spacing: 6
 
             Label {
@@ -56,21 +70,12 @@ Item {
             }
         }
 
-        background: ContinuousRectangle {
-            radius: 8
-            color: Qt.rgba(1, 1, 1, face.down || menu.visible ? 0.16 : face.hovered ? 0.12 : 0.08)
-
-            FocusRing {
-                control: parent
-                radius: 11
-                visible: face.visualFocus
-            }
-        }
-
         PullDownMenu {
             id: menu
 
-            x: face.width - width
+            control: face
+            width: 220
+            alignment: Qt.AlignRight
             entries: root.tuner.concertPitches
             onPicked: hertz => root.tuner.a4 = Number(hertz)
         }
@@ -82,8 +87,8 @@ Item {
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
         height: parent.height
-        from: 377
-        to: 560
+        minimumValue: 377
+        maximumValue: 560
         value: root.tuner.a4
         onStepped: value => root.tuner.a4 = value
     }

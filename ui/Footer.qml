@@ -20,29 +20,28 @@ Row {
     PlainButton {
         id: link
 
-        text: root.tuner.privacyTitle
-        implicitWidth: implicitContentWidth
-        implicitHeight: implicitContentHeight
+        implicitWidth: title.implicitWidth
+        implicitHeight: title.implicitHeight
         onClicked: root.tuner.openPrivacyPolicy()
 
         Accessible.role: Accessible.Link
-        Accessible.name: text
+        Accessible.name: title.text
 
-        contentItem: Label {
-            text: link.text
+        FocusRing {
+            control: link
+            radius: 5
+            visible: link.visualFocus
+        }
+
+        Label {
+            id: title
+
+            text: root.tuner.privacyTitle
             color: TunerTheme.muted
             font.pixelSize: TypeScale.caption2
             font.underline: link.hovered
 
             Accessible.ignored: true
-        }
-
-        background: Item {
-            FocusRing {
-                control: parent
-                radius: 5
-                visible: link.visualFocus
-            }
         }
 
         HoverHandler {

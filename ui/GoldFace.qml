@@ -1,15 +1,17 @@
 import QtQuick
-import QtQuick.Templates as T
 import Corvane
 
 // The ground of the two buttons that matter most.
 ContinuousRectangle {
     id: root
 
-    required property T.AbstractButton control
+    required property PlainButton control
+    readonly property color pressed: Qt.darker(TunerTheme.gold, 1.15)
+    readonly property color hovered: Qt.lighter(TunerTheme.gold, 1.06)
 
+    anchors.fill: control
     radius: 12
-    color: control.down ? Qt.darker(TunerTheme.gold, 1.15) : control.hovered ? Qt.lighter(TunerTheme.gold, 1.06) : TunerTheme.gold
+    color: control.down ? pressed : control.hovered ? hovered : TunerTheme.gold
 
     FocusRing {
         control: root

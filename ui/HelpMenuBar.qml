@@ -16,39 +16,40 @@ Item {
 
         x: 6
         anchors.verticalCenter: parent.verticalCenter
-        text: "Help"
-        leftPadding: 8
-        rightPadding: 8
-        implicitWidth: implicitContentWidth + leftPadding + rightPadding
+        implicitWidth: title.implicitWidth + 16
         height: 22
         onClicked: menu.open()
 
         Accessible.role: Accessible.ButtonMenu
-        Accessible.name: text
+        Accessible.name: title.text
 
-        contentItem: Label {
-            text: help.text
-            verticalAlignment: Text.AlignVCenter
-
-            Accessible.ignored: true
+        ContinuousRectangle {
+            anchors.fill: parent
+            radius: 6
+            color: menu.opened ? Qt.rgba(1, 1, 1, 0.16) : help.light
         }
 
-        background: ContinuousRectangle {
-            radius: 6
-            color: Qt.rgba(1, 1, 1, help.down || menu.visible ? 0.16 : help.hovered ? 0.08 : 0)
+        FocusRing {
+            control: help
+            radius: 8
+            distance: 0
+            visible: help.visualFocus
+        }
 
-            FocusRing {
-                control: parent
-                radius: 8
-                distance: 0
-                visible: help.visualFocus
-            }
+        Label {
+            id: title
+
+            anchors.centerIn: parent
+            text: "Help"
+
+            Accessible.ignored: true
         }
 
         PullDownMenu {
             id: menu
 
-            implicitWidth: 160
+            control: help
+            width: 160
             entries: root.tuner.helpMenu
             onPicked: root.tuner.openPrivacyPolicy()
         }

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Corvane
 
 // Over the tuning: what the list is, and the order of the strings.
@@ -18,25 +17,27 @@ Item {
         font.weight: Font.DemiBold
     }
 
-    T.Switch {
+    PlainButton {
         id: handed
+
+        readonly property bool checked: root.tuner.leftHanded
 
         anchors.right: title.left
         anchors.rightMargin: 8
         anchors.verticalCenter: parent.verticalCenter
         implicitWidth: 34
         implicitHeight: 20
-        checked: root.tuner.leftHanded
-        onToggled: root.tuner.leftHanded = checked
+        onClicked: root.tuner.leftHanded = !checked
 
+        Accessible.role: Accessible.CheckBox
         Accessible.name: "Left-handed string order"
-        Accessible.onPressAction: root.tuner.leftHanded = !root.tuner.leftHanded
-        Accessible.onToggleAction: root.tuner.leftHanded = !root.tuner.leftHanded
+        Accessible.checkable: true
+        Accessible.checked: checked
+        Accessible.onToggleAction: press()
 
-        indicator: Capsule {
-            width: handed.width
-            height: handed.height
-            color: handed.checked ? TunerTheme.gold : Qt.rgba(1, 1, 1, handed.hovered ? 0.22 : 0.16)
+        Capsule {
+            anchors.fill: parent
+            color: Qt.tint(handed.checked ? TunerTheme.gold : Qt.rgba(1, 1, 1, 0.16), handed.light)
 
             Capsule {
                 x: handed.checked ? parent.width - width - 2 : 2
@@ -45,12 +46,12 @@ Item {
                 height: width
                 color: "white"
             }
+        }
 
-            FocusRing {
-                control: parent
-                radius: 13
-                visible: handed.visualFocus
-            }
+        FocusRing {
+            control: handed
+            radius: 13
+            visible: handed.visualFocus
         }
     }
 

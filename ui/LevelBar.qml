@@ -21,7 +21,7 @@ Column {
         height: 6
         color: Qt.rgba(1, 1, 1, 0.08)
 
-        Accessible.role: Accessible.Indicator
+        Accessible.role: Accessible.ProgressBar
         Accessible.name: "Level"
         Accessible.description: Math.round(root.signal * 100) + " %"
 

@@ -1,53 +1,45 @@
 import QtQuick
-import QtQuick.Templates as T
 import Corvane
 
 // One entry of a menu; the chosen one has a checkmark.
-T.ItemDelegate {
+PlainButton {
     id: root
 
-    required property int index
     required property string title
     required property bool chosen
-    readonly property MenuView list: ListView.view as MenuView
+    required property bool highlighted
+    required property real indent // of the title
 
-    width: list?.width ?? 0
-    height: 28
-    text: title
-    checked: chosen
-    highlighted: ListView.isCurrentItem
-    onClicked: list.pick(index)
+    activeFocusOnTab: false
 
     Accessible.role: Accessible.MenuItem
     Accessible.name: title
     Accessible.checkable: true
     Accessible.checked: chosen
-    Accessible.onPressAction: list.pick(index)
 
-    contentItem: Item {
-        Symbol {
-            x: 10
-            anchors.verticalCenter: parent.verticalCenter
-            width: 12
-            height: width
-            visible: root.chosen
-            kind: Symbol.Checkmark
-            color: "white"
-        }
-
-        Label {
-            x: 30
-            anchors.verticalCenter: parent.verticalCenter
-            width: parent.width - x - 10
-            text: root.title
-            elide: Text.ElideRight
-
-            Accessible.ignored: true
-        }
-    }
-
-    background: ContinuousRectangle {
+    ContinuousRectangle {
+        anchors.fill: parent
         radius: 7
         color: Qt.rgba(1, 1, 1, root.down ? 0.16 : root.highlighted ? 0.1 : 0)
+    }
+
+    Symbol {
+        x: 10
+        anchors.verticalCenter: parent.verticalCenter
+        width: 12
+        height: width
+        visible: root.chosen
+        kind: Symbol.Checkmark
+        color: "white"
+    }
+
+    Label {
+        x: root.indent
+        anchors.verticalCenter: parent.verticalCenter
+        width: parent.width - x - 10
+        text: root.title
+        elide: Text.ElideRight
+
+        Accessible.ignored: true
     }
 }

@@ -5,6 +5,8 @@ import Corvane
 MenuView {
     id: root
 
+    readonly property int page: Math.max(1, Math.floor(height / entryHeight) - 1) // rows
+
     implicitHeight: contentHeight
     clip: true
     focus: true
@@ -19,18 +21,39 @@ MenuView {
 
     function highlightAt(place: point): void {
         const inList = contentItem.mapFromItem(null, place);
-        const row = indexAt(inList.x, inList.y);
+        const row = itemAt(inList.x, inList.y) as MenuRow;
+        if (row && row.isEntryAt(inList.y - row.y))
+            currentIndex = row.index;
+    }
+
+    // As far as there are entries.
+    function moveBy(rows: int): void {
+        currentIndex = Math.max(0, Math.min(currentIndex + rows, count - 1));
+    }
+
+    function moveTo(letter: string): void {
+        const row = entries.rowStartingWith(letter, currentIndex);
         if (row >= 0)
             currentIndex = row;
     }
 
-    Keys.onReturnPressed: pick(currentIndex)
-    Keys.onEnterPressed: pick(currentIndex)
-    Keys.onSpacePressed: pick(currentIndex)
+    Keys.onReturnPressed: pick(currentIndex, Qt.TabFocusReason)
+    Keys.onEnterPressed: pick(currentIndex, Qt.TabFocusReason)
+    Keys.onSpacePressed: pick(currentIndex, Qt.TabFocusReason)
+    Keys.onPressed: event => {
+        if (event.key === Qt.Key_Home)
+            moveBy(-count);
+        else if (event.key === Qt.Key_End)
+            moveBy(count);
+        else if (event.key === Qt.Key_PageUp)
+            moveBy(-page);
+        else if (event.key === Qt.Key_PageDown)
+            moveBy(page);
+        else
+            moveTo(event.text);
+    }
 
-    section.property: "section"
-    section.delegate: MenuSection {}
-    delegate: MenuEntry {}
+    delegate: MenuRow {}
 
     Accessible.role: Accessible.PopupMenu
 

@@ -1,21 +1,20 @@
 import QtQuick
 import Corvane
 
-// The heading of a section in a menu.
+// The heading of a section in a menu; nothing where there is none.
 Item {
     id: root
 
-    required property string section
+    required property string title
 
-    width: ListView.view?.width ?? 0
-    height: section === "" ? 0 : 26
+    height: title === "" ? 0 : 26
 
     Label {
         x: 10
         anchors.bottom: parent.bottom
         anchors.bottomMargin: 4
         visible: text !== ""
-        text: root.section
+        text: root.title
         color: TunerTheme.muted
         font.pixelSize: TypeScale.caption2
         font.weight: Font.DemiBold

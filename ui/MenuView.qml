@@ -1,14 +1,18 @@
 import QtQuick
 import Corvane
 
-// What the entries of a menu know of the menu they stand in.
+// What the rows of a menu know of the menu they stand in.
 ListView {
     required property MenuModel entries
+    readonly property real entryHeight: 28
+    // Room for a checkmark before the titles, where an entry can have one.
+    readonly property real indent: entries.chosenRow < 0 ? 10 : 30
 
-    signal picked(value: string)
+    // The reason tells a choice by the keyboard from one by a press.
+    signal picked(value: string, reason: int)
 
-    function pick(row: int): void {
+    function pick(row: int, reason: int): void {
         if (row >= 0)
-            picked(entries.valueAt(row));
+            picked(entries.valueAt(row), reason);
     }
 }

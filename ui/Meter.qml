@@ -45,7 +45,7 @@ Column {
         width: root.width
         height: root.bar
 
-        Accessible.role: Accessible.Indicator
+        Accessible.role: Accessible.ProgressBar
         Accessible.name: root.title
         Accessible.description: root.tuner.centsText
 

@@ -25,25 +25,25 @@ Column {
         id: button
 
         width: root.width
-        text: "Allow Microphone"
-        verticalPadding: 10
-        implicitHeight: implicitContentHeight + 2 * verticalPadding
+        implicitHeight: title.implicitHeight + 20
         onClicked: root.tuner.allowMicrophone()
 
         Accessible.role: Accessible.Button
-        Accessible.name: text
+        Accessible.name: title.text
 
-        contentItem: Label {
-            text: button.text
-            color: "black"
-            font.weight: Font.Bold
-            horizontalAlignment: Text.AlignHCenter
-
-            Accessible.ignored: true
+        GoldFace {
+            control: button
         }
 
-        background: GoldFace {
-            control: button
+        Label {
+            id: title
+
+            anchors.centerIn: parent
+            text: "Allow Microphone"
+            color: "black"
+            font.weight: Font.Bold
+
+            Accessible.ignored: true
         }
     }
 }

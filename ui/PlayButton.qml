@@ -8,19 +8,20 @@ PlainButton {
     required property TunerModel tuner
     required property bool compact
 
-    text: tuner.playingReference ? "Playing" : "Play reference"
-    verticalPadding: compact ? 8 : 10
-    implicitHeight: implicitContentHeight + 2 * verticalPadding
+    implicitHeight: label.implicitHeight + 2 * (compact ? 8 : 10)
     onClicked: tuner.playReference()
 
     Accessible.role: Accessible.Button
-    Accessible.name: text
+    Accessible.name: label.text
 
-    contentItem: PlayLabel {
-        text: root.text
+    GoldFace {
+        control: root
     }
 
-    background: GoldFace {
-        control: root
+    PlayLabel {
+        id: label
+
+        anchors.centerIn: parent
+        text: root.tuner.playingReference ? "Playing" : "Play reference"
     }
 }

@@ -1,34 +1,27 @@
 import QtQuick
 import Corvane
 
-// A loudspeaker and what pressing does, in the middle.
-Item {
+// A loudspeaker and what pressing does.
+Row {
     id: root
 
     required property string text
 
-    implicitHeight: label.implicitHeight
+    spacing: 6
 
-    Row {
-        anchors.centerIn: parent
-        spacing: 6
+    Symbol {
+        anchors.verticalCenter: parent.verticalCenter
+        width: 16
+        height: width
+        kind: Symbol.SpeakerWave
+        color: "black"
+    }
 
-        Symbol {
-            anchors.verticalCenter: parent.verticalCenter
-            width: 16
-            height: width
-            kind: Symbol.SpeakerWave
-            color: "black"
-        }
+    Label {
+        text: root.text
+        color: "black"
+        font.weight: Font.DemiBold
 
-        Label {
-            id: label
-
-            text: root.text
-            color: "black"
-            font.weight: Font.DemiBold
-
-            Accessible.ignored: true
-        }
+        Accessible.ignored: true
     }
 }

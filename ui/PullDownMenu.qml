@@ -1,40 +1,52 @@
 import QtQuick
-import QtQuick.Templates as T
 import Corvane
 
-// A list in sections that opens over the control it stands in, at the entry that is chosen, no
-// higher than the window.
-T.Popup {
+// A list in sections that opens over a control, at the entry that is chosen. Nothing of it exists
+// while it is closed.
+Item {
     id: root
 
+    required property Item control
     required property MenuModel entries
-    readonly property MenuList list: contentItem as MenuList
+    property int alignment: Qt.AlignLeft // with which edge of the control
+    property MenuOverlay shown: null
+    readonly property bool opened: shown !== null
+    readonly property Component overlay: MenuOverlay {}
 
     signal picked(value: string)
 
-    margins: 8
-    padding: 6
-    y: parent ? parent.height + 4 : 0
-    implicitWidth: 220
-    implicitHeight: Math.min(implicitContentHeight + 2 * padding, (parent?.Window.height ?? 0) - 2 * margins)
-    modal: true
-    focus: true
-    closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
-
-    onAboutToShow: list.showChosen()
-
-    contentItem: MenuList {
-        entries: root.entries
-        onPicked: value => {
-            root.close();
-            root.picked(value);
-        }
+    function open(): void {
+        shown = overlay.createObject(Window.contentItem, {
+                control: control,
+                entries: entries,
+                listWidth: width,
+                alignment: alignment
+            }) as MenuOverlay;
     }
 
-    background: ContinuousRectangle {
-        radius: 12
-        color: Qt.lighter(TunerTheme.card, 1.25)
-        borderWidth: 1
-        borderColor: Qt.rgba(1, 1, 1, 0.14)
+    // Whoever closes it with the keyboard sees where the keyboard is then.
+    function close(reason: int): void {
+        discard();
+        control.forceActiveFocus(reason);
+    }
+
+    function discard(): void {
+        shown?.destroy();
+        shown = null;
+    }
+
+    Component.onDestruction: discard()
+
+    Connections {
+        target: root.shown
+
+        function onDismissed(reason: int): void {
+            root.close(reason);
+        }
+
+        function onPicked(value: string, reason: int): void {
+            root.close(reason);
+            root.picked(value);
+        }
     }
 }

@@ -8,16 +8,10 @@ PlainButton {
     required property int modelData
     readonly property TunerRow row: parent as TunerRow
     readonly property bool selected: row?.tuner.wholeHertz === modelData
+    readonly property color gold: Qt.rgba(TunerTheme.gold.r, TunerTheme.gold.g, TunerTheme.gold.b, 0.22)
 
-    text: modelData
-    checked: selected
-    leftPadding: 10
-    rightPadding: 10
-    topPadding: 6
-    bottomPadding: 6
-    implicitWidth: implicitContentWidth + leftPadding + rightPadding
-    implicitHeight: implicitContentHeight + topPadding + bottomPadding
-
+    implicitWidth: number.implicitWidth + 20
+    implicitHeight: number.implicitHeight + 12
     onClicked: row.tuner.a4 = modelData
 
     Accessible.role: Accessible.RadioButton
@@ -25,22 +19,26 @@ PlainButton {
     Accessible.checkable: true
     Accessible.checked: selected
 
-    contentItem: Label {
-        text: root.text
+    Capsule {
+        anchors.fill: parent
+        color: Qt.tint(root.selected ? root.gold : Qt.rgba(1, 1, 1, 0.06), root.light)
+    }
+
+    FocusRing {
+        control: root
+        radius: height / 2
+        visible: root.visualFocus
+    }
+
+    Label {
+        id: number
+
+        anchors.centerIn: parent
+        text: root.modelData
         color: root.selected ? TunerTheme.gold : "white"
         font.pixelSize: TypeScale.caption
         font.weight: Font.DemiBold
 
         Accessible.ignored: true
-    }
-
-    background: Capsule {
-        color: root.selected ? Qt.rgba(TunerTheme.gold.r, TunerTheme.gold.g, TunerTheme.gold.b, 0.22) : Qt.rgba(1, 1, 1, root.down ? 0.14 : root.hovered ? 0.1 : 0.06)
-
-        FocusRing {
-            control: parent
-            radius: height / 2
-            visible: root.visualFocus
-        }
     }
 }

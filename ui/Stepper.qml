@@ -1,13 +1,16 @@
 import QtQuick
 import Corvane
 
-// A pair of buttons that change a number by one, held inside its range.
+// A pair of buttons that change a number by one, held inside its range. A screen reader finds the
+// range by the names of these properties.
 Item {
     id: root
 
     required property real value
-    required property real from
-    required property real to
+    required property real minimumValue
+    required property real maximumValue
+    readonly property real stepSize: 1
+    readonly property real page: 10
 
     signal stepped(value: real)
 
@@ -15,18 +18,23 @@ Item {
     activeFocusOnTab: true
 
     function step(by: real): void {
-        const next = Math.max(from, Math.min(value + by, to));
+        const next = Math.max(minimumValue, Math.min(value + by, maximumValue));
         if (next !== value)
             stepped(next);
     }
 
-    Keys.onUpPressed: step(1)
-    Keys.onDownPressed: step(-1)
+    Keys.onUpPressed: step(stepSize)
+    Keys.onDownPressed: step(-stepSize)
+    Keys.onPressed: event => {
+        event.accepted = event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown;
+        if (event.accepted)
+            step(event.key === Qt.Key_PageUp ? page : -page);
+    }
 
     Accessible.role: Accessible.SpinBox
     Accessible.name: "Concert pitch in hertz"
-    Accessible.onIncreaseAction: step(1)
-    Accessible.onDecreaseAction: step(-1)
+    Accessible.onIncreaseAction: step(stepSize)
+    Accessible.onDecreaseAction: step(-stepSize)
 
     ContinuousRectangle {
         anchors.fill: parent
@@ -39,8 +47,8 @@ Item {
         height: root.height
         kind: Symbol.Minus
         name: "Lower"
-        enabled: root.value > root.from
-        onClicked: root.step(-1)
+        enabled: root.value > root.minimumValue
+        onClicked: root.step(-root.stepSize)
     }
 
     Rectangle {
@@ -56,8 +64,8 @@ Item {
         height: root.height
         kind: Symbol.Plus
         name: "Raise"
-        enabled: root.value < root.to
-        onClicked: root.step(1)
+        enabled: root.value < root.maximumValue
+        onClicked: root.step(root.stepSize)
     }
 
     FocusRing {

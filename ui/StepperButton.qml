@@ -9,23 +9,22 @@ PlainButton {
     required property string name
 
     autoRepeat: true
-    focusPolicy: Qt.NoFocus
+    activeFocusOnTab: false
 
     Accessible.role: Accessible.Button
     Accessible.name: name
 
-    contentItem: Item {
-        Symbol {
-            anchors.centerIn: parent
-            width: 14
-            height: width
-            kind: root.kind
-            color: Qt.rgba(1, 1, 1, root.enabled ? 1 : 0.3)
-        }
+    ContinuousRectangle {
+        anchors.fill: parent
+        radius: 8
+        color: root.light
     }
 
-    background: ContinuousRectangle {
-        radius: 8
-        color: Qt.rgba(1, 1, 1, root.down ? 0.14 : root.hovered ? 0.06 : 0)
+    Symbol {
+        anchors.centerIn: parent
+        width: 14
+        height: width
+        kind: root.kind
+        color: Qt.rgba(1, 1, 1, root.enabled ? 1 : 0.3)
     }
 }

@@ -13,31 +13,27 @@ Chip {
 
     Accessible.role: Accessible.Button
     Accessible.name: label + octave
-    Accessible.checkable: true
-    Accessible.checked: selected
 
-    contentItem: Item {
-        Column {
-            anchors.centerIn: parent
-            spacing: 2
+    Column {
+        anchors.centerIn: parent
+        spacing: 2
 
-            Label {
-                anchors.horizontalCenter: parent.horizontalCenter
-                text: root.label
-                font.pixelSize: TypeScale.headline
-                font.weight: Font.DemiBold
+        Label {
+            anchors.horizontalCenter: parent.horizontalCenter
+            text: root.label
+            font.pixelSize: TypeScale.headline
+            font.weight: Font.DemiBold
 
-                Accessible.ignored: true
-            }
+            Accessible.ignored: true
+        }
 
-            Label {
-                anchors.horizontalCenter: parent.horizontalCenter
-                text: root.octave
-                color: TunerTheme.muted
-                font.pixelSize: TypeScale.caption2
+        Label {
+            anchors.horizontalCenter: parent.horizontalCenter
+            text: root.octave
+            color: TunerTheme.muted
+            font.pixelSize: TypeScale.caption2
 
-                Accessible.ignored: true
-            }
+            Accessible.ignored: true
         }
     }
 }

@@ -31,7 +31,7 @@ Item {
             text: root.tuner.tuningDetail
             color: TunerTheme.muted
             font.pixelSize: TypeScale.caption
-            elide: Text.ElideRight
+            wrapMode: Text.WordWrap
 
             Accessible.ignored: true
         }
@@ -42,7 +42,7 @@ Item {
 
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
-        width: TypeScale.caption + 2
+        width: TypeScale.caption
         height: width
         kind: Symbol.ChevronUpDown
         color: TunerTheme.muted

@@ -18,36 +18,40 @@ Column {
     PlainButton {
         id: face
 
+        readonly property real padding: root.metrics.compact ? 10 : 12
+
         width: root.width
-        padding: root.metrics.compact ? 10 : 12
-        implicitHeight: implicitContentHeight + 2 * padding
+        implicitHeight: texts.implicitHeight + 2 * padding
         onClicked: menu.open()
 
         Accessible.role: Accessible.ButtonMenu
         Accessible.name: root.tuner.tuningName
         Accessible.description: root.tuner.tuningDetail
 
-        contentItem: TuningFace {
-            tuner: root.tuner
+        ContinuousRectangle {
+            anchors.fill: parent
+            radius: 14
+            color: Qt.tint(TunerTheme.card, menu.opened ? Qt.rgba(1, 1, 1, 0.12) : face.light)
         }
 
-        background: ContinuousRectangle {
-            radius: 14
-            color: TunerTheme.card
-            borderWidth: 1
-            borderColor: Qt.rgba(1, 1, 1, face.down || menu.visible ? 0.24 : face.hovered ? 0.16 : 0)
+        FocusRing {
+            control: face
+            radius: 17
+            visible: face.visualFocus
+        }
 
-            FocusRing {
-                control: parent
-                radius: 17
-                visible: face.visualFocus
-            }
+        TuningFace {
+            id: texts
+
+            anchors.fill: parent
+            anchors.margins: face.padding
+            tuner: root.tuner
         }
 
         PullDownMenu {
             id: menu
 
-            width: face.width
+            control: face
             entries: root.tuner.tunings
             onPicked: id => root.tuner.chooseTuning(id)
         }

@@ -5,7 +5,9 @@
 namespace corvane {
 namespace {
 
-/// "Auto" and eight strings with their gaps fill the row in the widest tuning.
+/// "Auto" and eight strings with their gaps fill the row exactly where the card is compact, the
+/// area at least 428 points wide, and the chips below their largest. In a narrower area, or a card
+/// that is not compact, they run into the card's padding, by no more than 8 points.
 double chipSide(double width, double height) {
   const double row = width > 640.0 ? 600.0 : width - 40.0;
   const double side = std::max((row - 64.0) / 9.0, 36.0);

@@ -34,18 +34,19 @@ class Advances {
   double widestDigit = 0.0;
 };
 
+/// How wide `text` is when every digit takes the widest digit's place.
+double widthOf(const QString& text, const QFont& font) {
+  const Advances advances(font);
+  double width = 0.0;
+  for (const QChar character : text) width += advances.of(character);
+  return width;
+}
+
 }  // namespace
 
 FixedDigits::FixedDigits(QQuickItem* parent) : VectorItem(parent) {
   connect(this, &FixedDigits::textChanged, this, &FixedDigits::layOut);
   connect(this, &FixedDigits::colorChanged, this, [this] { update(); });
-}
-
-double FixedDigits::widthOf(const QString& text, const QFont& font) {
-  const Advances advances(font);
-  double width = 0.0;
-  for (const QChar character : text) width += advances.of(character);
-  return width;
 }
 
 void FixedDigits::layOut() {

@@ -25,9 +25,6 @@ class FixedDigits : public corvane::VectorItem {
 
   void paint(QPainter* painter) const override;
 
-  /// How wide `text` is in `font` when every digit takes the widest digit's place.
-  static double widthOf(const QString& text, const QFont& font);
-
  signals:
   void textChanged();
   void colorChanged();

@@ -14,6 +14,7 @@
 #include "platform/qt/qt_main_queue.h"
 #include "platform/qt/qt_preferences.h"
 #include "platform/qt/qt_url_opener.h"
+#include "ui/first_size.h"
 #include "ui/listening_switch.h"
 #include "ui/tuner_model.h"
 
@@ -53,12 +54,13 @@ int main(int argc, char** argv) {
   };
   const auto engine = TunerEngine::create(platform);
 
-  TunerModel tuner(engine, platform);
+  TunerModel tuner(engine, platform.microphonePermission, platform.urlOpener);
   QQmlApplicationEngine qml;
   QQuickWindow* window = showWindow(qml, tuner);
   require(window != nullptr, "the program carries its own screen");
   PulseMicrophoneWatch microphones(connection);
   const ListeningSwitch listening(*window, engine, microphones);
+  fitToScreen(*window);
   window->show();
   return QGuiApplication::exec();
 }

@@ -11,10 +11,11 @@ int MenuModel::rowCount(const QModelIndex& parent) const {
 
 QVariant MenuModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
-  const Entry& entry = entries[static_cast<std::size_t>(index.row())];
+  const auto row = static_cast<std::size_t>(index.row());
+  const Entry& entry = entries[row];
   switch (role) {
-    case Section:
-      return entry.section;
+    case Heading:
+      return headingAt(row);
     case Title:
       return entry.title;
     case Value:
@@ -27,7 +28,7 @@ QVariant MenuModel::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> MenuModel::roleNames() const {
-  return {{Section, "section"}, {Title, "title"}, {Value, "value"}, {Chosen, "chosen"}};
+  return {{Heading, "heading"}, {Title, "title"}, {Value, "value"}, {Chosen, "chosen"}};
 }
 
 int MenuModel::chosenRow() const {
@@ -39,8 +40,18 @@ QString MenuModel::valueAt(int row) const {
   return data(index(row), Value).toString();
 }
 
-QString MenuModel::titleAt(int row) const {
-  return data(index(row), Title).toString();
+int MenuModel::rowStartingWith(const QString& text, int row) const {
+  if (text.isEmpty()) return -1;
+  for (int step = 1; step <= rowCount(); ++step) {
+    const int next = (row + step) % rowCount();
+    if (data(index(next), Title).toString().startsWith(text, Qt::CaseInsensitive)) return next;
+  }
+  return -1;
+}
+
+QString MenuModel::headingAt(std::size_t row) const {
+  const QString& section = entries[row].section;
+  return row > 0 && entries[row - 1].section == section ? QString() : section;
 }
 
 void MenuModel::setEntries(std::vector<Entry> next) {

@@ -12,7 +12,6 @@ class MenuModel : public QAbstractListModel {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("Menus come from the tuner.")
-  Q_PROPERTY(int count READ count NOTIFY entriesChanged)
   Q_PROPERTY(int chosenRow READ chosenRow NOTIFY entriesChanged)
 
  public:
@@ -25,7 +24,8 @@ class MenuModel : public QAbstractListModel {
     bool operator==(const Entry&) const = default;
   };
 
-  enum Role { Section = Qt::UserRole + 1, Title, Value, Chosen };
+  /// The heading is the section where the entry is the first of it, and empty elsewhere.
+  enum Role { Heading = Qt::UserRole + 1, Title, Value, Chosen };
 
   using QAbstractListModel::QAbstractListModel;
 
@@ -33,10 +33,11 @@ class MenuModel : public QAbstractListModel {
   QVariant data(const QModelIndex& index, int role) const override;
   QHash<int, QByteArray> roleNames() const override;
 
-  int count() const { return rowCount(); }
   int chosenRow() const;  ///< -1 when no entry is the current one
   Q_INVOKABLE QString valueAt(int row) const;
-  Q_INVOKABLE QString titleAt(int row) const;
+  /// The next row after `row`, round and round, whose title starts with `text` in either case; -1
+  /// when there is none, or no text.
+  Q_INVOKABLE int rowStartingWith(const QString& text, int row) const;
 
   void setEntries(std::vector<Entry> next);
 
@@ -44,6 +45,8 @@ class MenuModel : public QAbstractListModel {
   void entriesChanged();
 
  private:
+  QString headingAt(std::size_t row) const;
+
   std::vector<Entry> entries;
 };
 

@@ -19,8 +19,13 @@ QString qString(std::string_view text) {
 
 }  // namespace
 
-TunerModel::TunerModel(std::shared_ptr<TunerEngine> tuner, Platform outside, QObject* parent)
-    : QObject(parent), engine(std::move(tuner)), platform(std::move(outside)) {
+TunerModel::TunerModel(std::shared_ptr<TunerEngine> tuner,
+                       std::shared_ptr<MicrophonePermission> permission,
+                       std::shared_ptr<UrlOpener> opener, QObject* parent)
+    : QObject(parent),
+      engine(std::move(tuner)),
+      microphonePermission(std::move(permission)),
+      urlOpener(std::move(opener)) {
   concertPitchMenu.setEntries(concertPitchEntries());
   helpEntriesMenu.setEntries(helpEntries());
   updateTunings();
@@ -170,12 +175,12 @@ void TunerModel::releaseLock() {
 
 void TunerModel::allowMicrophone() {
   engine->abandonMicRequest();
-  const bool denied = platform.microphonePermission->recordPermission() == RecordPermission::denied;
+  const bool denied = microphonePermission->recordPermission() == RecordPermission::denied;
   denied ? engine->openMicSettings() : engine->start();
 }
 
 void TunerModel::openPrivacyPolicy() {
-  platform.urlOpener->openURL(PrivacyPolicy::url().toString(QUrl::FullyEncoded).toStdString());
+  urlOpener->openURL(PrivacyPolicy::url().toString(QUrl::FullyEncoded).toStdString());
 }
 
 Fit TunerModel::fit(double width, double height) {

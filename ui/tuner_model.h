@@ -59,8 +59,9 @@ class TunerModel : public QObject {
   Q_PROPERTY(QString privacyTitle READ privacyTitle CONSTANT)
 
  public:
-  explicit TunerModel(std::shared_ptr<TunerEngine> engine, Platform platform,
-                      QObject* parent = nullptr);
+  TunerModel(std::shared_ptr<TunerEngine> engine,
+             std::shared_ptr<MicrophonePermission> microphonePermission,
+             std::shared_ptr<UrlOpener> urlOpener, QObject* parent = nullptr);
 
   bool heard() const { return engine->heard(); }
   double cents() const { return engine->cents(); }
@@ -125,7 +126,8 @@ class TunerModel : public QObject {
   void updateTunings();
 
   std::shared_ptr<TunerEngine> engine;
-  Platform platform;
+  std::shared_ptr<MicrophonePermission> microphonePermission;
+  std::shared_ptr<UrlOpener> urlOpener;
   MenuModel tuningMenu;
   MenuModel concertPitchMenu;
   MenuModel helpEntriesMenu;

@@ -14,12 +14,14 @@ class PaintNode final : public QSGRenderNode {
   explicit PaintNode(const VectorItem& painted) : item(painted) {}
 
   void render(const RenderState* state) override {
+    // An empty region is not "no clip": all of the item is scrolled out of what clips it.
+    const QRegion* const clip = state->clipRegion();
+    if (clip != nullptr && clip->isEmpty()) return;
     QQuickWindow* const window = item.window();
     auto* const painter = static_cast<QPainter*>(
         window->rendererInterface()->getResource(window, QSGRendererInterface::PainterResource));
     painter->save();
-    const QRegion* const clip = state->clipRegion();
-    if (clip != nullptr && !clip->isEmpty()) painter->setClipRegion(*clip, Qt::ReplaceClip);
+    if (clip != nullptr) painter->setClipRegion(*clip, Qt::ReplaceClip);
     painter->setTransform(matrix()->toTransform());
     painter->setOpacity(inheritedOpacity());
     painter->setRenderHint(QPainter::Antialiasing);

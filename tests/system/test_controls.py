@@ -8,10 +8,9 @@ from desk.controls_test import ControlsTest
 from desk.library import BASS, GUITAR, PIANO, Tuning
 from desk.pull_down import PullDown
 from desk.screen import ANSWER_SECONDS
+from desk.sizes import SMALLEST
 from desk.waiting import wait_until
 
-MENU_BAR = 28
-SMALLEST = (420, 680 + MENU_BAR)
 FIRST = {"guitar": GUITAR[0], "bass": BASS[0], "piano": PIANO[0]}
 SECTIONS = {"guitar": ["6-string", "Open and alternate", "Baritone", "7-string", "8-string",
                        "12-string"],
@@ -35,6 +34,14 @@ class Instruments(TuningTest):
                 controls.screen.find(name=instrument.title(), checked=True)
                 self.assert_shows(controls, FIRST[instrument])
                 controls.wait_until_saved(instrument=instrument)
+
+    def test_the_arrow_keys_go_from_one_to_the_next(self) -> None:
+        controls = self.open_controls()
+        controls.screen.focus("Guitar")
+        controls.screen.keys("End", "Left")
+        controls.screen.wait_until_focused("Bass")
+        controls.screen.keys("Return")
+        self.assert_shows(controls, FIRST["bass"])
 
     def test_the_piano_has_a_mode_and_no_strings(self) -> None:
         controls = self.open_controls()
@@ -74,6 +81,14 @@ class Tunings(TuningTest):
             self.assert_shows(controls, tunings[2])
             self.assertEqual(self.tuner.quit(), 0)
 
+    def test_the_sections_are_those_of_the_instrument_also_after_it_was_switched(self) -> None:
+        controls = self.open_controls()
+        for instrument in ("guitar", "bass", "guitar"):
+            controls.screen.press(name=instrument.title())
+            self.assert_shows(controls, FIRST[instrument])
+            with PullDown(controls.screen, controls.tuning_face()) as opened:
+                self.assertEqual(opened.sections(), SECTIONS[instrument])
+
     def test_one_is_chosen_with_the_keyboard_alone(self) -> None:
         controls = self.open_controls()
         controls.screen.rest_mouse()
@@ -82,6 +97,24 @@ class Tunings(TuningTest):
         controls.screen.find(role=pyatspi.ROLE_POPUP_MENU)
         controls.screen.keys("Down", "Down", "Return")
         self.assert_shows(controls, GUITAR[2])
+
+    def test_the_keyboard_comes_back_to_the_control_that_opened_the_list(self) -> None:
+        controls = self.open_controls()
+        screen = controls.screen
+        screen.rest_mouse()
+        screen.focus("Standard")
+        for close in ("Escape", "Return"):
+            screen.keys("space")
+            screen.find(role=pyatspi.ROLE_POPUP_MENU)
+            screen.keys(close)
+            screen.wait_until_focused("Standard")
+        screen.keys("Return")
+        screen.find(role=pyatspi.ROLE_POPUP_MENU)
+        screen.keys("Down", "Return")
+        self.assert_shows(controls, GUITAR[1])
+        screen.wait_until_focused(GUITAR[1].name)
+        screen.keys("Tab")
+        screen.wait_until_focused("Auto")
 
     def assert_each_is_chosen(self, controls: Controls, tunings: list[Tuning]) -> None:
         for tuning in tunings:

@@ -6,9 +6,9 @@ import os
 from desk import system_test
 from desk.library import GUITAR
 from desk.screen import ANSWER_SECONDS, Box, Screen
+from desk.sizes import MENU_BAR
 from desk.waiting import wait_until
 
-MENU_BAR = 28
 WIDEST_COLUMN = 640
 STRING_SPACING = 6
 

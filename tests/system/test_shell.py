@@ -8,12 +8,10 @@ from desk.controls import LEFT_HANDED, Controls
 from desk.pull_down import PullDown
 from desk.screen import ANSWER_SECONDS, Screen
 from desk.settings import read_settings, settings_file, write_settings
+from desk.sizes import FIRST_SIZE, SMALLEST
 from desk.tuner import Tuner
 from desk.waiting import wait_until
 
-MENU_BAR = 28
-FIRST_SIZE = (480, 860 + MENU_BAR)
-SMALLEST = (420, 680 + MENU_BAR)
 POLICY = "Privacy Policy"
 
 # The desktop's own way to open an address, as far as the program can tell.

@@ -136,6 +136,28 @@ TEST_F(ListeningSwitchTest, AWindowThatIsMerelyNotActiveGoesOnListening) {
   EXPECT_TRUE(engine->listening());
 }
 
+TEST_F(ListeningSwitchTest, ShownAndActiveAtOnceStartsTwiceWithoutHarm) {
+  window.show();
+  ASSERT_TRUE(engine->listening());
+  const auto calls = world.input->calls;
+  window.requestActivate();
+  QCoreApplication::processEvents();
+  ASSERT_TRUE(window.isActive());
+  EXPECT_EQ(world.input->calls, calls);
+  EXPECT_TRUE(engine->listening());
+  EXPECT_TRUE(world.input->running);
+  EXPECT_TRUE(engine->errorText().value_or("").empty());
+}
+
+TEST_F(ListeningSwitchTest, ShownAndActiveAtOnceAsksForTheMicrophoneOnce) {
+  world.permission->permission = RecordPermission::undetermined;
+  window.show();
+  window.requestActivate();
+  QCoreApplication::processEvents();
+  ASSERT_TRUE(window.isActive());
+  EXPECT_EQ(world.permission->requests.size(), 1U);
+}
+
 TEST_F(ListeningSwitchTest, AnAnswerThatComesWhenTheWindowHasGoneStartsNothing) {
   world.permission->permission = RecordPermission::undetermined;
   window.show();

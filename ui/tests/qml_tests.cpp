@@ -28,8 +28,6 @@ class Setup : public QObject {
 };
 
 int main(int argc, char** argv) {
-  // As on a desktop; the offscreen platform has no pointer to hover with.
-  qputenv("QT_QUICK_CONTROLS_HOVER_ENABLED", "1");
   Setup setup;
   return quick_test_main_with_setup(argc, argv, "screen", QML_TESTS_DIR, &setup);
 }

@@ -37,10 +37,18 @@ class TunerModelTest : public testing::Test {
     return labels;
   }
 
+  static std::vector<QString> titlesOf(const MenuModel& menu) {
+    std::vector<QString> titles;
+    for (int row = 0; row < menu.rowCount(); ++row) {
+      titles.push_back(menu.data(menu.index(row), MenuModel::Title).toString());
+    }
+    return titles;
+  }
+
   fakes::World world;
   std::shared_ptr<TunerEngine> engine =
       TunerEngine::create(world.platform(), PitchCapture::create(std::make_unique<InlineQueue>()));
-  TunerModel model{engine, world.platform()};
+  TunerModel model{engine, world.permission, world.urlOpener};
 };
 
 constexpr PitchDetector::Reading sharpA2{111.0, 0.99, 0.05F};
@@ -152,7 +160,7 @@ TEST_F(TunerModelTest, ChoosingAnInstrumentBringsItsTuningsAndStrings) {
   EXPECT_EQ(engine->instrument(), Instrument::bass);
   EXPECT_EQ(model.tuningName(), "4-string standard");
   EXPECT_EQ(model.subtitle(), "E A D G");
-  EXPECT_EQ(model.tunings()->titleAt(0), "4-string standard");
+  EXPECT_EQ(titlesOf(*model.tunings()).at(0), "4-string standard");
   EXPECT_EQ(model.strings()->count(), 4);
 }
 
@@ -248,7 +256,7 @@ TEST_F(TunerModelTest, TheConcertPitchStaysBetween377And560) {
 
 TEST_F(TunerModelTest, OffersTheConcertPitches) {
   EXPECT_EQ(model.quickPitches(), QList<int>({415, 432, 440, 466}));
-  EXPECT_EQ(model.concertPitches()->count(), 11);
+  EXPECT_EQ(model.concertPitches()->rowCount(), 11);
 }
 
 TEST_F(TunerModelTest, ShowsThatTheReferenceIsPlaying) {
@@ -274,8 +282,7 @@ TEST_F(TunerModelTest, ABrowserThatDoesNotOpenIsNotReported) {
 }
 
 TEST_F(TunerModelTest, TheHelpMenuHoldsThePrivacyPolicyAlone) {
-  EXPECT_EQ(model.helpMenu()->count(), 1);
-  EXPECT_EQ(model.helpMenu()->titleAt(0), "Privacy Policy");
+  EXPECT_THAT(titlesOf(*model.helpMenu()), testing::ElementsAre("Privacy Policy"));
   EXPECT_EQ(model.privacyTitle(), "Privacy Policy");
 }
 
@@ -292,7 +299,7 @@ TEST_F(TunerModelTest, SizesAndTextsOfTheScreenAreThoseOfTheUnits) {
 TEST_F(TunerModelTest, IsSilentOnceItIsGone) {
   int changes = 0;
   {
-    TunerModel shortLived(engine, world.platform());
+    TunerModel shortLived(engine, world.permission, world.urlOpener);
     QObject::connect(&shortLived, &TunerModel::a4Changed, [&] { ++changes; });
     engine->setA4(441.0);
   }

@@ -8,7 +8,8 @@ import pyatspi
 from gi.repository import GLib
 
 from .waiting import wait_until
-from .window import Window, _xdotool
+from .window import Window
+from .xdotool import xdotool
 
 ANSWER_SECONDS = 5
 LEFT_BUTTON = "1"
@@ -110,11 +111,11 @@ class Screen(Window):
         self.click_at(self.find(**wanted).box)
 
     def click_at(self, box: Box, button: str = LEFT_BUTTON) -> None:
-        _xdotool("mousemove", str(box.x + box.width // 2), str(box.y + box.height // 2),
+        xdotool("mousemove", str(box.x + box.width // 2), str(box.y + box.height // 2),
                  "click", button)
 
     def keys(self, *names: str) -> None:
-        _xdotool("key", *names)
+        xdotool("key", *names)
 
     def focus(self, name: str) -> None:
         """Goes to an item with the key for it, past every other one at most once."""
@@ -127,23 +128,27 @@ class Screen(Window):
                 return
         raise LookupError(f"the keyboard does not get to {name}")
 
+    def wait_until_focused(self, name: str) -> None:
+        wait_until(lambda: self._focused() == name, ANSWER_SECONDS,
+                   lambda: f"the keyboard is at {self._focused()}, not {name}")
+
     def _focused(self) -> str:
         return next((item.name for item in self.items() if item.focused), "")
 
     def rest_mouse(self) -> None:
         """Moves it out of the way, to the lower right corner of the screen."""
-        _xdotool("mousemove", "9999", "9999")
+        xdotool("mousemove", "9999", "9999")
 
     def resize(self, width: int, height: int) -> None:
         """Asks for a size of the window's own area, in the upper left corner of the screen."""
         window = self._id()
-        _xdotool("windowmove", window, "0", "0", "windowsize", window, str(width), str(height))
+        xdotool("windowmove", window, "0", "0", "windowsize", window, str(width), str(height))
 
     def drag(self, start: tuple[int, int], end: tuple[int, int]) -> None:
         """Moves the mouse from one place to the other with its button held. The window manager
         takes the first steps for the sign that something is to be dragged at all."""
-        _xdotool("mousemove", *map(str, start), "mousedown", LEFT_BUTTON)
+        xdotool("mousemove", *map(str, start), "mousedown", LEFT_BUTTON)
         for step in range(1, DRAG_STEPS + 1):
-            _xdotool("mousemove", *(str(s + (e - s) * step // DRAG_STEPS)
+            xdotool("mousemove", *(str(s + (e - s) * step // DRAG_STEPS)
                                     for s, e in zip(start, end)))
-        _xdotool("mouseup", LEFT_BUTTON)
+        xdotool("mouseup", LEFT_BUTTON)

@@ -9,6 +9,7 @@ from gi.repository import GLib
 
 from .readings import Reading
 from .waiting import wait_until
+from .xdotool import xdotool
 
 
 class Window:
@@ -47,20 +48,20 @@ class Window:
         button = next(button for button in self._buttons() if button.name == name)
         place = button.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
         self.activate()
-        _xdotool("mousemove", str(place.x + place.width // 2), str(place.y + place.height // 2),
+        xdotool("mousemove", str(place.x + place.width // 2), str(place.y + place.height // 2),
                  "click", "1")
 
     def minimise(self) -> None:
-        _xdotool("windowminimize", self._id())
+        xdotool("windowminimize", self._id())
 
     def activate(self) -> None:
         """Brings it to the front, also when it is minimised."""
-        _xdotool("windowactivate", "--sync", self._id())
+        xdotool("windowactivate", "--sync", self._id())
 
     def close(self) -> None:
         """Presses the window manager's key for it."""
         self.activate()
-        _xdotool("key", "alt+F4")
+        xdotool("key", "alt+F4")
 
     def screenshot(self, png: pathlib.Path) -> None:
         png.parent.mkdir(parents=True, exist_ok=True)
@@ -68,7 +69,7 @@ class Window:
 
     def _id(self) -> str:
         # The toolkit has windows of its own that never show; only this one has a title.
-        return _xdotool("search", "--all", "--pid", str(self._pid), "--name", ".").split()[0]
+        return xdotool("search", "--all", "--pid", str(self._pid), "--name", ".").split()[0]
 
     def _buttons(self) -> list[pyatspi.Accessible]:
         try:
@@ -88,8 +89,3 @@ def _below(item: pyatspi.Accessible) -> Iterator[pyatspi.Accessible]:
         if child:
             yield child
             yield from _below(child)
-
-
-def _xdotool(*command: str) -> str:
-    return subprocess.run(["xdotool", *command], check=True, timeout=10, capture_output=True,
-                          text=True).stdout

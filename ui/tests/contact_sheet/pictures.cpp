@@ -43,7 +43,7 @@ class Stage {
   fakes::World world;
   std::shared_ptr<TunerEngine> engine =
       TunerEngine::create(world.platform(), PitchCapture::create(std::make_unique<InlineQueue>()));
-  TunerModel model{engine, world.platform()};
+  TunerModel model{engine, world.permission, world.urlOpener};
 };
 
 /// The picture that no longer changes.

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import QtTest
 import Corvane
 import Corvane.Fakes
@@ -79,30 +78,45 @@ TestCase {
     }
 
     function buttonOf(item, name) {
-        const found = all(item, T.AbstractButton).filter(each => each.Accessible.name === name);
+        const found = all(item, PlainButton).filter(each => each.Accessible.name === name);
         compare(found.length, 1, `there is one button "${name}"`);
         return found[0];
     }
 
-    // The popup that is declared in an item.
-    function popupOf(item) {
-        for (let i = 0; i < item.data.length; ++i) {
-            if (item.data[i] instanceof T.Popup)
-                return item.data[i];
-        }
-        fail("the item has no popup");
+    function menuOf(item) {
+        const found = all(item, PullDownMenu);
+        compare(found.length, 1, "the item has a menu");
+        return found[0];
     }
 
-    function open(popup) {
-        popup.open();
-        tryCompare(popup, "opened", true);
-        return popup.list;
+    function open(menu) {
+        menu.open();
+        return listOf(menu);
+    }
+
+    // Of an open menu, once its entries are there.
+    function listOf(menu) {
+        verify(menu.opened);
+        settle(menu.shown);
+        return menu.shown.list;
+    }
+
+    // What a button stands on.
+    function groundOf(button) {
+        return all(button, ContinuousRectangle)[0];
     }
 
     function entryOf(list, title) {
         const found = all(list, MenuEntry).filter(each => each.title === title);
         compare(found.length, 1, `there is one entry "${title}"`);
         return found[0];
+    }
+
+    // Headings and entries of a menu from top to bottom.
+    function menuTexts(list) {
+        const labels = textItems(list.contentItem);
+        labels.sort((one, other) => one.mapToItem(list, 0, 0).y - other.mapToItem(list, 0, 0).y);
+        return labels.map(each => each.text);
     }
 
     // In 8 bits a channel: texts keep no more.

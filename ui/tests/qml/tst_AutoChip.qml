@@ -33,22 +33,39 @@ ScreenTest {
         compare(label.font.weight, Font.DemiBold);
     }
 
+    function test_its_text_stays_clear_of_its_outline_data() {
+        return [36, 41.5, 54].map(side => ({
+                    tag: String(side),
+                    side: side
+                }));
+    }
+
+    function test_its_text_stays_clear_of_its_outline(row) {
+        const auto = make(subject, {
+                itemWidth: row.side
+            }).children[0];
+        const label = textItem(auto, "Auto");
+        // The outline is 2 points wide, and up to a point is lost to whole pixels.
+        verify(label.contentWidth <= row.side - 2 * (2 + 3) + 1, label.contentWidth);
+        verify(!label.truncated);
+    }
+
     function test_is_selected_while_no_string_is_locked() {
         const auto = chip();
         compareColor(textItem(auto, "Auto").color, TunerTheme.gold);
-        compareColor(auto.background.color, faded(TunerTheme.gold, 0.22));
-        compareColor(auto.background.borderColor, TunerTheme.gold);
-        compare(auto.background.borderWidth, 2);
-        compare(auto.background.radius, 12);
+        compareColor(groundOf(auto).color, faded(TunerTheme.gold, 0.22));
+        compareColor(groundOf(auto).borderColor, TunerTheme.gold);
+        compare(groundOf(auto).borderWidth, 2);
+        compare(groundOf(auto).radius, 12);
     }
 
     function test_is_plain_while_a_string_is_locked() {
         const auto = chip();
         tuner.toggleLock(1);
         compareColor(textItem(auto, "Auto").color, "white");
-        compareColor(auto.background.color, TunerTheme.card);
-        compareColor(auto.background.borderColor, white(0.08));
-        compare(auto.background.borderWidth, 1);
+        compareColor(groundOf(auto).color, TunerTheme.card);
+        compareColor(groundOf(auto).borderColor, white(0.08));
+        compare(groundOf(auto).borderWidth, 1);
     }
 
     function test_a_tap_releases_the_lock() {

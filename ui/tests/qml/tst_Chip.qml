@@ -32,18 +32,18 @@ ScreenTest {
 
     function test_is_filled_as_it_is_told() {
         const square = chip();
-        compareColor(square.background.color, "teal");
-        compare(square.background.radius, 12);
+        compareColor(groundOf(square).color, "teal");
+        compare(groundOf(square).radius, 12);
     }
 
     function test_shows_in_its_outline_that_it_is_selected() {
         const square = chip();
-        compare(square.background.borderWidth, 1);
-        compareColor(square.background.borderColor, white(0.08));
+        compare(groundOf(square).borderWidth, 1);
+        compareColor(groundOf(square).borderColor, white(0.08));
         square.selected = true;
-        compare(square.background.borderWidth, 2);
-        compareColor(square.background.borderColor, TunerTheme.gold);
-        compareColor(square.background.color, "teal");
+        compare(groundOf(square).borderWidth, 2);
+        compareColor(groundOf(square).borderColor, TunerTheme.gold);
+        compareColor(groundOf(square).color, "teal");
     }
 
     function test_shows_where_the_keyboard_is() {

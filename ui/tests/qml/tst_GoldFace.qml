@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Corvane
 
 ScreenTest {
@@ -8,19 +7,20 @@ ScreenTest {
     Component {
         id: subject
 
-        T.AbstractButton {
+        PlainButton {
             id: button
 
             width: 200
             height: 40
-            background: GoldFace {
+
+            GoldFace {
                 control: button
             }
         }
     }
 
     function test_is_gold() {
-        const face = make(subject).background;
+        const face = groundOf(make(subject));
         compareColor(face.color, TunerTheme.gold);
         compare(face.radius, 12);
         compare(face.borderWidth, 0);
@@ -29,7 +29,7 @@ ScreenTest {
     function test_darkens_while_it_is_pressed() {
         const button = make(subject);
         mousePress(button);
-        verify(button.background.color.hslLightness < TunerTheme.gold.hslLightness);
+        verify(groundOf(button).color.hslLightness < TunerTheme.gold.hslLightness);
         mouseRelease(button);
     }
 

@@ -35,10 +35,10 @@ ScreenTest {
     function test_is_raised_while_its_instrument_is_chosen() {
         const bass = segment();
         verify(!bass.checked);
-        const resting = bass.background.color.a;
+        const resting = groundOf(bass).color.a;
         tuner.instrument = 1;
         verify(bass.checked);
-        verify(bass.background.color.a > resting);
+        verify(groundOf(bass).color.a > resting);
     }
 
     function test_stays_chosen_when_it_is_clicked_twice() {

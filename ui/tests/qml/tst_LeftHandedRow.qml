@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Corvane
 
 ScreenTest {
@@ -83,7 +82,7 @@ ScreenTest {
 
     function test_the_switch_shows_its_state() {
         const row = make(subject);
-        const track = switchOf(row).indicator;
+        const track = all(switchOf(row), Capsule)[0];
         const knob = track.children[0];
         const off = knob.x;
         verify(!Qt.colorEqual(track.color, TunerTheme.gold));

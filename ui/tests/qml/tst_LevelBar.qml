@@ -61,7 +61,7 @@ ScreenTest {
 
     function test_tells_a_screen_reader_how_loud_it_is() {
         const track = all(make(subject), Capsule)[0];
-        compare(track.Accessible.role, Accessible.Indicator);
+        compare(track.Accessible.role, Accessible.ProgressBar);
         compare(track.Accessible.name, "Level");
         compare(track.Accessible.description, "25 %");
     }

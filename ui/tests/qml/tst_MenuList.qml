@@ -31,17 +31,31 @@ ScreenTest {
         return list;
     }
 
+    function headings(list) {
+        const sections = all(list.contentItem, MenuSection).filter(each => each.title !== "");
+        sections.sort((one, other) => one.mapToItem(list, 0, 0).y - other.mapToItem(list, 0, 0).y);
+        return sections.map(each => each.title);
+    }
+
     function test_lists_every_tuning_under_the_heading_of_its_group() {
         const list = make(subject);
         compare(list.count, 23);
-        const rows = all(list.contentItem, Item).filter(each => each instanceof MenuSection || each instanceof MenuEntry);
-        rows.sort((one, other) => one.mapToItem(list, 0, 0).y - other.mapToItem(list, 0, 0).y);
-        const headings = rows.filter(each => each instanceof MenuSection).map(each => each.section);
-        compare(headings, ["6-string", "Open and alternate", "Baritone", "7-string", "8-string", "12-string"]);
-        compare(rows[0].section, "6-string");
-        compare(rows[1].title, "Standard");
-        compare(rows[10].section, "Open and alternate");
-        compare(rows[11].title, "DADGAD");
+        const shown = menuTexts(list);
+        compare(shown.length, 23 + 6);
+        compare(headings(list), ["6-string", "Open and alternate", "Baritone", "7-string", "8-string", "12-string"]);
+        compare(shown.slice(0, 2), ["6-string", "Standard"]);
+        compare(shown.slice(10, 12), ["Open and alternate", "DADGAD"]);
+    }
+
+    function test_its_headings_follow_the_instrument() {
+        const list = make(subject);
+        tuner.instrument = 1;
+        tryVerify(() => list.count === 9);
+        waitForRendering(list);
+        compare(headings(list), ["4-string", "5-string", "6-string"]);
+        tuner.instrument = 0;
+        waitForRendering(list);
+        compare(headings(list).length, 6);
     }
 
     function test_wants_to_be_as_high_as_its_entries() {
@@ -116,6 +130,57 @@ ScreenTest {
         compare(list.currentIndex, 20);
         tryVerify(() => list.contentY > 0);
         verifyInside(list.currentItem, list);
+    }
+
+    function test_home_and_end_go_to_the_ends() {
+        const list = watched({
+                height: 200
+            });
+        list.showChosen();
+        keyClick(Qt.Key_End);
+        compare(list.currentIndex, 22);
+        tryVerify(() => list.atYEnd);
+        keyClick(Qt.Key_Home);
+        compare(list.currentIndex, 0);
+        tryVerify(() => list.atYBeginning);
+    }
+
+    function test_pages_go_by_what_is_to_be_seen_and_no_further_than_the_ends() {
+        const list = watched({
+                height: 200
+            });
+        list.showChosen();
+        keyClick(Qt.Key_PageDown);
+        compare(list.currentIndex, 6);
+        keyClick(Qt.Key_PageUp);
+        compare(list.currentIndex, 0);
+        keyClick(Qt.Key_PageUp);
+        compare(list.currentIndex, 0);
+        for (let i = 0; i < 5; ++i)
+            keyClick(Qt.Key_PageDown);
+        compare(list.currentIndex, 22);
+    }
+
+    function test_a_letter_goes_to_the_next_entry_that_starts_with_it() {
+        const list = watched();
+        list.showChosen();
+        const titles = [];
+        for (const key of ["d", "d", "D", "x"]) {
+            keyClick(key);
+            titles.push(list.currentItem.title);
+        }
+        compare(titles, ["Drop D", "Double drop D", "Drop C", "Drop C"]);
+        compare(picked.count, 0);
+    }
+
+    function test_leaves_room_for_a_checkmark_where_there_can_be_one() {
+        const marked = make(subject);
+        const unmarked = make(subject, {
+                entries: tuner.concertPitches
+            });
+        const start = (list, title) => textItem(list, title).mapToItem(list, 0, 0).x;
+        compare(start(unmarked, "415  Baroque"), 10);
+        verify(start(marked, "Drop D") > all(marked, Symbol)[0].x + all(marked, Symbol)[0].width);
     }
 
     function test_scrolls_with_the_wheel() {

@@ -8,7 +8,7 @@ ScreenTest {
         id: subject
 
         MenuSection {
-            section: "6-string"
+            title: "6-string"
         }
     }
 
@@ -20,7 +20,7 @@ ScreenTest {
 
     function test_takes_no_room_without_a_name() {
         const section = make(subject, {
-                section: ""
+                title: ""
             });
         compare(section.height, 0);
         compare(texts(section), []);

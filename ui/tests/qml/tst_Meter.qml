@@ -18,6 +18,16 @@ ScreenTest {
         }
     }
 
+    Component {
+        id: ground
+
+        Rectangle {
+            width: 500
+            height: 100
+            color: TunerTheme.card
+        }
+    }
+
     function track(meter) {
         return all(meter, Capsule)[0];
     }
@@ -163,16 +173,28 @@ ScreenTest {
         fuzzyCompare(centre(meter), 30, 0.001);
     }
 
-    function test_the_needle_lies_over_band_and_track_in_the_middle_of_the_bar() {
+    // The colour in the middle of the bar, so many points from its start.
+    function paintedAt(meter, x) {
+        const place = track(meter).mapToItem(meter, x, 8);
+        return grabImage(meter).pixel(Math.round(place.x), Math.round(place.y));
+    }
+
+    function test_the_needle_is_painted_over_the_band_and_the_band_over_the_track() {
+        make(ground);
         const meter = make(subject);
+        hearCents(3);
+        tryCentre(meter, 265);
         compare(needle(meter).y + needle(meter).height / 2, track(meter).height / 2);
-        compare(needle(meter).z, 0);
-        compare(band(meter).z, 0);
+        waitForRendering(meter);
+        compareColor(paintedAt(meter, 265), TunerTheme.green);
+        const [bare, inBand] = [paintedAt(meter, 100), paintedAt(meter, 235)];
+        verify(inBand.g > bare.g + 0.2, `${inBand} on the band, ${bare} beside it`);
+        verify(inBand.g < TunerTheme.green.g - 0.2, `${inBand} under no needle`);
     }
 
     function test_tells_a_screen_reader_what_it_shows() {
         const bar = track(make(subject)).parent;
-        compare(bar.Accessible.role, Accessible.Indicator);
+        compare(bar.Accessible.role, Accessible.ProgressBar);
         compare(bar.Accessible.name, "Cents");
         hearCents(3);
         compare(bar.Accessible.description, "+3.0 ¢");

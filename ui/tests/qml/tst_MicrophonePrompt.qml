@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Corvane
 
 ScreenTest {
@@ -45,7 +44,7 @@ ScreenTest {
     function test_the_button_is_gold_black_and_as_wide_as_the_column() {
         const prompt = make(subject);
         compare(button(prompt).width, 384);
-        verify(button(prompt).background instanceof GoldFace);
+        verify(groundOf(button(prompt)) instanceof GoldFace);
         const title = textItem(prompt, "Allow Microphone");
         compareColor(title.color, "black");
         compare(title.font.pixelSize, TypeScale.body);

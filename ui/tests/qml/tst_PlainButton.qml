@@ -32,25 +32,23 @@ ScreenTest {
         return button;
     }
 
-    function test_has_no_look_of_its_own() {
-        compare(watched().background, null);
-        compare(watched().contentItem, null);
-    }
-
-    function test_a_click_and_a_screen_reader_press_it() {
+    function test_a_screen_reader_presses_it_unless_it_is_disabled() {
         const button = watched();
-        mouseClick(button);
-        compare(clicked.count, 1);
         button.Accessible.pressAction();
-        compare(clicked.count, 2);
+        compare(clicked.count, 1);
+        button.enabled = false;
+        button.Accessible.pressAction();
+        compare(clicked.count, 1);
     }
 
-    function test_nothing_presses_it_while_it_is_disabled() {
-        const button = watched({
-                enabled: false
-            });
-        mouseClick(button);
-        button.Accessible.pressAction();
-        compare(clicked.count, 0);
+    function test_is_lighter_under_the_mouse_and_more_so_pressed() {
+        const button = watched();
+        compare(button.light.a, 0);
+        mouseMove(button, 10, 10);
+        tryVerify(() => button.light.a > 0);
+        const hovered = button.light.a;
+        mousePress(button);
+        verify(button.light.a > hovered);
+        mouseRelease(button);
     }
 }

@@ -53,11 +53,17 @@ ScreenTest {
 
     function test_is_gold_with_more_room_where_there_is_room() {
         const button = make(subject);
-        verify(button.background instanceof GoldFace);
+        verify(groundOf(button) instanceof GoldFace);
         const text = textItem(button, "Play reference");
         compare(button.height, text.implicitHeight + 16);
         button.compact = false;
         compare(button.height, text.implicitHeight + 20);
+    }
+
+    function test_what_it_says_stands_in_the_middle() {
+        const label = all(make(subject), PlayLabel)[0];
+        // Centred items are placed on whole points.
+        verify(Math.abs(label.x + label.width / 2 - 182) <= 0.5);
     }
 
     function test_tells_a_screen_reader_what_it_says() {

@@ -27,7 +27,7 @@ ScreenTest {
         const number = textItem(quick, "432");
         compare(number.font.pixelSize, TypeScale.caption);
         compare(number.font.weight, Font.DemiBold);
-        verify(quick.background instanceof Capsule);
+        verify(groundOf(quick) instanceof Capsule);
         compare(quick.width, number.implicitWidth + 20);
         compare(quick.height, number.implicitHeight + 12);
     }
@@ -36,7 +36,7 @@ ScreenTest {
         const quick = chip();
         verify(!quick.selected);
         compareColor(textItem(quick, "432").color, "white");
-        compareColor(quick.background.color, white(0.06));
+        compareColor(groundOf(quick).color, white(0.06));
     }
 
     function test_is_gold_while_its_pitch_is_chosen_also_by_rounding() {
@@ -44,7 +44,7 @@ ScreenTest {
         tuner.a4 = 431.6;
         verify(quick.selected);
         compareColor(textItem(quick, "432").color, TunerTheme.gold);
-        compareColor(quick.background.color, faded(TunerTheme.gold, 0.22));
+        compareColor(groundOf(quick).color, faded(TunerTheme.gold, 0.22));
         tuner.a4 = 431.4;
         verify(!quick.selected);
     }

@@ -15,7 +15,7 @@ ScreenTest {
     }
 
     function selected(row) {
-        return all(row, QuickPitchChip).filter(each => each.selected).map(each => each.text);
+        return all(row, QuickPitchChip).filter(each => each.selected).map(each => String(each.modelData));
     }
 
     function test_offers_four_pitches_in_rising_order() {

@@ -12,8 +12,8 @@ ScreenTest {
 
         Stepper {
             height: 28
-            from: 377
-            to: 560
+            minimumValue: 377
+            maximumValue: 560
             value: test.tuner.a4
             onStepped: value => test.tuner.a4 = value
         }
@@ -24,8 +24,8 @@ ScreenTest {
 
         Stepper {
             height: 28
-            from: 377
-            to: 560
+            minimumValue: 377
+            maximumValue: 560
             value: 440
         }
     }
@@ -108,6 +108,22 @@ ScreenTest {
         keyClick(Qt.Key_Down);
         keyClick(Qt.Key_Down);
         compare(tuner.a4, 439);
+    }
+
+    function test_the_page_keys_step_by_ten_as_far_as_the_ends() {
+        const stepper = make(subject);
+        stepper.forceActiveFocus();
+        keyClick(Qt.Key_PageUp);
+        compare(tuner.a4, 450);
+        keyClick(Qt.Key_PageDown);
+        keyClick(Qt.Key_PageDown);
+        compare(tuner.a4, 430);
+        tuner.a4 = 555;
+        keyClick(Qt.Key_PageUp);
+        compare(tuner.a4, 560);
+        tuner.a4 = 380;
+        keyClick(Qt.Key_PageDown);
+        compare(tuner.a4, 377);
     }
 
     function test_shows_where_the_keyboard_is() {

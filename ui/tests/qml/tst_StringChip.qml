@@ -61,11 +61,11 @@ ScreenTest {
         const string = chip();
         mouseClick(string);
         compare(tuner.lockedString, 3);
-        compare(string.background.borderWidth, 2);
-        compareColor(string.background.borderColor, TunerTheme.gold);
+        compare(groundOf(string).borderWidth, 2);
+        compareColor(groundOf(string).borderColor, TunerTheme.gold);
         mouseClick(string);
         verify(!tuner.locked);
-        compare(string.background.borderWidth, 1);
+        compare(groundOf(string).borderWidth, 1);
     }
 
     function test_works_from_the_keyboard() {

@@ -83,11 +83,11 @@ ScreenTest {
     function test_the_string_that_is_heard_glows() {
         const row = make(subject);
         tuner.hear(111);
-        compareColor(stringChip(row, "A2").background.color, faded(TunerTheme.gold, 0.16));
+        compareColor(groundOf(stringChip(row, "A2")).color, faded(TunerTheme.gold, 0.16));
         for (let i = 0; i < 5; ++i)
             tuner.hear(110);
-        compareColor(stringChip(row, "A2").background.color, faded(TunerTheme.green, 0.35));
-        compareColor(stringChip(row, "E2").background.color, TunerTheme.card);
+        compareColor(groundOf(stringChip(row, "A2")).color, faded(TunerTheme.green, 0.35));
+        compareColor(groundOf(stringChip(row, "E2")).color, TunerTheme.card);
     }
 
     function test_a_highlighted_string_is_plain_while_nothing_is_heard() {
@@ -95,8 +95,8 @@ ScreenTest {
         tuner.toggleLock(1);
         tuner.hear(111);
         tuner.hearNothing();
-        compareColor(stringChip(row, "A2").background.color, TunerTheme.card);
-        compareColor(stringChip(row, "A2").background.borderColor, TunerTheme.gold);
+        compareColor(groundOf(stringChip(row, "A2")).color, TunerTheme.card);
+        compareColor(groundOf(stringChip(row, "A2")).borderColor, TunerTheme.gold);
     }
 
     function test_follows_the_tuning() {

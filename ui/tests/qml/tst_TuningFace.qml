@@ -41,10 +41,14 @@ ScreenTest {
         compare(chevron.x + chevron.width, 340);
     }
 
-    function test_a_long_detail_ends_before_the_sign() {
-        const face = make(subject);
+    function test_a_long_detail_is_whole_and_ends_before_the_sign() {
         tuner.instrument = 2;
+        const face = make(subject);
         const detail = textItem(face, tuner.tuningDetail);
+        verify(detail.lineCount > 1);
+        verify(!detail.truncated);
+        verify(detail.contentWidth <= detail.width);
+        verifyInside(detail, face);
         verify(detail.mapToItem(face, detail.width, 0).x <= all(face, Symbol)[0].x);
     }
 }

@@ -1,0 +1,86 @@
+import QtQuick
+import Corvane
+
+// All of the window while a list is open in it: what is not for the list closes it, and reaches
+// nothing else.
+MouseArea {
+    id: root
+
+    required property Item control
+    required property MenuModel entries
+    required property real listWidth // at least; 0 for that of the control
+    required property int alignment
+    readonly property rect place: control.mapToItem(root, Qt.rect(0, 0, control.width, control.height))
+    readonly property alias list: list
+    readonly property real margin: 8 // between the list and the edge of the window
+    readonly property real padding: 6
+
+    signal dismissed(reason: int)
+    signal picked(value: string, reason: int)
+
+    anchors.fill: parent
+    z: 1
+    acceptedButtons: Qt.AllButtons
+    hoverEnabled: true
+    onPressed: dismissed(Qt.MouseFocusReason)
+    onWheel: wheel => wheel.accepted = true
+
+    Keys.onEscapePressed: dismissed(Qt.TabFocusReason)
+    Keys.onTabPressed: event => event.accepted = true
+    Keys.onBacktabPressed: event => event.accepted = true
+
+    Component.onCompleted: {
+        list.showChosen();
+        list.forceActiveFocus(Qt.PopupFocusReason);
+    }
+
+    Connections {
+        target: root.Window.window
+
+        function onWidthChanged(): void {
+            root.dismissed(Qt.MouseFocusReason);
+        }
+
+        function onHeightChanged(): void {
+            root.dismissed(Qt.MouseFocusReason);
+        }
+
+        function onVisibilityChanged(): void {
+            root.dismissed(Qt.MouseFocusReason);
+        }
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: Qt.rgba(0, 0, 0, 0.45)
+    }
+
+    ContinuousRectangle {
+        id: ground
+
+        readonly property real start: root.alignment === Qt.AlignRight ? root.place.right - width : root.place.x
+
+        x: Math.max(root.margin, Math.min(start, root.width - width - root.margin))
+        y: Math.max(root.margin, Math.min(root.place.bottom + 4, root.height - height - root.margin))
+        width: root.listWidth > 0 ? root.listWidth : root.place.width
+        height: Math.min(list.implicitHeight + 2 * root.padding, root.height - 2 * root.margin)
+        radius: 12
+        color: Qt.lighter(TunerTheme.card, 1.25)
+        borderWidth: 1
+        borderColor: Qt.rgba(1, 1, 1, 0.14)
+
+        // What is pressed beside the entries does not close the list.
+        MouseArea {
+            anchors.fill: parent
+        }
+
+        MenuList {
+            id: list
+
+            anchors.fill: parent
+            anchors.margins: root.padding
+            entries: root.entries
+            onPicked: (value, reason) => root.picked(value, reason)
+        }
+    }
+}

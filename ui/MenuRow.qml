@@ -1,0 +1,40 @@
+import QtQuick
+import Corvane
+
+// One row of a menu: an entry, under the heading of its section where it is the first of it.
+Item {
+    id: root
+
+    required property int index
+    required property string heading
+    required property string title
+    required property bool chosen
+    readonly property MenuView list: ListView.view as MenuView
+
+    width: list?.width ?? 0
+    height: section.height + entry.height
+
+    function isEntryAt(y: real): bool {
+        return y >= entry.y;
+    }
+
+    MenuSection {
+        id: section
+
+        width: root.width
+        title: root.heading
+    }
+
+    MenuEntry {
+        id: entry
+
+        y: section.height
+        width: root.width
+        height: root.list?.entryHeight ?? 0
+        title: root.title
+        chosen: root.chosen
+        indent: root.list?.indent ?? 0
+        highlighted: root.ListView.isCurrentItem
+        onClicked: root.list.pick(root.index, Qt.MouseFocusReason)
+    }
+}

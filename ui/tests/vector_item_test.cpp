@@ -1,0 +1,82 @@
+#include "ui/vector_item.h"
+
+#include <gtest/gtest.h>
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QQuickWindow>
+
+#include "ui/continuous_rectangle.h"
+
+namespace corvane {
+namespace {
+
+/// Makes the program draw as the tuner does before there is a window.
+class Software {
+ public:
+  Software() { QQuickWindow::setGraphicsApi(QSGRendererInterface::Software); }
+};
+
+class VectorItemTest : public testing::Test {
+ protected:
+  VectorItemTest() {
+    window.setColor(Qt::black);
+    window.resize(200, 200);
+    area.setPosition({50, 50});
+    area.setSize({100, 100});
+    area.setClip(true);
+    item.setProperty("color", QColor(Qt::white));
+    item.setSize({60, 40});
+    window.show();
+  }
+
+  /// The window with the item at this height in the area that clips it.
+  QImage paintedAt(double y) {
+    item.setY(y);
+    return window.grabWindow();
+  }
+
+  int argc = 1;
+  char name[5] = "test";
+  char* argv[2] = {name, nullptr};
+  Software software;
+  QGuiApplication app{argc, argv};
+  QQuickWindow window;
+  QQuickItem area{window.contentItem()};
+  ContinuousRectangle item{&area};
+};
+
+/// How many pixels are not as black as the ground, inside and outside of the clipping area.
+std::pair<int, int> inkInsideAndOutside(const QImage& image) {
+  std::pair<int, int> ink = {0, 0};
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      if (qGray(image.pixel(x, y)) == 0) continue;
+      ++(QRect(50, 50, 100, 100).contains(x, y) ? ink.first : ink.second);
+    }
+  }
+  return ink;
+}
+
+TEST_F(VectorItemTest, IsPaintedWhereItIs) {
+  EXPECT_EQ(inkInsideAndOutside(paintedAt(30)), std::pair(60 * 40, 0));
+}
+
+TEST_F(VectorItemTest, IsCutAtTheEdgeOfWhatClipsIt) {
+  EXPECT_EQ(inkInsideAndOutside(paintedAt(80)), std::pair(60 * 20, 0));
+  EXPECT_EQ(inkInsideAndOutside(paintedAt(-30)), std::pair(60 * 10, 0));
+}
+
+TEST_F(VectorItemTest, IsNotPaintedOutsideOfWhatClipsIt) {
+  for (const double y : {-45.0, 105.0}) {
+    EXPECT_EQ(inkInsideAndOutside(paintedAt(y)), std::pair(0, 0)) << y;
+  }
+}
+
+TEST_F(VectorItemTest, WithoutAClipItIsPaintedOutsideOfItsParent) {
+  area.setClip(false);
+  EXPECT_EQ(inkInsideAndOutside(paintedAt(105)), std::pair(0, 60 * 40));
+}
+
+}  // namespace
+}  // namespace corvane
