@@ -1,20 +1,96 @@
 #include "pitch/difference.h"
 
-#include "base/require.h"
+#include <algorithm>
+
+#include "pitch/difference_avx512.h"
 
 namespace corvane {
+namespace {
 
-void differenceFunction(std::span<const float> x, std::size_t window, std::span<double> d) {
-  require(!d.empty() && window + d.size() - 1 <= x.size(), "every lag stays inside the block");
-  d[0] = 0.0;
-  for (std::size_t tau = 1; tau < d.size(); ++tau) {
-    double sum = 0.0;
-    for (std::size_t i = 0; i < window; ++i) {
-      const double difference = static_cast<double>(x[i]) - static_cast<double>(x[i + tau]);
-      sum += difference * difference;
-    }
-    d[tau] = sum;
+// Lanes lie at any address that a double may have. They are members of a struct, and never `auto`,
+// because a type that passes through a template argument or a deduction loses its alignment.
+struct Portable {
+  using Lanes = double;
+};
+
+#if defined(__x86_64__)
+struct Sse2 {
+  using Lanes [[gnu::vector_size(16), gnu::aligned(8), gnu::may_alias]] = double;
+};
+
+struct Avx2 {
+  using Lanes [[gnu::vector_size(32), gnu::aligned(8), gnu::may_alias]] = double;
+};
+#endif
+
+template <class Machine>
+constexpr std::size_t lagsAtOnce = 4 * sizeof(typename Machine::Lanes) / sizeof(double);
+
+/// Each lane has a lag of its own and adds in index order, as the plain loop does. One sum would
+/// wait for its own last addition; four keep the arithmetic units busy and stay in registers. They
+/// have names because GCC, at -O2, would keep an array of them in memory.
+template <class Machine>
+[[gnu::always_inline]] inline void sum(const double* x, std::size_t window, std::size_t firstLag,
+                                       double* d) {
+  using Lanes = typename Machine::Lanes;
+  Lanes sumA{}, sumB{}, sumC{}, sumD{};
+  for (std::size_t i = 0; i < window; ++i) {
+    const Lanes* const later = reinterpret_cast<const Lanes*>(x + i + firstLag);
+    const Lanes apartA = x[i] - later[0];
+    const Lanes apartB = x[i] - later[1];
+    const Lanes apartC = x[i] - later[2];
+    const Lanes apartD = x[i] - later[3];
+    sumA += apartA * apartA;
+    sumB += apartB * apartB;
+    sumC += apartC * apartC;
+    sumD += apartD * apartD;
   }
+  Lanes* const sums = reinterpret_cast<Lanes*>(d);
+  sums[0] = sumA;
+  sums[1] = sumB;
+  sums[2] = sumC;
+  sums[3] = sumD;
+}
+
+void sumPortable(const double* x, std::size_t window, std::size_t firstLag, double* d) {
+  sum<Portable>(x, window, firstLag, d);
+}
+
+#if defined(__x86_64__)
+void sumSse2(const double* x, std::size_t window, std::size_t firstLag, double* d) {
+  sum<Sse2>(x, window, firstLag, d);
+}
+
+[[gnu::target("avx2")]] void sumAvx2(const double* x, std::size_t window, std::size_t firstLag,
+                                     double* d) {
+  sum<Avx2>(x, window, firstLag, d);
+}
+
+#endif
+
+bool runsEverywhere() {
+  return true;
+}
+
+constexpr DifferencePath paths[] = {
+#if defined(__x86_64__)
+    {"AVX-512", 32, [] { return __builtin_cpu_supports("avx512f") != 0; }, sumAvx512},
+    {"AVX2", lagsAtOnce<Avx2>, [] { return __builtin_cpu_supports("avx2") != 0; }, sumAvx2},
+    {"SSE2", lagsAtOnce<Sse2>, runsEverywhere, sumSse2},
+#endif
+    {"portable", lagsAtOnce<Portable>, runsEverywhere, sumPortable},
+};
+
+}  // namespace
+
+std::span<const DifferencePath> differencePaths() {
+  return paths;
+}
+
+const DifferencePath& fastestDifferencePath() {
+  static const DifferencePath& fastest =
+      *std::ranges::find_if(paths, [](const DifferencePath& path) { return path.runsHere(); });
+  return fastest;
 }
 
 }  // namespace corvane

@@ -4,13 +4,18 @@
 #include <cstddef>
 #include <utility>
 
+#include "pitch/normalised_difference.h"
+
 namespace corvane {
 namespace {
 
-/// The average of the channels, as the sum times the reciprocal of their number.
-std::vector<float> mixToMono(const AudioBuffer& buffer) {
+constexpr double lowestPitch = 27.0;
+constexpr double highestPitch = 4300.0;
+constexpr double threshold = 0.15;
+
+/// Adds the average of the channels to `mono`, as the sum times the reciprocal of their number.
+void mix(const AudioBuffer& buffer, std::span<float> mono) {
   const std::uint32_t channels = std::max(buffer.channelCount, 1U);
-  std::vector<float> mono(buffer.frameLength, 0.0F);
   for (std::uint32_t channel = 0; channel < channels; ++channel) {
     const std::span<const float> samples(buffer.channels[channel], buffer.frameLength);
     for (std::size_t i = 0; i < mono.size(); ++i) mono[i] += samples[i];
@@ -19,14 +24,19 @@ std::vector<float> mixToMono(const AudioBuffer& buffer) {
     const float scale = 1.0F / static_cast<float>(channels);
     for (float& sample : mono) sample *= scale;
   }
-  return mono;
 }
 
 }  // namespace
 
 std::optional<PitchDetector::Reading> PitchCapture::detectMusicalPitch(std::span<const float> block,
                                                                        double rate) {
-  return PitchDetector::detect(block, rate, 27.0, 4300.0, 0.15);
+  return PitchDetector::detect(block, rate, lowestPitch, highestPitch, threshold);
+}
+
+PitchCapture::Detect PitchCapture::musicalPitchDetector() {
+  return [memory = NormalisedDifference()](std::span<const float> block, double rate) mutable {
+    return PitchDetector::detect(block, rate, lowestPitch, highestPitch, threshold, memory);
+  };
 }
 
 std::shared_ptr<PitchCapture> PitchCapture::create(std::unique_ptr<TaskQueue> detectQueue,
@@ -35,43 +45,50 @@ std::shared_ptr<PitchCapture> PitchCapture::create(std::unique_ptr<TaskQueue> de
 }
 
 PitchCapture::PitchCapture(std::unique_ptr<TaskQueue> queue, Detect detector)
-    : detectQueue(std::move(queue)), detect(std::move(detector)) {}
+    : detectQueue(std::move(queue)), detect(std::move(detector)) {
+  pending.samples.reserve(blockSamples);
+  analysed.samples.reserve(blockSamples);
+}
 
 void PitchCapture::consume(const AudioBuffer& buffer, const OnReading& onReading) {
   if (buffer.channels == nullptr || buffer.frameLength == 0) return;
-  for (std::vector<float>& block : stashAndCut(mixToMono(buffer))) {
-    enqueue(std::move(block), buffer.sampleRate, onReading);
-  }
+  stashMono(buffer);
+  while (enqueue(buffer.sampleRate, onReading)) continue;
 }
 
-std::vector<std::vector<float>> PitchCapture::stashAndCut(std::span<const float> mono) {
-  std::vector<std::vector<float>> blocks;
+void PitchCapture::stashMono(const AudioBuffer& buffer) {
   const std::lock_guard held(gate);
-  stash.insert(stash.end(), mono.begin(), mono.end());
-  while (stash.size() >= blockSamples) {
-    const auto first = stash.begin();
-    blocks.emplace_back(first, first + std::ptrdiff_t{blockSamples});
-    stash.erase(first, first + std::ptrdiff_t{hopSamples});
-  }
-  return blocks;
+  const std::size_t waiting = stash.size();
+  // Room at once for the most that buffers of this length can ever need.
+  stash.reserve(blockSamples + buffer.frameLength);
+  stash.resize(waiting + buffer.frameLength, 0.0F);
+  mix(buffer, std::span(stash).subspan(waiting));
 }
 
-void PitchCapture::enqueue(std::vector<float> block, double rate, const OnReading& onReading) {
+/// Cuts the oldest block of the stash, if there is a whole one, and has it analysed.
+bool PitchCapture::enqueue(double rate, const OnReading& onReading) {
   {
     const std::lock_guard held(gate);
-    pending = PendingBlock{std::move(block), rate};
-    if (std::exchange(draining, true)) return;
+    if (stash.size() < blockSamples) return false;
+    const auto first = stash.begin();
+    pending.samples.assign(first, first + std::ptrdiff_t{blockSamples});
+    pending.rate = rate;
+    stash.erase(first, first + std::ptrdiff_t{hopSamples});
+    if (std::exchange(draining, true)) return true;
   }
-  detectQueue->async([weak = weak_from_this(), onReading] {
-    if (const auto self = weak.lock()) self->drain(onReading);
+  detectQueue->async([weak = weak_from_this(), callback = onReading] {
+    if (const auto self = weak.lock()) self->drain(callback);
   });
+  return true;
 }
 
 void PitchCapture::drain(const OnReading& onReading) {
   std::unique_lock held(gate);
-  while (auto block = std::exchange(pending, std::nullopt)) {
+  while (!pending.samples.empty()) {
+    std::swap(pending, analysed);
+    pending.samples.clear();
     held.unlock();
-    onReading(detect(block->samples, block->rate));
+    onReading(detect(analysed.samples, analysed.rate));
     held.lock();
   }
   // Under the same lock as the test above, so that no block can be left with nobody to take it.
@@ -81,7 +98,7 @@ void PitchCapture::drain(const OnReading& onReading) {
 void PitchCapture::reset() {
   const std::lock_guard held(gate);
   stash.clear();
-  pending.reset();
+  pending.samples.clear();
 }
 
 }  // namespace corvane

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/audio_buffer.h"
+#include "pitch/in_place_function.h"
 #include "pitch/pitch_detector.h"
 #include "pitch/serial_queue.h"
 
@@ -16,14 +17,15 @@ namespace corvane {
 /// Carries recorded sound to the detector without ever making the recording wait: mixes to mono,
 /// cuts a block of 8192 samples every 4096, and has the newest block analysed on `detectQueue`. A
 /// block that is still waiting when the next one comes is dropped unanalysed, so that a slow
-/// machine shows fewer readings, never late ones.
+/// machine shows fewer readings, never late ones. After the first block nothing on its way
+/// allocates, as long as no buffer is longer than those before.
 class PitchCapture : public std::enable_shared_from_this<PitchCapture> {
  public:
   static constexpr std::size_t blockSamples = 8192;
   static constexpr std::size_t hopSamples = 4096;
 
   /// Called on `detectQueue` once for every analysed block, with nothing when it holds no pitch.
-  using OnReading = std::function<void(const std::optional<PitchDetector::Reading>&)>;
+  using OnReading = InPlaceFunction<void(const std::optional<PitchDetector::Reading>&), 32>;
   using Detect =
       std::function<std::optional<PitchDetector::Reading>(std::span<const float>, double rate)>;
 
@@ -31,10 +33,13 @@ class PitchCapture : public std::enable_shared_from_this<PitchCapture> {
   static std::optional<PitchDetector::Reading> detectMusicalPitch(std::span<const float> block,
                                                                   double rate);
 
+  /// The same in memory of its own, which it keeps from block to block. One thread at a time.
+  static Detect musicalPitchDetector();
+
   /// `detectQueue` runs the detection and must be serial; `detect` is what runs there.
   static std::shared_ptr<PitchCapture> create(
       std::unique_ptr<TaskQueue> detectQueue = std::make_unique<SerialQueue>("corvane.pitch"),
-      Detect detect = detectMusicalPitch);
+      Detect detect = musicalPitchDetector());
 
   /// Takes a buffer of any length and channel count; ignores one without frames or float samples.
   /// On the audio thread; waits for nothing but a short lock.
@@ -45,15 +50,15 @@ class PitchCapture : public std::enable_shared_from_this<PitchCapture> {
   void reset();
 
  private:
-  struct PendingBlock {
+  struct Block {
     std::vector<float> samples;
-    double rate;
+    double rate = 0.0;
   };
 
   PitchCapture(std::unique_ptr<TaskQueue> detectQueue, Detect detect);
 
-  std::vector<std::vector<float>> stashAndCut(std::span<const float> mono);
-  void enqueue(std::vector<float> block, double rate, const OnReading& onReading);
+  void stashMono(const AudioBuffer& buffer);
+  bool enqueue(double rate, const OnReading& onReading);
   void drain(const OnReading& onReading);
 
   /// Guards `stash`, `pending` and `draining`; held only to change them, never while detecting,
@@ -61,9 +66,10 @@ class PitchCapture : public std::enable_shared_from_this<PitchCapture> {
   std::mutex gate;
   std::unique_ptr<TaskQueue> detectQueue;
   Detect detect;
-  std::vector<float> stash;             ///< shorter than a block whenever `gate` is free
-  std::optional<PendingBlock> pending;  ///< the newest block that no analysis has taken yet
-  bool draining = false;                ///< a drain job is queued or running
+  std::vector<float> stash;  ///< shorter than a block whenever `consume` has returned
+  Block pending;             ///< the newest block that no analysis has taken yet, or no samples
+  Block analysed;            ///< belongs to the drain job
+  bool draining = false;     ///< a drain job is queued or running
 };
 
 }  // namespace corvane

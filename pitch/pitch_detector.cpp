@@ -4,10 +4,9 @@
 #include <cfloat>
 #include <cmath>
 #include <cstdint>
-#include <vector>
 
 #include "base/require.h"
-#include "pitch/difference.h"
+#include "pitch/normalised_difference.h"
 #include "pitch/parabolic_tau.h"
 
 namespace corvane::PitchDetector {
@@ -19,32 +18,27 @@ constexpr std::size_t minimumSamples = 1024;
 constexpr double minimumRate = 8000.0;
 constexpr float silence = 0.003F;
 
-struct Centred {
-  std::vector<float> x;
-  float rms;
-};
-
 struct LagRange {
   std::size_t min;
   std::size_t max;
 };
 
-/// The samples without their mean, so that a constant offset neither counts as level nor disturbs
-/// the difference function.
-Centred centre(std::span<const float> samples) {
+/// Writes the samples without their mean, so that a constant offset neither counts as level nor
+/// disturbs the difference function, and returns their level. Single precision throughout: widening
+/// comes last.
+float centre(std::span<const float> samples, std::span<double> centred) {
   const auto count = static_cast<float>(samples.size());
   float sum = 0.0F;
   for (const float sample : samples) sum += sample;
   const float mean = sum / count;
 
-  Centred centred{std::vector<float>(samples.size()), 0.0F};
   float squares = 0.0F;
   for (std::size_t i = 0; i < samples.size(); ++i) {
-    centred.x[i] = samples[i] - mean;
-    squares += centred.x[i] * centred.x[i];
+    const float x = samples[i] - mean;
+    squares += x * x;
+    centred[i] = static_cast<double>(x);
   }
-  centred.rms = std::sqrt(squares / count);
-  return centred;
+  return std::sqrt(squares / count);
 }
 
 std::int64_t lag(double rounded) {
@@ -65,25 +59,14 @@ std::optional<LagRange> lagRange(std::size_t samples, double sampleRate, double 
   return LagRange{static_cast<std::size_t>(tauMin), static_cast<std::size_t>(tauMax)};
 }
 
-/// Turns the difference function into its cumulative mean normalised form: 1 at lag 0 and wherever
-/// nothing has differed yet.
-void normaliseByCumulativeMean(std::span<double> d) {
-  d[0] = 1.0;
-  double runningSum = 0.0;
-  for (std::size_t tau = 1; tau < d.size(); ++tau) {
-    runningSum += d[tau];
-    d[tau] = runningSum > 0.0 ? d[tau] * static_cast<double>(tau) / runningSum : 1.0;
-  }
-}
-
 /// The bottom of the first dip that goes below the threshold, or nothing.
-std::optional<std::size_t> firstDip(std::span<const double> cmnd, const LagRange& range,
+std::optional<std::size_t> firstDip(NormalisedDifference& cmnd, const LagRange& range,
                                     double threshold) {
   std::size_t tau = range.min;
-  while (!(cmnd[tau] < threshold)) {
+  while (!(cmnd.at(tau) < threshold)) {
     if (++tau > range.max) return std::nullopt;
   }
-  while (tau + 1 <= range.max && cmnd[tau + 1] < cmnd[tau]) ++tau;
+  while (tau + 1 <= range.max && cmnd.at(tau + 1) < cmnd.at(tau)) ++tau;
   return tau;
 }
 
@@ -95,29 +78,32 @@ double clampedConfidence(double cmnd) {
 }  // namespace
 
 std::optional<Reading> detect(std::span<const float> samples, double sampleRate,
-                              double minFrequency, double maxFrequency, double threshold) {
+                              double minFrequency, double maxFrequency, double threshold,
+                              NormalisedDifference& cmnd) {
   if (samples.size() < minimumSamples || !(sampleRate > minimumRate)) return std::nullopt;
 
-  const Centred block = centre(samples);
-  if (!(block.rms > silence)) return std::nullopt;
+  const float rms = centre(samples, cmnd.beginBlock(samples.size()));
+  if (!(rms > silence)) return std::nullopt;
 
   const auto range = lagRange(samples.size(), sampleRate, minFrequency, maxFrequency);
   if (!range) return std::nullopt;
 
-  std::vector<double> cmnd(range->max + 1);
-  differenceFunction(block.x, samples.size() / 2, cmnd);
-  normaliseByCumulativeMean(cmnd);
-
   const auto tau = firstDip(cmnd, *range, threshold);
   if (!tau) return std::nullopt;
-  const double betterTau = parabolicTau(cmnd, *tau);
+  const double betterTau = parabolicTau(cmnd.upTo(std::min(*tau + 1, range->max)), *tau);
   if (betterTau <= 0.0) return std::nullopt;
 
   const double frequency = sampleRate / betterTau;
   const bool plausible = std::isfinite(frequency) && minFrequency * 0.9 <= frequency &&
                          frequency <= maxFrequency * 1.05;
   if (!plausible) return std::nullopt;
-  return Reading{frequency, clampedConfidence(cmnd[*tau]), block.rms};
+  return Reading{frequency, clampedConfidence(cmnd.at(*tau)), rms};
+}
+
+std::optional<Reading> detect(std::span<const float> samples, double sampleRate,
+                              double minFrequency, double maxFrequency, double threshold) {
+  NormalisedDifference cmnd;
+  return detect(samples, sampleRate, minFrequency, maxFrequency, threshold, cmnd);
 }
 
 }  // namespace corvane::PitchDetector

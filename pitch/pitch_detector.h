@@ -5,6 +5,8 @@
 
 namespace corvane {
 
+class NormalisedDifference;
+
 /// The fundamental frequency of one block of sound, by YIN: difference function, cumulative mean
 /// normalised difference, absolute threshold, descent to the local minimum, parabolic refinement
 /// (de Cheveigné and Kawahara 2002, J. Acoust. Soc. Am. 111). Unlike the paper's, a block that
@@ -28,6 +30,12 @@ struct Reading {
 /// every machine. Keeps nothing between calls; any thread.
 std::optional<Reading> detect(std::span<const float> samples, double sampleRate,
                               double minFrequency, double maxFrequency, double threshold);
+
+/// The same in memory that the caller keeps from block to block: once that has held a block of this
+/// length, nothing is allocated. What it held before changes nothing.
+std::optional<Reading> detect(std::span<const float> samples, double sampleRate,
+                              double minFrequency, double maxFrequency, double threshold,
+                              NormalisedDifference& memory);
 
 }  // namespace PitchDetector
 }  // namespace corvane

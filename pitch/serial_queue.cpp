@@ -1,7 +1,7 @@
 #include "pitch/serial_queue.h"
 
 #include <condition_variable>
-#include <deque>
+#include <list>
 #include <mutex>
 #include <utility>
 
@@ -23,8 +23,16 @@ void nameThisThread([[maybe_unused]] const std::string& label) {
 struct SerialQueue::State {
   std::mutex lock;
   std::condition_variable changed;
-  std::deque<Job> jobs;
+  std::list<Job> jobs;
+  std::list<Job> spare;  ///< empty places, used again instead of allocating new ones
   bool ending = false;
+
+  void add(Job job) {
+    const std::lock_guard held(lock);
+    if (spare.empty()) spare.emplace_front();
+    spare.front() = std::move(job);
+    jobs.splice(jobs.end(), spare, spare.begin());
+  }
 
   /// The next job, waited for; nothing once the queue is ending and empty.
   Job next() {
@@ -32,7 +40,7 @@ struct SerialQueue::State {
     changed.wait(held, [this] { return ending || !jobs.empty(); });
     if (jobs.empty()) return nullptr;
     Job job = std::move(jobs.front());
-    jobs.pop_front();
+    spare.splice(spare.begin(), jobs, jobs.begin());
     return job;
   }
 };
@@ -59,10 +67,7 @@ SerialQueue::~SerialQueue() {
 }
 
 void SerialQueue::async(Job job) {
-  {
-    const std::lock_guard held(state->lock);
-    state->jobs.push_back(std::move(job));
-  }
+  state->add(std::move(job));
   state->changed.notify_one();
 }
 

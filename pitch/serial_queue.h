@@ -1,16 +1,17 @@
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <thread>
+
+#include "pitch/in_place_function.h"
 
 namespace corvane {
 
 /// Where jobs run one at a time, in the order of submission.
 class TaskQueue {
  public:
-  using Job = std::function<void()>;
+  using Job = InPlaceFunction<void(), 64>;
 
   virtual ~TaskQueue() = default;
 
@@ -20,7 +21,8 @@ class TaskQueue {
 
 /// A queue with a thread of its own, which carries the label (up to 15 bytes of it) as its name.
 /// Destruction runs what was submitted before, then ends the thread; from within a job it returns
-/// at once and the thread ends after that job and those behind it.
+/// at once and the thread ends after that job and those behind it. Submitting allocates only when
+/// more jobs wait than ever before.
 class SerialQueue final : public TaskQueue {
  public:
   explicit SerialQueue(const std::string& label);

@@ -9,6 +9,7 @@ desktop_packages="xvfb openbox xdotool dbus at-spi2-core python3 python3-pyatspi
   pulseaudio pulseaudio-utils imagemagick fluidsynth timgm6mb-soundfont fonts-dejavu-core"
 test_packages="qml6-module-qttest libgtest-dev libgmock-dev librapidcheck-dev clang-format pipewire pipewire-bin
   pipewire-pulse wireplumber x11-utils util-linux"
+bench_packages="libbenchmark-dev"
 
 # missing PACKAGE...: those that are not installed.
 missing() {

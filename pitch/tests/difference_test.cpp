@@ -1,12 +1,11 @@
 #include "pitch/difference.h"
 
-#include <gtest/gtest.h>
-
 #include <bit>
 #include <cmath>
 #include <cstdint>
 #include <limits>
 
+#include "pitch/tests/difference_paths.h"
 #include "tests/support/signals.h"
 
 namespace corvane {
@@ -26,13 +25,6 @@ std::vector<double> plainDifference(const std::vector<float>& x, std::size_t win
   return d;
 }
 
-/// What the function makes of x, in an array that holds no number before.
-std::vector<double> difference(std::span<const float> x, std::size_t window, std::size_t tauMax) {
-  std::vector<double> d(tauMax + 1, std::numeric_limits<double>::quiet_NaN());
-  differenceFunction(x, window, d);
-  return d;
-}
-
 void expectSameBits(const std::vector<double>& actual, const std::vector<double>& expected) {
   ASSERT_EQ(actual.size(), expected.size());
   for (std::size_t tau = 0; tau < actual.size(); ++tau) {
@@ -43,17 +35,37 @@ void expectSameBits(const std::vector<double>& actual, const std::vector<double>
   }
 }
 
-TEST(DifferenceFunction, EqualsThePlainLoopAtEverySmallWindowAndLag) {
-  const signals::Samples x = signals::noise(80, 1);
+class DifferenceOn : public OnEveryPath {
+ protected:
+  /// What the path makes of x at the lags from 1 to tauMax, lags at once after lags at once, with
+  /// `beyond` after the last sample that they need and not a place more than the path may read.
+  static std::vector<double> difference(const std::vector<float>& x, std::size_t window,
+                                        std::size_t tauMax, double beyond = double{nan}) {
+    const DifferencePath& path = GetParam();
+    const std::size_t lags = (tauMax + path.lags - 1) / path.lags * path.lags;
+    std::vector<double> wide(x.begin(), x.begin() + std::ptrdiff_t(window + tauMax));
+    wide.resize(window + lags, beyond);
+    std::vector<double> d(1 + lags, std::numeric_limits<double>::quiet_NaN());
+    d[0] = 0.0;
+    for (std::size_t tau = 1; tau <= tauMax; tau += path.lags) {
+      path.sum(wide.data(), window, tau, d.data() + tau);
+    }
+    d.resize(1 + tauMax);
+    return d;
+  }
+};
+
+TEST_P(DifferenceOn, EqualsThePlainLoopAtEverySmallWindowAndLag) {
+  const signals::Samples x = signals::noise(110, 1);
   for (std::size_t window = 0; window <= 40; ++window) {
-    for (std::size_t tauMax = 0; tauMax <= 40; ++tauMax) {
+    for (std::size_t tauMax = 0; tauMax <= 70; ++tauMax) {
       SCOPED_TRACE(testing::Message() << "window " << window << ", lags to " << tauMax);
       expectSameBits(difference(x, window, tauMax), plainDifference(x, window, tauMax));
     }
   }
 }
 
-TEST(DifferenceFunction, EqualsThePlainLoopAtAwkwardLengths) {
+TEST_P(DifferenceOn, EqualsThePlainLoopAtAwkwardLengths) {
   struct Lengths {
     std::size_t window;
     std::size_t tauMax;
@@ -67,53 +79,85 @@ TEST(DifferenceFunction, EqualsThePlainLoopAtAwkwardLengths) {
   }
 }
 
-TEST(DifferenceFunction, EqualsThePlainLoopWhereverTheSamplesStartInMemory) {
-  const signals::Samples x = signals::noise(700, 3);
-  for (std::size_t start = 0; start < 16; ++start) {
-    const signals::Samples moved(x.begin() + static_cast<std::ptrdiff_t>(start), x.end());
-    expectSameBits(difference(std::span(x).subspan(start), 301, 299),
-                   plainDifference(moved, 301, 299));
+TEST_P(DifferenceOn, EqualsThePlainLoopWhereverSamplesAndSumsLieInMemory) {
+  const signals::Samples x = signals::noise(200, 3);
+  const std::size_t lags = GetParam().lags;
+  const std::vector<double> expected = plainDifference(x, 101, lags);
+  for (std::size_t start = 0; start < 8; ++start) {
+    std::vector<double> wide(start, double{nan});
+    wide.insert(wide.end(), x.begin(), x.end());
+    for (std::size_t place = 0; place < 8; ++place) {
+      std::vector<double> d(place + lags);
+      GetParam().sum(wide.data() + start, 101, 1, d.data() + place);
+      d.erase(d.begin(), d.begin() + std::ptrdiff_t(place));
+      d.insert(d.begin(), 0.0);
+      expectSameBits(d, expected);
+    }
   }
 }
 
-TEST(DifferenceFunction, EqualsThePlainLoopFromTheFaintestToTheLoudestSamples) {
+TEST_P(DifferenceOn, GivesALagTheSameSumWhicheverLagsAreComputedWithIt) {
+  const std::size_t lags = GetParam().lags;
+  const signals::Samples x = signals::noise(90 + 2 * lags + 90, 4);
+  const std::vector<double> wide(x.begin(), x.end());
+  const std::vector<double> expected = plainDifference(x, 90, 2 * lags + 2);
+  for (std::size_t first = 0; first <= lags + 2; ++first) {
+    std::vector<double> d(lags);
+    GetParam().sum(wide.data(), 90, first, d.data());
+    const auto from = expected.begin() + std::ptrdiff_t(first);
+    expectSameBits(d, std::vector<double>(from, from + std::ptrdiff_t(lags)));
+  }
+}
+
+TEST_P(DifferenceOn, EqualsThePlainLoopFromTheFaintestToTheLoudestSamples) {
   signals::Samples x = signals::noise(600, 4);
   const float scales[] = {1.0F, 1e30F, 1e-30F, std::numeric_limits<float>::denorm_min(), 3e38F};
   for (std::size_t i = 0; i < x.size(); ++i) x[i] *= scales[i % std::size(scales)];
   expectSameBits(difference(x, 300, 299), plainDifference(x, 300, 299));
 }
 
-TEST(DifferenceFunction, NeverTouchesASampleBeyondTheLastLag) {
+TEST_P(DifferenceOn, WhatLiesBeyondTheLastLagNeverMatters) {
+  constexpr double infinity = std::numeric_limits<double>::infinity();
+  const signals::Samples x = signals::noise(65 + 70, 5);
   for (std::size_t tauMax = 0; tauMax <= 70; ++tauMax) {
-    constexpr std::size_t window = 65;
-    signals::Samples x = signals::noise(window + tauMax, 5);
-    const std::vector<double> expected = plainDifference(x, window, tauMax);
-    x.insert(x.end(), 64, nan);
-    expectSameBits(difference(x, window, tauMax), expected);
+    const std::vector<double> expected = plainDifference(x, 65, tauMax);
+    for (const double beyond : {double{nan}, infinity, -infinity, 1e300, 5e-324}) {
+      expectSameBits(difference(x, 65, tauMax, beyond), expected);
+    }
   }
 }
 
-TEST(DifferenceFunction, StaysWithinABlockThatEndsWithItsLastLag) {
-  // Exactly as many samples as are needed, so that the address sanitizer sees one too many.
-  const signals::Samples x = signals::noise(65 + 70, 6);
-  expectSameBits(difference(x, 65, 70), plainDifference(x, 65, 70));
+TEST_P(DifferenceOn, WritesNothingBesideItsLags) {
+  const std::vector<double> wide(50 + GetParam().lags, 1.0);
+  std::vector<double> d(GetParam().lags + 2, -1.0);
+  GetParam().sum(wide.data(), 50, 1, d.data() + 1);
+  EXPECT_EQ(d.front(), -1.0);
+  EXPECT_EQ(d.back(), -1.0);
+  EXPECT_EQ(std::count(d.begin(), d.end(), 0.0), std::ptrdiff_t(GetParam().lags));
 }
 
-TEST(DifferenceFunction, OneSampleThatIsNotANumberSpoilsOnlyTheLagsThatReachIt) {
+TEST_P(DifferenceOn, OneSampleThatIsNotANumberSpoilsOnlyTheLagsThatReachIt) {
   signals::Samples x = signals::noise(100, 7);
   x[80] = nan;
   const std::vector<double> d = difference(x, 50, 50);
   for (std::size_t tau = 0; tau <= 50; ++tau) EXPECT_EQ(std::isnan(d[tau]), tau >= 31) << tau;
 }
 
-TEST(DifferenceFunction, WidensTheSamplesBeforeItSubtractsThem) {
+TEST_P(DifferenceOn, SubtractsInDoublePrecision) {
   // In single precision the difference of these would be rounded to 1.
-  const std::vector<float> x = {1.0F, 0x1p-30F};
   const double apart = 1.0 - 0x1p-30;
-  EXPECT_EQ(difference(x, 1, 1)[1], apart * apart);
+  EXPECT_EQ(difference({1.0F, 0x1p-30F}, 1, 1)[1], apart * apart);
 }
 
-TEST(DifferenceFunction, AddsInIndexOrderIntoOneSum) {
+TEST_P(DifferenceOn, RoundsEachSquareBeforeItIsAdded) {
+  // At lag 3 the squares are 2^-54 twice and 1 + 2^-29 + 2^-60. Rounded, the last one loses its
+  // 2^-60 and adding it is a tie, which goes down; one fused operation would still see it, and
+  // round up.
+  const std::vector<float> x = {0x1p-27F, 0x1p-27F, 1.0F, 0.0F, 0.0F, -0x1p-30F};
+  EXPECT_EQ(difference(x, 3, 3)[3], 1.0 + 0x1p-29);
+}
+
+TEST_P(DifferenceOn, AddsInIndexOrderIntoOneSum) {
   // Each small square alone is lost beside the first one; added up apart, they would not be.
   std::vector<float> x(2049, 0.0F);
   x[0] = 0x1p27F;
@@ -121,11 +165,15 @@ TEST(DifferenceFunction, AddsInIndexOrderIntoOneSum) {
   EXPECT_EQ(difference(x, 2048, 1)[1], 0x1p54);
 }
 
-TEST(DifferenceFunctionDeathTest, ALagThatLeavesTheBlockStopsTheProgram) {
-  const std::vector<float> x(100, 0.0F);
-  std::vector<double> d(52);
-  EXPECT_DEATH(differenceFunction(x, 50, d), "broken invariant");
-  EXPECT_DEATH(differenceFunction(x, 50, std::span<double>()), "broken invariant");
+INSTANTIATE_TEST_SUITE_P(Paths, DifferenceOn, testing::ValuesIn(differencePaths()), pathTitle);
+
+TEST(DifferencePaths, TheLastOneRunsEverywhere) {
+  EXPECT_EQ(differencePaths().back().name, "portable");
+  EXPECT_TRUE(differencePaths().back().runsHere());
+}
+
+TEST(DifferencePaths, TheFirstThatRunsHereIsTheFastest) {
+  EXPECT_EQ(fastestDifferencePath().name, pathsOfThisMachine().front().name);
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <limits>
 
+#include "pitch/normalised_difference.h"
+#include "pitch/tests/difference_paths.h"
 #include "pitch/tests/readings.h"
 #include "pitch/tests/reference_detector.h"
 #include "tests/support/signals.h"
@@ -72,19 +74,44 @@ struct Search {
 
 constexpr Search tuner = {27.0, 4300.0, 0.15};
 
-/// Whether the detector finds the same as the reference in each of the sounds; counts the readings.
-int agreements(const std::vector<Named>& sounds, double rate, const Search& search) {
+/// Whether the detector finds the same as the reference in each of the sounds, on its own and in
+/// each of the memories, which have held other blocks before; counts the readings.
+int agreements(const std::vector<Named>& sounds, double rate, const Search& search,
+               std::vector<NormalisedDifference> memories) {
   const auto& [low, high, threshold] = search;
   int readings = 0;
   for (const auto& [name, samples] : sounds) {
-    const auto actual = PitchDetector::detect(samples, rate, low, high, threshold);
-    EXPECT_TRUE(sameBits(actual, reference::detect(samples, rate, low, high, threshold)))
-        << name << " at " << rate << " Hz, " << samples.size() << " samples, " << low << " to "
-        << high << " Hz, threshold " << threshold;
-    if (actual) ++readings;
+    std::vector found = {PitchDetector::detect(samples, rate, low, high, threshold)};
+    for (NormalisedDifference& memory : memories) {
+      found.push_back(PitchDetector::detect(samples, rate, low, high, threshold, memory));
+    }
+    const auto expected = reference::detect(samples, rate, low, high, threshold);
+    for (const auto& reading : found) {
+      EXPECT_TRUE(sameBits(reading, expected))
+          << name << " at " << rate << " Hz, " << samples.size() << " samples, " << low << " to "
+          << high << " Hz, threshold " << threshold;
+    }
+    if (expected) ++readings;
   }
   return readings;
 }
+
+/// The same on every path of this machine.
+int agreements(const std::vector<Named>& sounds, double rate, const Search& search) {
+  std::vector<NormalisedDifference> memories;
+  for (const DifferencePath& path : pathsOfThisMachine()) memories.emplace_back(path);
+  return agreements(sounds, rate, search, std::move(memories));
+}
+
+class DetectorOn : public OnEveryPath {};
+
+TEST_P(DetectorOn, ReadsEverySoundToTheSameBitsAsTheReference) {
+  const std::vector memories = {NormalisedDifference(GetParam())};
+  EXPECT_GE(agreements(notes(48000.0, 4099), 48000.0, tuner, memories), 8);
+  agreements(others(48000.0, 4099), 48000.0, tuner, memories);
+}
+
+INSTANTIATE_TEST_SUITE_P(Paths, DetectorOn, testing::ValuesIn(differencePaths()), pathTitle);
 
 struct Block {
   double rate;

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 
+#include "pitch/normalised_difference.h"
 #include "pitch/tests/readings.h"
 #include "pitch/tests/reference_detector.h"
 #include "tests/support/signals.h"
@@ -128,6 +129,38 @@ TEST(PitchDetector, SamplesThatAreNotNumbersGiveNothing) {
     samples[4000] = odd;
     EXPECT_FALSE(detectAt(48000.0, samples)) << odd;
   }
+}
+
+/// The portable path, telling how far it was made to go.
+std::size_t longestLag = 0;
+DifferencePath recording() {
+  DifferencePath path = differencePaths().back();
+  path.sum = [](const double* x, std::size_t window, std::size_t firstLag, double* d) {
+    longestLag = firstLag + differencePaths().back().lags - 1;
+    differencePaths().back().sum(x, window, firstLag, d);
+  };
+  return path;
+}
+
+/// The longest lag computed for a block, which comes with the three before it.
+std::size_t lagsComputed(const signals::Samples& samples) {
+  longestLag = 0;
+  NormalisedDifference memory(recording());
+  detect(samples, 48000.0, 27.0, 4300.0, 0.15, memory);
+  return longestLag;
+}
+
+TEST(PitchDetector, ComputesTheLagsOnlyUpToTheOneBehindTheDip) {
+  ASSERT_EQ(recording().lags, 4U);
+  // The dip is at lag 48000 / f; the one behind it ends the descent and serves the refinement.
+  EXPECT_EQ(lagsComputed(signals::sine(48000.0 / 103.0, 48000.0, 8192)), 104U);
+  EXPECT_EQ(lagsComputed(signals::sine(48000.0 / 104.0, 48000.0, 8192)), 108U);
+  EXPECT_EQ(lagsComputed(signals::sine(48000.0 / 600.0, 48000.0, 8192)), 604U);
+}
+
+TEST(PitchDetector, ComputesNoLagOfSilenceAndEveryLagOfNoise) {
+  EXPECT_EQ(lagsComputed(signals::constant(0.0F, 8192)), 0U);
+  EXPECT_EQ(lagsComputed(signals::noise(8192, 3)), 1780U) << "1778 is the longest";
 }
 
 TEST(PitchDetector, KeepsNothingBetweenCalls) {

@@ -1,7 +1,6 @@
 #include "pitch/tests/reference_detector.h"
 
 #include <cmath>
-#include <cstdint>
 
 namespace corvane::reference {
 namespace {
@@ -63,6 +62,10 @@ Centred centre(const std::vector<float>& samples) {
   return {x, sqrtf(squares / n)};
 }
 
+std::vector<double> normalisedDifference(const std::vector<float>& x, std::int64_t tauMax) {
+  return normalised(difference(x, tauMax));
+}
+
 std::optional<PitchDetector::Reading> detect(const std::vector<float>& samples, double sampleRate,
                                              double minFrequency, double maxFrequency,
                                              double threshold) {
@@ -79,7 +82,7 @@ std::optional<PitchDetector::Reading> detect(const std::vector<float>& samples, 
   if (tauMax > halfBlock) tauMax = halfBlock;
   if (tauMax - tauMin < 2) return {};
 
-  const std::vector<double> cmnd = normalised(difference(centred.x, tauMax));
+  const std::vector<double> cmnd = normalisedDifference(centred.x, tauMax);
 
   std::optional<std::size_t> dip;
   for (std::int64_t tau = tauMin; tau <= tauMax && !dip; tau++) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -16,6 +17,9 @@ struct Centred {
 
 /// The samples less their mean, and the level of what is left, all in single precision.
 Centred centre(const std::vector<float>& samples);
+
+/// The cumulative mean normalised difference at the lags from 0 to tauMax, over half of x.
+std::vector<double> normalisedDifference(const std::vector<float>& x, std::int64_t tauMax);
 
 /// As PitchDetector::detect; the bounds must be valid.
 std::optional<PitchDetector::Reading> detect(const std::vector<float>& samples, double sampleRate,

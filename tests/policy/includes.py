@@ -24,10 +24,12 @@ ALLOWED = {
     "ui": (("base", "pitch", "tunings", "platform", "engine", "ui"), ("qt",)),
     "tools/replay": (("base", "pitch", "tunings", "platform", "engine", "tools/replay"), ("sndfile",)),
 }
-# The one place where everything is put together, and the one thing the standard library lacks.
+# The one place where everything is put together, and the two things the standard library lacks: a
+# thread's name, and the processor's own instructions.
 EXTRA = {
     "ui/main.cpp": {"platform/pulse", "platform/qt"},
     "pitch/serial_queue.cpp": {"posix"},
+    "pitch/difference_avx512.cpp": {"intrinsics"},
 }
 
 
@@ -48,6 +50,8 @@ def library_of(header: str) -> str:
         return "qt"
     if header == "sndfile.h":
         return "sndfile"
+    if header == "immintrin.h":
+        return "intrinsics"
     if header.endswith(".h"):
         return "posix"
     return "std"
@@ -80,6 +84,7 @@ def check_itself() -> None:
     assert is_allowed("pitch/a.cpp", '"', "base/require.h")
     assert is_allowed("pitch/a.cpp", "<", "vector")
     assert not is_allowed("pitch/a.cpp", '"', "tunings/tuning.h")
+    assert not is_allowed("pitch/a.cpp", "<", "immintrin.h")
     assert not is_allowed("engine/a.cpp", "<", "QString")
     assert not is_allowed("engine/a.cpp", '"', "platform/pulse/pulse_loop.h")
     assert not is_allowed("platform/clock.h", "<", "pulse/context.h")

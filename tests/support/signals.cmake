@@ -1,5 +1,5 @@
-# Included by whoever tests with synthesised sound; the first one builds the library.
-if(CORVANE_TESTS AND NOT TARGET corvane_signals)
+# Included by whoever tests or measures with synthesised sound; the first one builds the library.
+if((CORVANE_TESTS OR CORVANE_BENCH) AND NOT TARGET corvane_signals)
   add_library(corvane_signals STATIC ${CMAKE_CURRENT_LIST_DIR}/signals.cpp)
   target_include_directories(corvane_signals PUBLIC ${PROJECT_SOURCE_DIR})
   target_link_libraries(corvane_signals PRIVATE corvane_options)

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <concepts>
+#include <cstddef>
+#include <functional>
+#include <new>
+#include <type_traits>
+#include <utility>
+
+#include "base/require.h"
+
+namespace corvane {
+
+template <class Signature, std::size_t capacity>
+class InPlaceFunction;
+
+/// A std::function that holds its callable within itself: to make, copy or move one allocates
+/// nothing, which is what the threads of the audio path need. A callable larger than `capacity`
+/// bytes does not compile. Calling an empty one stops the program.
+template <class Result, class... Arguments, std::size_t capacity>
+class InPlaceFunction<Result(Arguments...), capacity> {
+ public:
+  InPlaceFunction() = default;
+  InPlaceFunction(std::nullptr_t) {}
+
+  template <class F>
+  requires(!std::same_as<std::remove_cvref_t<F>, InPlaceFunction> &&
+           std::is_invocable_r_v<Result, std::decay_t<F>&, Arguments...>)
+      InPlaceFunction(F&& callable) {
+    using Held = std::decay_t<F>;
+    static_assert(sizeof(Held) <= capacity && alignof(Held) <= alignof(void*));
+    static_assert(std::is_nothrow_move_constructible_v<Held>);
+    new (storage) Held(std::forward<F>(callable));
+    operations = &operationsOf<Held>;
+  }
+
+  InPlaceFunction(const InPlaceFunction& other) : operations(other.operations) {
+    if (operations != nullptr) operations->copy(storage, other.storage);
+  }
+
+  /// Leaves `other` empty.
+  InPlaceFunction(InPlaceFunction&& other) noexcept
+      : operations(std::exchange(other.operations, nullptr)) {
+    if (operations != nullptr) operations->relocate(storage, other.storage);
+  }
+
+  InPlaceFunction& operator=(InPlaceFunction other) noexcept {
+    // What was held is destroyed last: its destructor may do anything, even come back here.
+    InPlaceFunction previous(std::move(*this));
+    operations = std::exchange(other.operations, nullptr);
+    if (operations != nullptr) operations->relocate(storage, other.storage);
+    return *this;
+  }
+
+  ~InPlaceFunction() {
+    if (operations != nullptr) operations->destroy(storage);
+  }
+
+  explicit operator bool() const { return operations != nullptr; }
+
+  Result operator()(Arguments... arguments) const {
+    require(operations != nullptr, "what is called is there");
+    return operations->call(storage, std::forward<Arguments>(arguments)...);
+  }
+
+ private:
+  struct Operations {
+    Result (*call)(void*, Arguments&&...);
+    void (*copy)(void* to, const void* from);
+    void (*relocate)(void* to, void* from);
+    void (*destroy)(void*);
+  };
+
+  template <class Held>
+  static constexpr Operations operationsOf = {
+      [](void* held, Arguments&&... arguments) -> Result {
+        return std::invoke(*static_cast<Held*>(held), std::forward<Arguments>(arguments)...);
+      },
+      [](void* to, const void* from) { new (to) Held(*static_cast<const Held*>(from)); },
+      [](void* to, void* from) {
+        new (to) Held(std::move(*static_cast<Held*>(from)));
+        static_cast<Held*>(from)->~Held();
+      },
+      [](void* held) { static_cast<Held*>(held)->~Held(); },
+  };
+
+  const Operations* operations = nullptr;
+  alignas(void*) mutable std::byte storage[capacity];
+};
+
+}  // namespace corvane

@@ -1,0 +1,96 @@
+// Replaces the global operators of the whole program, each form of them: those of the standard
+// library come down to a few, but those of a sanitizer do not.
+
+#include "pitch/tests/allocation_count.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+constinit thread_local std::size_t count = 0;
+
+constexpr std::align_val_t usual{__STDCPP_DEFAULT_NEW_ALIGNMENT__};
+
+void* allocateOrNull(std::size_t size, std::align_val_t align = usual) noexcept {
+  ++count;
+  const auto alignment = static_cast<std::size_t>(align);
+  return std::aligned_alloc(alignment, (size + alignment) / alignment * alignment);
+}
+
+void* allocate(std::size_t size, std::align_val_t align = usual) {
+  if (void* const memory = allocateOrNull(size, align)) return memory;
+  throw std::bad_alloc();
+}
+
+void release(void* memory) {
+  if (memory != nullptr) ++count;
+  std::free(memory);
+}
+
+}  // namespace
+
+std::size_t corvane::allocationsOfThisThread() {
+  return count;
+}
+
+void* operator new(std::size_t size) {
+  return allocate(size);
+}
+void* operator new(std::size_t size, std::align_val_t align) {
+  return allocate(size, align);
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  return allocateOrNull(size);
+}
+void* operator new(std::size_t size, std::align_val_t align, const std::nothrow_t&) noexcept {
+  return allocateOrNull(size, align);
+}
+void* operator new[](std::size_t size) {
+  return allocate(size);
+}
+void* operator new[](std::size_t size, std::align_val_t align) {
+  return allocate(size, align);
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+  return allocateOrNull(size);
+}
+void* operator new[](std::size_t size, std::align_val_t align, const std::nothrow_t&) noexcept {
+  return allocateOrNull(size, align);
+}
+void operator delete(void* memory) noexcept {
+  release(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+  release(memory);
+}
+void operator delete(void* memory, std::align_val_t) noexcept {
+  release(memory);
+}
+void operator delete(void* memory, std::size_t, std::align_val_t) noexcept {
+  release(memory);
+}
+void operator delete(void* memory, const std::nothrow_t&) noexcept {
+  release(memory);
+}
+void operator delete(void* memory, std::align_val_t, const std::nothrow_t&) noexcept {
+  release(memory);
+}
+void operator delete[](void* memory) noexcept {
+  release(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept {
+  release(memory);
+}
+void operator delete[](void* memory, std::align_val_t) noexcept {
+  release(memory);
+}
+void operator delete[](void* memory, std::size_t, std::align_val_t) noexcept {
+  release(memory);
+}
+void operator delete[](void* memory, const std::nothrow_t&) noexcept {
+  release(memory);
+}
+void operator delete[](void* memory, std::align_val_t, const std::nothrow_t&) noexcept {
+  release(memory);
+}

@@ -1,0 +1,164 @@
+#include <algorithm>
+#include <array>
+#include <functional>
+
+#include "pitch/normalised_difference.h"
+#include "pitch/tests/allocation_count.h"
+#include "pitch/tests/capture_probe.h"
+#include "pitch/tests/difference_paths.h"
+#include "pitch/tests/threads.h"
+
+namespace corvane {
+namespace {
+
+TEST(AllocationCount, CountsEachAllocationAndEachReleaseOfItsOwnThread) {
+  const std::size_t before = allocationsOfThisThread();
+  {
+    const auto number = std::make_unique<int>(1);
+    EXPECT_EQ(allocationsOfThisThread(), before + 1);
+    const std::vector<std::max_align_t> several(3);
+    EXPECT_EQ(allocationsOfThisThread(), before + 2);
+    struct alignas(128) Wide {
+      char bytes[128];
+    };
+    const auto wide = std::make_unique<Wide[]>(2);
+    EXPECT_EQ(allocationsOfThisThread(), before + 3);
+  }
+  EXPECT_EQ(allocationsOfThisThread(), before + 6);
+  std::size_t other = 0;
+  std::thread([&other] { other = allocationsOfThisThread(); }).join();
+  EXPECT_LT(other, before + 6);
+}
+
+/// What the detection thread has allocated when it tells a reading, in places that exist
+/// beforehand.
+class PitchAllocation : public testing::Test {
+ protected:
+  static constexpr std::size_t most = 1000;
+
+  /// A callback that owns something, as the engine's does.
+  PitchCapture::OnReading tellAllocations() {
+    return [counts = detections](const auto& reading) { counts->tell(reading.has_value()); };
+  }
+
+  struct Counts {
+    std::array<std::size_t, most> allocations{};
+    std::size_t pitches = 0;
+    std::atomic<std::size_t> told = 0;
+
+    void tell(bool pitch) {
+      allocations.at(told) = allocationsOfThisThread();
+      pitches += pitch ? 1U : 0U;
+      ++told;
+      told.notify_all();
+    }
+
+    /// Allocates nothing, unlike what waits with a deadline elsewhere: the test has one of its own.
+    void waitFor(std::size_t count) {
+      for (std::size_t now = told; now < count; now = told) told.wait(now);
+    }
+  };
+
+  std::shared_ptr<Counts> detections = std::make_shared<Counts>();
+};
+
+signals::Samples music() {
+  const auto low = signals::pluckedString(signals::pluckedDelay(41.2, 48000.0), 40000, 1);
+  const auto high = signals::pluckedString(signals::pluckedDelay(329.6, 48000.0), 40000, 2);
+  signals::Samples all = signals::constant(0.0F, 20000);
+  for (const auto& part : {low, signals::noise(30000, 3), high, signals::constant(0.0F, 20000)}) {
+    all.insert(all.end(), part.begin(), part.end());
+  }
+  return all;
+}
+
+/// Feeds `samples` in buffers of `frames` to two channels and tells `afterBuffer` after each how
+/// many blocks are complete. How often this thread has allocated since the first one was.
+template <class AfterBuffer>
+std::size_t allocationsOfTheTap(PitchCapture& capture, const signals::Samples& samples,
+                                std::uint32_t frames, const PitchCapture::OnReading& onReading,
+                                AfterBuffer afterBuffer) {
+  std::size_t before = 0;
+  for (std::size_t first = 0; first + frames <= samples.size(); first += frames) {
+    const float* channels[] = {samples.data() + first, samples.data() + first};
+    const double rate = first < samples.size() / 2 ? 48000.0 : 96000.0;
+    capture.consume({channels, frames, 2, rate}, onReading);
+    const std::size_t fed = first + frames;
+    afterBuffer(fed < blockSamples ? 0 : (fed - blockSamples) / hopSamples + 1);
+    if (fed < blockSamples + frames) before = allocationsOfThisThread();
+  }
+  return allocationsOfThisThread() - before;
+}
+
+TEST_F(PitchAllocation, NeitherThreadAllocatesAfterTheFirstBlock) {
+  const signals::Samples samples = music();
+  for (const std::uint32_t frames : {4096U, 441U, 4097U}) {
+    const auto capture = PitchCapture::create();
+    detections = std::make_shared<Counts>();
+    const PitchCapture::OnReading onReading = tellAllocations();
+    std::size_t tapAllocations = most;
+    std::thread tap([&] {
+      tapAllocations =
+          allocationsOfTheTap(*capture, samples, frames, onReading,
+                              [this](std::size_t blocks) { detections->waitFor(blocks); });
+    });
+    tap.join();
+    EXPECT_EQ(tapAllocations, 0U) << frames << " frames at once";
+    const std::size_t count = detections->told;
+    ASSERT_GT(count, 30U) << "or too little was tested";
+    EXPECT_GT(detections->pitches, 5U) << "or no detection went all the way";
+    EXPECT_LT(detections->pitches, count) << "or none found nothing";
+    EXPECT_EQ(detections->allocations[count - 1], detections->allocations[0])
+        << "on the detection thread, with " << frames << " frames at once";
+  }
+}
+
+TEST_F(PitchAllocation, ATapThatRunsAheadAllocatesNothingEither) {
+  const signals::Samples samples = music();
+  Door started;
+  Door finish;
+  bool held = false;
+  auto detector = PitchCapture::musicalPitchDetector();
+  const auto capture = PitchCapture::create(std::make_unique<SerialQueue>("corvane.pitch"),
+                                            [&](auto block, double rate) {
+                                              if (!std::exchange(held, true)) {
+                                                started.open();
+                                                finish.pass();
+                                              }
+                                              return detector(block, rate);
+                                            });
+  const PitchCapture::OnReading onReading = tellAllocations();
+  const auto waitForTheFirst = [&](std::size_t blocks) {
+    if (blocks == 1) {
+      EXPECT_TRUE(started.pass());
+    }
+  };
+  EXPECT_EQ(allocationsOfTheTap(*capture, samples, 4096, onReading, waitForTheFirst), 0U);
+  EXPECT_EQ(detections->told, 0U);
+  finish.open();
+  detections->waitFor(2);
+  EXPECT_EQ(detections->allocations[1], detections->allocations[0]);
+}
+
+class DetectionAllocationOn : public OnEveryPath {};
+
+TEST_P(DetectionAllocationOn, ABlockAllocatesNothingOnceOneOfItsLengthWasThere) {
+  NormalisedDifference memory(GetParam());
+  const auto allocations = [&memory](const signals::Samples& samples, double rate) {
+    const std::size_t before = allocationsOfThisThread();
+    PitchDetector::detect(samples, rate, 27.0, 4300.0, 0.15, memory);
+    return allocationsOfThisThread() - before;
+  };
+  EXPECT_GT(allocations(signals::constant(0.0F, 8192), 48000.0), 0U);
+  for (const double rate : {44100.0, 48000.0, 96000.0, 192000.0}) {
+    EXPECT_EQ(allocations(signals::noise(8192, 1), rate), 0U) << rate;
+    EXPECT_EQ(allocations(signals::sine(50.0, rate, 8192), rate), 0U) << rate;
+    EXPECT_EQ(allocations(signals::sine(440.0, rate, 4000), rate), 0U) << rate;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Paths, DetectionAllocationOn, testing::ValuesIn(differencePaths()),
+                         pathTitle);
+
+}  // namespace
+}  // namespace corvane
