@@ -35,7 +35,7 @@ def _learn(subject: Subject) -> tuple[bytes, Shape]:
 
 
 def _start_once(subject: Subject, button: bytes, shape: Shape) -> tuple[float, float]:
-    if subject.pixels(PLAY_BUTTON) == button:
+    if moment_when(lambda: subject.pixels(PLAY_BUTTON) != button) is None:
         raise RuntimeError("the window of the last run is still there")
     start = time.monotonic()
     with subject.running():
