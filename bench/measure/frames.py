@@ -29,13 +29,16 @@ def measure(subject: Subject, room: PipedRoom, seconds: float) -> Frames:
 
 
 def _restless(seconds: float) -> array.array:
-    """Another loudness every half hop, so that no two blocks have the same."""
+    """A steady note whose loudness goes to another level with every hop, so that no two blocks are
+    equally loud."""
     dice = random.Random(1)
     sound = array.array("f")
-    while len(sound) < seconds * RATE:
-        peak = dice.uniform(0.01, 0.1)
-        sound.extend(peak * math.sin(2 * math.pi * 110 * (len(sound) + i) / RATE)
-                     for i in range(HOP // 2))
+    peak = 0.05
+    for _ in range(math.ceil(seconds * RATE / HOP)):
+        step = (dice.uniform(0.02, 0.1) - peak) / HOP
+        for _ in range(HOP):
+            peak += step
+            sound.append(peak * math.sin(2 * math.pi * 110 * len(sound) / RATE))
     return sound
 
 

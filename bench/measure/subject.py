@@ -2,6 +2,7 @@
 
 import contextlib
 import pathlib
+import re
 import subprocess
 import time
 from collections.abc import Callable, Iterator
@@ -48,10 +49,11 @@ class Subject:
         search = ["xdotool", "search", "--onlyvisible", "--pid", str(process.pid), "--name", "."]
         window = wait_until(lambda: subprocess.run(search, capture_output=True, text=True).stdout,
                             SECONDS, lambda: "no window").split()[0]
-        geometry = subprocess.run(["xdotool", "getwindowgeometry", "--shell", window], check=True,
-                                  capture_output=True, text=True).stdout
-        place = dict(line.split("=") for line in geometry.split())
-        self._left_top = (int(place["X"]), int(place["Y"]))
+        info = subprocess.run(["xwininfo", "-id", window], check=True, capture_output=True,
+                              text=True).stdout
+        x, y = (int(re.search(rf"Absolute upper-left {axis}:\s+(-?\d+)", info)[1])
+                for axis in "XY")
+        self._left_top = (x, y)
         return window
 
     def pixels(self, area: Area) -> bytes:
