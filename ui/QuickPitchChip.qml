@@ -18,6 +18,7 @@ PlainButton {
     Accessible.name: modelData + " Hz"
     Accessible.checkable: true
     Accessible.checked: selected
+    Accessible.onToggleAction: press()
 
     Capsule {
         anchors.fill: parent
