@@ -6,7 +6,7 @@ Chip {
     id: root
 
     selected: !(row?.tuner.locked ?? false)
-    fill: selected ? Qt.rgba(TunerTheme.gold.r, TunerTheme.gold.g, TunerTheme.gold.b, 0.22) : TunerTheme.card
+    fill: selected ? Qt.alpha(TunerTheme.gold, 0.22) : TunerTheme.card
     onClicked: row.tuner.releaseLock()
 
     Accessible.role: Accessible.Button
@@ -16,7 +16,7 @@ Chip {
         id: label
 
         anchors.centerIn: parent
-        width: parent.width - 2 * (3 + 2) // clear of the outline
+        width: parent.width - 2 * 3 // clear of the outline
         fontSizeMode: Text.HorizontalFit
         minimumPixelSize: 8
         horizontalAlignment: Text.AlignHCenter

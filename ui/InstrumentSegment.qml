@@ -18,6 +18,7 @@ PlainButton {
     Accessible.name: modelData
     Accessible.checkable: true
     Accessible.checked: checked
+    Accessible.onToggleAction: press()
 
     ContinuousRectangle {
         anchors.fill: parent

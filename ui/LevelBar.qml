@@ -26,7 +26,9 @@ Column {
         Accessible.description: Math.round(root.signal * 100) + " %"
 
         Capsule {
-            width: parent.width * root.signal
+            // A change too small for any pixel to show is none: a level that has died away goes on
+            // falling for minutes.
+            width: Math.round(parent.width * root.signal * 256) / 256
             height: parent.height
             color: TunerTheme.gold
         }

@@ -10,7 +10,8 @@ MouseArea {
     required property MenuModel entries
     required property real listWidth // at least; 0 for that of the control
     required property int alignment
-    readonly property rect place: control.mapToItem(root, Qt.rect(0, 0, control.width, control.height))
+    readonly property rect size: Qt.rect(0, 0, control.width, control.height)
+    readonly property rect place: control.mapToItem(root, size)
     readonly property alias list: list
     readonly property real margin: 8 // between the list and the edge of the window
     readonly property real padding: 6
@@ -58,10 +59,12 @@ MouseArea {
     ContinuousRectangle {
         id: ground
 
-        readonly property real start: root.alignment === Qt.AlignRight ? root.place.right - width : root.place.x
+        readonly property bool endsThere: root.alignment === Qt.AlignRight
+        readonly property real start: endsThere ? root.place.right - width : root.place.x
+        readonly property real below: root.place.bottom + 4
 
         x: Math.max(root.margin, Math.min(start, root.width - width - root.margin))
-        y: Math.max(root.margin, Math.min(root.place.bottom + 4, root.height - height - root.margin))
+        y: Math.max(root.margin, Math.min(below, root.height - height - root.margin))
         width: root.listWidth > 0 ? root.listWidth : root.place.width
         height: Math.min(list.implicitHeight + 2 * root.padding, root.height - 2 * root.margin)
         radius: 12

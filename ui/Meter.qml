@@ -58,7 +58,7 @@ Column {
             anchors.centerIn: parent
             width: Math.min(track.width * 5 / root.span, track.width)
             height: parent.height
-            color: Qt.rgba(TunerTheme.green.r, TunerTheme.green.g, TunerTheme.green.b, 0.35)
+            color: Qt.alpha(TunerTheme.green, 0.35)
         }
 
         Capsule {

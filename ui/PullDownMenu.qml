@@ -9,19 +9,19 @@ Item {
     required property Item control
     required property MenuModel entries
     property int alignment: Qt.AlignLeft // with which edge of the control
-    property MenuOverlay shown: null
+    property Item shown: null
     readonly property bool opened: shown !== null
-    readonly property Component overlay: MenuOverlay {}
 
     signal picked(value: string)
 
     function open(): void {
-        shown = overlay.createObject(Window.contentItem, {
+        // By its name, so that none of it is loaded before.
+        shown = Qt.createComponent("MenuOverlay.qml").createObject(Window.contentItem, {
                 control: control,
                 entries: entries,
                 listWidth: width,
                 alignment: alignment
-            }) as MenuOverlay;
+            });
     }
 
     // Whoever closes it with the keyboard sees where the keyboard is then.

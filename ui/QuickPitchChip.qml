@@ -8,7 +8,7 @@ PlainButton {
     required property int modelData
     readonly property TunerRow row: parent as TunerRow
     readonly property bool selected: row?.tuner.wholeHertz === modelData
-    readonly property color gold: Qt.rgba(TunerTheme.gold.r, TunerTheme.gold.g, TunerTheme.gold.b, 0.22)
+    readonly property color ground: selected ? Qt.alpha(TunerTheme.gold, 0.22) : Qt.rgba(1, 1, 1, 0.06)
 
     implicitWidth: number.implicitWidth + 20
     implicitHeight: number.implicitHeight + 12
@@ -18,10 +18,11 @@ PlainButton {
     Accessible.name: modelData + " Hz"
     Accessible.checkable: true
     Accessible.checked: selected
+    Accessible.onToggleAction: press()
 
     Capsule {
         anchors.fill: parent
-        color: Qt.tint(root.selected ? root.gold : Qt.rgba(1, 1, 1, 0.06), root.light)
+        color: Qt.tint(root.ground, root.light)
     }
 
     FocusRing {

@@ -52,16 +52,12 @@ QPainterPath continuousRectangle(const QRectF& rectangle, double radius) {
   return path;
 }
 
-ContinuousRectangle::ContinuousRectangle(QQuickItem* parent) : VectorItem(parent) {
-  connect(this, &ContinuousRectangle::shapeChanged, this, [this] { update(); });
-}
-
 void ContinuousRectangle::paint(QPainter* painter) const {
-  const double inset = borderWidth / 2.0;
+  const double inset = outlineWidth / 2.0;
   const QRectF middle = QRectF(0, 0, width(), height()).adjusted(inset, inset, -inset, -inset);
-  painter->setBrush(color);
-  painter->setPen(borderWidth > 0.0 ? QPen(borderColor, borderWidth) : QPen(Qt::NoPen));
-  painter->drawPath(continuousRectangle(middle, radius - inset));
+  painter->setBrush(fill);
+  painter->setPen(outlineWidth > 0.0 ? QPen(outline, outlineWidth) : QPen(Qt::NoPen));
+  painter->drawPath(continuousRectangle(middle, cornerRadius - inset));
 }
 
 }  // namespace corvane

@@ -17,13 +17,22 @@ QPainterPath continuousRectangle(const QRectF& rectangle, double radius);
 class ContinuousRectangle : public corvane::VectorItem {
   Q_OBJECT
   QML_ELEMENT
-  Q_PROPERTY(double radius MEMBER radius NOTIFY shapeChanged)
-  Q_PROPERTY(QColor color MEMBER color NOTIFY shapeChanged)
-  Q_PROPERTY(QColor borderColor MEMBER borderColor NOTIFY shapeChanged)
-  Q_PROPERTY(double borderWidth MEMBER borderWidth NOTIFY shapeChanged)
+  Q_PROPERTY(double radius READ radius WRITE setRadius NOTIFY shapeChanged)
+  Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY shapeChanged)
+  Q_PROPERTY(QColor borderColor READ borderColor WRITE setBorderColor NOTIFY shapeChanged)
+  Q_PROPERTY(double borderWidth READ borderWidth WRITE setBorderWidth NOTIFY shapeChanged)
 
  public:
-  explicit ContinuousRectangle(QQuickItem* parent = nullptr);
+  using VectorItem::VectorItem;
+
+  double radius() const { return cornerRadius; }
+  void setRadius(double points) { change(cornerRadius, points); }
+  QColor color() const { return fill; }
+  void setColor(const QColor& color) { change(fill, color); }
+  QColor borderColor() const { return outline; }
+  void setBorderColor(const QColor& color) { change(outline, color); }
+  double borderWidth() const { return outlineWidth; }
+  void setBorderWidth(double points) { change(outlineWidth, points); }
 
   void paint(QPainter* painter) const override;
 
@@ -31,10 +40,18 @@ class ContinuousRectangle : public corvane::VectorItem {
   void shapeChanged();
 
  private:
-  double radius = 0.0;
-  QColor color = Qt::transparent;
-  QColor borderColor = Qt::transparent;
-  double borderWidth = 0.0;
+  template <class Value>
+  void change(Value& member, const Value& value) {
+    if (value == member) return;
+    member = value;
+    update();
+    emit shapeChanged();
+  }
+
+  double cornerRadius = 0.0;
+  QColor fill = Qt::transparent;
+  QColor outline = Qt::transparent;
+  double outlineWidth = 0.0;
 };
 
 }  // namespace corvane

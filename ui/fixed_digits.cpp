@@ -44,24 +44,47 @@ double widthOf(const QString& text, const QFont& font) {
 
 }  // namespace
 
-FixedDigits::FixedDigits(QQuickItem* parent) : VectorItem(parent) {
-  connect(this, &FixedDigits::textChanged, this, &FixedDigits::layOut);
-  connect(this, &FixedDigits::colorChanged, this, [this] { update(); });
+void FixedDigits::setText(const QString& text) {
+  if (text == shown) return;
+  shown = text;
+  layOut();
+  emit textChanged();
 }
 
+void FixedDigits::setFont(const QFont& font) {
+  if (font == drawnIn) return;
+  drawnIn = font;
+  layOut();
+  emit textChanged();
+}
+
+void FixedDigits::setColor(const QColor& color) {
+  if (color == ink) return;
+  ink = color;
+  update();
+  emit colorChanged();
+}
+
+void FixedDigits::componentComplete() {
+  VectorItem::componentComplete();
+  layOut();
+}
+
+/// Not before the font is told in full: every font that is measured is loaded, and stays.
 void FixedDigits::layOut() {
-  const QFontMetricsF metrics(font);
-  setImplicitSize(std::ceil(widthOf(text, font)), std::ceil(metrics.height()));
+  if (!isComponentComplete()) return;
+  const QFontMetricsF metrics(drawnIn);
+  setImplicitSize(std::ceil(widthOf(shown, drawnIn)), std::ceil(metrics.height()));
   setBaselineOffset(metrics.ascent());
   update();
 }
 
 void FixedDigits::paint(QPainter* painter) const {
-  const Advances advances(font);
-  painter->setFont(font);
-  painter->setPen(color);
+  const Advances advances(drawnIn);
+  painter->setFont(drawnIn);
+  painter->setPen(ink);
   double x = 0.0;
-  for (const QChar character : text) {
+  for (const QChar character : shown) {
     painter->drawText(QPointF(x + advances.indent(character), baselineOffset()), character);
     x += advances.of(character);
   }

@@ -16,12 +16,19 @@ namespace corvane {
 class FixedDigits : public corvane::VectorItem {
   Q_OBJECT
   QML_ELEMENT
-  Q_PROPERTY(QString text MEMBER text NOTIFY textChanged)
-  Q_PROPERTY(QFont font MEMBER font NOTIFY textChanged)
-  Q_PROPERTY(QColor color MEMBER color NOTIFY colorChanged)
+  Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
+  Q_PROPERTY(QFont font READ font WRITE setFont NOTIFY textChanged)
+  Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged)
 
  public:
-  explicit FixedDigits(QQuickItem* parent = nullptr);
+  using VectorItem::VectorItem;
+
+  QString text() const { return shown; }
+  void setText(const QString& text);
+  QFont font() const { return drawnIn; }
+  void setFont(const QFont& font);
+  QColor color() const { return ink; }
+  void setColor(const QColor& color);
 
   void paint(QPainter* painter) const override;
 
@@ -29,12 +36,15 @@ class FixedDigits : public corvane::VectorItem {
   void textChanged();
   void colorChanged();
 
+ protected:
+  void componentComplete() override;
+
  private:
   void layOut();
 
-  QString text;
-  QFont font;
-  QColor color = Qt::white;
+  QString shown;
+  QFont drawnIn;
+  QColor ink = Qt::white;
 };
 
 }  // namespace corvane

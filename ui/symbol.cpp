@@ -80,16 +80,26 @@ QPainterPath strokes(Symbol::Kind kind) {
 
 }  // namespace
 
-Symbol::Symbol(QQuickItem* parent) : VectorItem(parent) {
-  connect(this, &Symbol::pictureChanged, this, [this] { update(); });
+void Symbol::setKind(Kind kind) {
+  if (kind == picture) return;
+  picture = kind;
+  update();
+  emit pictureChanged();
+}
+
+void Symbol::setColor(const QColor& color) {
+  if (color == ink) return;
+  ink = color;
+  update();
+  emit pictureChanged();
 }
 
 void Symbol::paint(QPainter* painter) const {
   painter->scale(width() / side, width() / side);
-  painter->strokePath(strokes(kind), QPen(color, 1.9, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  if (kind != SpeakerWave) return;
-  painter->setPen(QPen(color, 1.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  painter->setBrush(color);
+  painter->strokePath(strokes(picture), QPen(ink, 1.9, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  if (picture != SpeakerWave) return;
+  painter->setPen(QPen(ink, 1.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter->setBrush(ink);
   painter->drawPath(speakerBody());
 }
 

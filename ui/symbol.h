@@ -12,8 +12,8 @@ namespace corvane {
 class Symbol : public corvane::VectorItem {
   Q_OBJECT
   QML_ELEMENT
-  Q_PROPERTY(Kind kind MEMBER kind NOTIFY pictureChanged)
-  Q_PROPERTY(QColor color MEMBER color NOTIFY pictureChanged)
+  Q_PROPERTY(Kind kind READ kind WRITE setKind NOTIFY pictureChanged)
+  Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY pictureChanged)
 
  public:
   enum Kind {
@@ -25,7 +25,12 @@ class Symbol : public corvane::VectorItem {
   };
   Q_ENUM(Kind)
 
-  explicit Symbol(QQuickItem* parent = nullptr);
+  using VectorItem::VectorItem;
+
+  Kind kind() const { return picture; }
+  void setKind(Kind kind);
+  QColor color() const { return ink; }
+  void setColor(const QColor& color);
 
   void paint(QPainter* painter) const override;
 
@@ -33,8 +38,8 @@ class Symbol : public corvane::VectorItem {
   void pictureChanged();
 
  private:
-  Kind kind = Checkmark;
-  QColor color = Qt::white;
+  Kind picture = Checkmark;
+  QColor ink = Qt::white;
 };
 
 }  // namespace corvane

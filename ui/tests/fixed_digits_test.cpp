@@ -83,6 +83,17 @@ TEST_F(FixedDigitsTest, OtherCharactersKeepTheirOwnWidth) {
   EXPECT_EQ(widthOf(""), 0.0);
 }
 
+TEST_F(FixedDigitsTest, IsNotMeasuredBeforeItsFontIsToldInFull) {
+  FixedDigits made;
+  QQmlParserStatus& making = made;
+  making.classBegin();
+  made.setProperty("text", "440");
+  made.setProperty("font", font);
+  EXPECT_EQ(made.implicitWidth(), 0.0);
+  making.componentComplete();
+  EXPECT_GT(made.implicitWidth(), 0.0);
+}
+
 TEST_F(FixedDigitsTest, KeepsItsWidthWhileTheDigitsChange) {
   show("111.1 Hz");
   const double before = item.implicitWidth();

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QImage>
 #include <QQuickWindow>
@@ -71,6 +72,38 @@ TEST_F(VectorItemTest, IsNotPaintedOutsideOfWhatClipsIt) {
   for (const double y : {-45.0, 105.0}) {
     EXPECT_EQ(inkInsideAndOutside(paintedAt(y)), std::pair(0, 0)) << y;
   }
+}
+
+/// Counts how often it is painted.
+class Probe : public VectorItem {
+ public:
+  Probe(QQuickItem* parent, QPointF place) : VectorItem(parent) {
+    setPosition(place);
+    setSize({20, 20});
+  }
+
+  void paint(QPainter*) const override { ++paintings; }
+
+  mutable int paintings = 0;
+};
+
+TEST_F(VectorItemTest, WhatDoesNotTouchWhatMovesIsNotPaintedAgain) {
+  const Probe far(window.contentItem(), {0, 0});
+  const Probe near(window.contentItem(), {150, 180});
+  Probe moving(window.contentItem(), {155, 175});
+  window.grabWindow();
+  const int painted = far.paintings;
+  ASSERT_GT(painted, 0);
+  const int paintedNear = near.paintings;
+  moving.setX(158);
+  int frames = 0;
+  QObject::connect(&window, &QQuickWindow::afterRendering, [&] { ++frames; });
+  QElapsedTimer waited;
+  waited.start();
+  while (frames == 0 && waited.elapsed() < 5000) QCoreApplication::processEvents();
+  ASSERT_GT(frames, 0);
+  EXPECT_GT(near.paintings, paintedNear);
+  EXPECT_EQ(far.paintings, painted);
 }
 
 TEST_F(VectorItemTest, WithoutAClipItIsPaintedOutsideOfItsParent) {

@@ -1,6 +1,7 @@
 #include "pictures.h"
 
 #include <QCoreApplication>
+#include <QCursor>
 #include <QElapsedTimer>
 #include <QPainter>
 #include <QQmlApplicationEngine>
@@ -78,6 +79,8 @@ QImage picture(const Scene& scene) {
   const int menuBar = window->minimumHeight() - 680;
   window->resize(scene.area + QSize(0, menuBar));
   window->show();
+  // Where there is nothing to hover over: at the empty end of the menu bar.
+  QCursor::setPos(window->mapToGlobal(QPoint(window->width() - 1, 0)));
   return atRest(*window).convertToFormat(QImage::Format_RGB32);
 }
 

@@ -45,8 +45,8 @@ ScreenTest {
                 itemWidth: row.side
             }).children[0];
         const label = textItem(auto, "Auto");
-        // The outline is 2 points wide, and up to a point is lost to whole pixels.
-        verify(label.contentWidth <= row.side - 2 * (2 + 3) + 1, label.contentWidth);
+        // The outline is 2 points wide.
+        verify(label.contentWidth < row.side - 2 * 2, label.contentWidth);
         verify(!label.truncated);
     }
 

@@ -64,7 +64,8 @@ ScreenTest {
         compare(bass.Accessible.role, Accessible.RadioButton);
         compare(bass.Accessible.name, "Bass");
         verify(!bass.Accessible.checked);
-        tuner.instrument = 1;
+        bass.Accessible.toggleAction();
+        compare(tuner.instrument, 1);
         verify(bass.Accessible.checked);
     }
 }

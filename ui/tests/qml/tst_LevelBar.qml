@@ -59,6 +59,16 @@ ScreenTest {
         compareColor(fill.color, TunerTheme.gold);
     }
 
+    function test_a_change_that_no_pixel_can_show_changes_nothing() {
+        const bar = make(subject);
+        const fill = all(bar, Capsule)[1];
+        bar.signal = 0.25 + 0.001 / 300;
+        compare(fill.width, 75);
+        bar.signal = 0.25 + 0.01 / 300;
+        fuzzyCompare(fill.width, 75.01, 1 / 512);
+        verify(fill.width > 75);
+    }
+
     function test_tells_a_screen_reader_how_loud_it_is() {
         const track = all(make(subject), Capsule)[0];
         compare(track.Accessible.role, Accessible.ProgressBar);

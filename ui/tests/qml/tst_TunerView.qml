@@ -203,6 +203,22 @@ ScreenTest {
             tuner.hear(frequency);
     }
 
+    function test_a_level_that_cannot_be_seen_is_not_painted() {
+        const view = make(subject);
+        tuner.start();
+        hearForLong(441);
+        // By 0.6 each time: after thirty a bar of 400 points is shorter than 0.0001.
+        for (let i = 0; i < 30; ++i)
+            tuner.hearNothing();
+        wait(300); // The needle's movement takes 80 ms.
+        frames.clear();
+        const before = tuner.level;
+        tuner.hearNothing();
+        verify(tuner.level < before, "the level goes on falling");
+        wait(300);
+        compare(frames.count, 0);
+    }
+
     function test_a_new_reading_is_painted_and_the_same_one_again_is_not() {
         const view = make(subject);
         tuner.start();
