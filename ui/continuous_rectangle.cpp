@@ -53,11 +53,31 @@ QPainterPath continuousRectangle(const QRectF& rectangle, double radius) {
 }
 
 void ContinuousRectangle::paint(QPainter* painter) const {
-  const double inset = outlineWidth / 2.0;
-  const QRectF middle = QRectF(0, 0, width(), height()).adjusted(inset, inset, -inset, -inset);
   painter->setBrush(fill);
   painter->setPen(outlineWidth > 0.0 ? QPen(outline, outlineWidth) : QPen(Qt::NoPen));
-  painter->drawPath(continuousRectangle(middle, cornerRadius - inset));
+  const QRectF seen = painter->clipBoundingRect();
+  if (outlineWidth == 0.0 && isBetweenTheCorners(seen)) {
+    // A needle that moves uncovers a strip of what lies under it, many times a second.
+    painter->drawRect(QRectF(seen.left(), 0.0, seen.width(), height()));
+  } else {
+    painter->drawPath(path());
+  }
+}
+
+/// Whether no corner is to the left or to the right of the ends of `seen`.
+bool ContinuousRectangle::isBetweenTheCorners(const QRectF& seen) const {
+  const double reach = corner(QRectF(0, 0, width(), height()), cornerRadius).reach;
+  return !seen.isEmpty() && seen.left() >= reach && seen.right() <= width() - reach;
+}
+
+const QPainterPath& ContinuousRectangle::path() const {
+  const Outline now{width(), height(), cornerRadius, outlineWidth};
+  if (now == drawn) return drawnPath;
+  drawn = now;
+  const double inset = outlineWidth / 2.0;
+  const QRectF middle = QRectF(0, 0, width(), height()).adjusted(inset, inset, -inset, -inset);
+  drawnPath = continuousRectangle(middle, cornerRadius - inset);
+  return drawnPath;
 }
 
 }  // namespace corvane

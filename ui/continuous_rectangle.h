@@ -48,10 +48,20 @@ class ContinuousRectangle : public corvane::VectorItem {
     emit shapeChanged();
   }
 
+  struct Outline {
+    double width, height, cornerRadius, outlineWidth;
+    bool operator==(const Outline&) const = default;
+  };
+
+  bool isBetweenTheCorners(const QRectF& seen) const;
+  const QPainterPath& path() const;
+
   double cornerRadius = 0.0;
   QColor fill = Qt::transparent;
   QColor outline = Qt::transparent;
   double outlineWidth = 0.0;
+  mutable Outline drawn{};  ///< what `drawnPath` is the outline of
+  mutable QPainterPath drawnPath;
 };
 
 }  // namespace corvane

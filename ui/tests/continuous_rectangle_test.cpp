@@ -106,6 +106,38 @@ TEST(ContinuousRectangle, IsFilledToItsEdgeAndNotInItsCorners) {
   EXPECT_EQ(image.pixelColor(79, 59).alpha(), 0);
 }
 
+/// `item` where it does not begin on a whole pixel, seen through `clip` alone.
+QImage paintedThrough(const ContinuousRectangle& item, const QRect& clip, QPointF place) {
+  QImage image(80, 60, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setClipRect(clip);
+  painter.translate(place);
+  item.paint(&painter);
+  return image;
+}
+
+TEST(ContinuousRectangle, AStripOfItLooksAsItDoesInTheWhole) {
+  ContinuousRectangle item;
+  item.setProperty("radius", 10.0);
+  item.setProperty("color", QColor(255, 0, 0, 100));
+  item.setSize({70, 40.5});
+  const QPointF place(4, 5.25);
+  const QImage whole = paintedThrough(item, {0, 0, 80, 60}, place);
+  for (int left = 0; left < 80; ++left) {
+    const QRect strip(left, 0, 3, 60);
+    EXPECT_EQ(paintedThrough(item, strip, place).copy(strip), whole.copy(strip)) << left;
+  }
+}
+
+TEST(ContinuousRectangle, IsPaintedInItsNewSizeWhenItHasOne) {
+  ContinuousRectangle item;
+  item.setProperty("color", QColor(Qt::red));
+  painted(item, {20, 20});
+  EXPECT_EQ(painted(item, {40, 20}).pixelColor(39, 19), QColor(Qt::red));
+}
+
 TEST(ContinuousRectangle, ItsOutlineLiesInsideItsEdge) {
   ContinuousRectangle item;
   item.setProperty("radius", 16.0);
