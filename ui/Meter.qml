@@ -62,12 +62,20 @@ Column {
         }
 
         Capsule {
-            property real value: root.tuner.heard ? Math.max(-root.span, Math.min(root.tuner.cents, root.span)) : 0
+            readonly property real target: root.tuner.heard ? Math.max(-root.span, Math.min(root.tuner.cents, root.span)) : 0
+            property real goal: 0
+            property real value: goal
 
             x: root.tuner.needleCentre(track.width, track.height, root.span, value) - width / 2
             width: root.bar
             height: root.bar
             color: root.tuner.needleColor
+
+            // For a move that nobody sees, the screen would be drawn five times.
+            onTargetChanged: {
+                if (root.tuner.needleMoves(track.width, track.height, root.span, goal, target))
+                    goal = target;
+            }
 
             Behavior on value {
                 NumberAnimation {

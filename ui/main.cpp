@@ -15,6 +15,7 @@
 #include "platform/qt/qt_preferences.h"
 #include "platform/qt/qt_url_opener.h"
 #include "ui/first_size.h"
+#include "ui/frame_pace.h"
 #include "ui/listening_switch.h"
 #include "ui/tuner_model.h"
 
@@ -40,6 +41,8 @@ int main(int argc, char** argv) {
   QGuiApplication app(argc, argv);
   QGuiApplication::setApplicationDisplayName("Corvane");
   QGuiApplication::setDesktopFileName("org.corvane.Corvane");
+  FramePace pace;
+  pace.install();
 
   const auto mainQueue = std::make_shared<QtMainQueue>();
   PulseConnection connection(*mainQueue);

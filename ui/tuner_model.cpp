@@ -17,6 +17,12 @@ QString qString(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+/// Whether `now` is not what was seen last; it is from then on.
+template <class Value>
+bool isNew(Value& seen, const Value& now) {
+  return std::exchange(seen, now) != now;
+}
+
 }  // namespace
 
 TunerModel::TunerModel(std::shared_ptr<TunerEngine> tuner,
@@ -25,13 +31,20 @@ TunerModel::TunerModel(std::shared_ptr<TunerEngine> tuner,
     : QObject(parent),
       engine(std::move(tuner)),
       microphonePermission(std::move(permission)),
-      urlOpener(std::move(opener)) {
+      urlOpener(std::move(opener)),
+      seen{engine->heard(),       engine->inTune(),
+           engine->cents(),       engine->frequency(),
+           engine->signal(),      engine->noteLabel(),
+           engine->octaveLabel(), engine->heardSpelling(),
+           engine->status(),      engine->highlightedString()} {
   concertPitchMenu.setEntries(concertPitchEntries());
   helpEntriesMenu.setEntries(helpEntries());
   updateTunings();
   observation = engine->observe([this](Field field) { published(field); });
 }
 
+/// Nearly every assignment of a reading's fields assigns what was there already: the screen is told
+/// of the others alone.
 void TunerModel::published(Field field) {
   switch (field) {
     case Field::instrument:
@@ -49,23 +62,34 @@ void TunerModel::published(Field field) {
       emit lockChanged();
       return;
     case Field::highlightedString:
-      stringRow.update(*engine);
+      if (isNew(seen.highlightedString, engine->highlightedString())) stringRow.update(*engine);
       return;
     case Field::heard:
+      if (isNew(seen.heard, engine->heard())) verdictChanged();
+      return;
     case Field::inTune:
-      stringRow.update(*engine);
-      emit readoutChanged();
+      if (isNew(seen.inTune, engine->inTune())) verdictChanged();
       return;
     case Field::cents:
+      if (isNew(seen.cents, engine->cents())) emit centsChanged();
+      return;
     case Field::frequency:
+      if (isNew(seen.frequency, engine->frequency())) emit frequencyChanged();
+      return;
     case Field::noteLabel:
+      if (isNew(seen.noteLabel, engine->noteLabel())) emit readoutChanged();
+      return;
     case Field::octaveLabel:
+      if (isNew(seen.octaveLabel, engine->octaveLabel())) emit readoutChanged();
+      return;
     case Field::heardSpelling:
+      if (isNew(seen.heardSpelling, engine->heardSpelling())) emit readoutChanged();
+      return;
     case Field::status:
-      emit readoutChanged();
+      if (isNew(seen.status, engine->status())) emit readoutChanged();
       return;
     case Field::signal:
-      emit levelChanged();
+      if (isNew(seen.signal, engine->signal())) emit levelChanged();
       return;
     case Field::errorText:
       emit errorTextChanged();
@@ -77,6 +101,13 @@ void TunerModel::published(Field field) {
     case Field::micAllowed:
       return;
   }
+}
+
+void TunerModel::verdictChanged() {
+  stringRow.update(*engine);
+  emit readoutChanged();
+  emit centsChanged();
+  emit frequencyChanged();
 }
 
 void TunerModel::updateTunings() {
@@ -189,6 +220,10 @@ Fit TunerModel::fit(double width, double height) {
 
 double TunerModel::needleCentre(double width, double height, double span, double value) {
   return corvane::needleCentre(width, height, span, value);
+}
+
+bool TunerModel::needleMoves(double width, double height, double span, double from, double to) {
+  return corvane::needleMoves(width, height, span, from, to);
 }
 
 QString TunerModel::scaleText(double span) {

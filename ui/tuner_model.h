@@ -6,7 +6,10 @@
 #include <QObject>
 #include <QString>
 #include <QStringList>
+#include <cstdint>
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "engine/tuner_engine.h"
 #include "ui/fit.h"
@@ -24,13 +27,13 @@ class TunerModel : public QObject {
 
   // What is heard.
   Q_PROPERTY(bool heard READ heard NOTIFY readoutChanged)
-  Q_PROPERTY(double cents READ cents NOTIFY readoutChanged)
+  Q_PROPERTY(double cents READ cents NOTIFY centsChanged)
   Q_PROPERTY(QString noteLabel READ noteLabel NOTIFY readoutChanged)
   Q_PROPERTY(QString octaveLabel READ octaveLabel NOTIFY readoutChanged)
-  Q_PROPERTY(QString centsText READ centsText NOTIFY readoutChanged)
+  Q_PROPERTY(QString centsText READ centsText NOTIFY centsChanged)
   Q_PROPERTY(QString status READ status NOTIFY readoutChanged)
-  Q_PROPERTY(QColor needleColor READ needleColor NOTIFY readoutChanged)
-  Q_PROPERTY(QString frequencyText READ frequencyText NOTIFY readoutChanged)
+  Q_PROPERTY(QColor needleColor READ needleColor NOTIFY centsChanged)
+  Q_PROPERTY(QString frequencyText READ frequencyText NOTIFY frequencyChanged)
   Q_PROPERTY(QString hearingText READ hearingText NOTIFY readoutChanged)
   Q_PROPERTY(double level READ level NOTIFY levelChanged)
   Q_PROPERTY(QString errorText READ errorText NOTIFY errorTextChanged)
@@ -110,10 +113,16 @@ class TunerModel : public QObject {
 
   Q_INVOKABLE static corvane::Fit fit(double width, double height);
   Q_INVOKABLE static double needleCentre(double width, double height, double span, double value);
+  Q_INVOKABLE static bool needleMoves(double width, double height, double span, double from,
+                                      double to);
   Q_INVOKABLE static QString scaleText(double span);
 
  signals:
+  // The two that every reading changes have signals of their own, so that it does not make the
+  // screen ask for all the rest.
   void readoutChanged();
+  void centsChanged();
+  void frequencyChanged();
   void levelChanged();
   void errorTextChanged();
   void selectionChanged();
@@ -123,11 +132,21 @@ class TunerModel : public QObject {
 
  private:
   void published(Field field);
+  void verdictChanged();
   void updateTunings();
+
+  /// Of the fields that each reading assigns, what the screen was told last.
+  struct Seen {
+    bool heard, inTune;
+    double cents, frequency, signal;
+    std::string noteLabel, octaveLabel, heardSpelling, status;
+    std::optional<std::int64_t> highlightedString;
+  };
 
   std::shared_ptr<TunerEngine> engine;
   std::shared_ptr<MicrophonePermission> microphonePermission;
   std::shared_ptr<UrlOpener> urlOpener;
+  Seen seen;
   MenuModel tuningMenu;
   MenuModel concertPitchMenu;
   MenuModel helpEntriesMenu;

@@ -118,6 +118,24 @@ TEST(NeedleCentre, StaysWhollyInsideTheBarAtBothEnds) {
   EXPECT_DOUBLE_EQ(needleCentre(300, 14, 50, 2400), 293);
 }
 
+TEST(NeedleMoves, ByATenthOfAPointButNotByLess) {
+  // On 500 points for 20 cents a cent is 25 points.
+  EXPECT_TRUE(needleMoves(500, 16, 10, 1.0, 1.005));
+  EXPECT_TRUE(needleMoves(500, 16, 10, 1.0, 0.995));
+  EXPECT_FALSE(needleMoves(500, 16, 10, 1.0, 1.003));
+  EXPECT_FALSE(needleMoves(500, 16, 10, 1.0, 0.997));
+}
+
+TEST(NeedleMoves, ByAnyChangeOnABarThatIsNotLaidOutYet) {
+  EXPECT_TRUE(needleMoves(0, 16, 10, 1.0, 1.001));
+  EXPECT_FALSE(needleMoves(0, 16, 10, 1.0, 1.0));
+}
+
+TEST(NeedleMoves, NotBeyondTheEndOfItsBar) {
+  EXPECT_FALSE(needleMoves(500, 16, 10, 12, 40));
+  EXPECT_FALSE(needleMoves(500, 16, 10, -12, -40));
+}
+
 TEST(ScaleText, NamesBothEndsOfTheMeter) {
   EXPECT_EQ(scaleText(50).toStdString(), "−50   0   +50");
   EXPECT_EQ(scaleText(10).toStdString(), "−10   0   +10");

@@ -52,6 +52,7 @@ class TunerModelTest : public testing::Test {
 };
 
 constexpr PitchDetector::Reading sharpA2{111.0, 0.99, 0.05F};
+constexpr PitchDetector::Reading louderA2{111.0, 0.99, 0.07F};
 
 TEST_F(TunerModelTest, ShowsWhatTheEngineHears) {
   hear(sharpA2);
@@ -90,8 +91,33 @@ TEST_F(TunerModelTest, HasNoHearingTextOnThePiano) {
 
 TEST_F(TunerModelTest, TellsTheScreenOfEveryReading) {
   EXPECT_GT(countOf(&TunerModel::readoutChanged, [&] { hear(sharpA2); }), 0);
-  EXPECT_EQ(countOf(&TunerModel::levelChanged, [&] { hear(sharpA2); }), 1);
+  EXPECT_EQ(countOf(&TunerModel::levelChanged, [&] { hear(louderA2); }), 1);
   EXPECT_GT(countOf(&TunerModel::readoutChanged, [&] { hear(std::nullopt); }), 0);
+}
+
+TEST_F(TunerModelTest, TellsTheScreenNothingOfAReadingThatChangesNothing) {
+  hear(sharpA2);
+  EXPECT_EQ(countOf(&TunerModel::readoutChanged, [&] { hear(sharpA2); }), 0);
+  EXPECT_EQ(countOf(&TunerModel::centsChanged, [&] { hear(sharpA2); }), 0);
+  EXPECT_EQ(countOf(&TunerModel::frequencyChanged, [&] { hear(sharpA2); }), 0);
+  EXPECT_EQ(countOf(&TunerModel::levelChanged, [&] { hear(sharpA2); }), 0);
+}
+
+TEST_F(TunerModelTest, TellsTheScreenOnlyOfTheLevelWhileItDiesAway) {
+  hear(sharpA2);
+  hear(std::nullopt);
+  EXPECT_EQ(countOf(&TunerModel::readoutChanged, [&] { hear(std::nullopt); }), 0);
+  EXPECT_EQ(countOf(&TunerModel::centsChanged, [&] { hear(std::nullopt); }), 0);
+  EXPECT_EQ(countOf(&TunerModel::levelChanged, [&] { hear(std::nullopt); }), 1);
+}
+
+TEST_F(TunerModelTest, OfATunerThatHearsAlreadyTellsWhatChangesNext) {
+  hear(sharpA2);
+  TunerModel late(engine, world.permission, world.urlOpener);
+  int changes = 0;
+  QObject::connect(&late, &TunerModel::centsChanged, [&] { ++changes; });
+  hear(std::nullopt);
+  EXPECT_GT(changes, 0);
 }
 
 TEST_F(TunerModelTest, ShowsAndClearsTheMicrophoneProblem) {
@@ -293,6 +319,8 @@ TEST_F(TunerModelTest, KnowsItsVersion) {
 TEST_F(TunerModelTest, SizesAndTextsOfTheScreenAreThoseOfTheUnits) {
   EXPECT_EQ(TunerModel::fit(420, 680), Fit::forSize(420, 680));
   EXPECT_DOUBLE_EQ(TunerModel::needleCentre(500, 16, 50, -12.34), 0.3766 * 500);
+  EXPECT_TRUE(TunerModel::needleMoves(500, 16, 50, 0, 1));
+  EXPECT_FALSE(TunerModel::needleMoves(500, 16, 50, 1, 1));
   EXPECT_EQ(TunerModel::scaleText(50), "−50   0   +50");
 }
 

@@ -164,6 +164,35 @@ ScreenTest {
         tryCentre(meter, 50);
     }
 
+    function test_a_move_that_cannot_be_seen_is_not_made() {
+        const meter = make(subject, {
+                span: 10
+            });
+        hearCents(3);
+        tryCentre(meter, 325);
+        const before = needle(meter).goal;
+        hearCents(3.003);
+        compare(needle(meter).goal, before);
+    }
+
+    function test_small_moves_add_up_to_one_that_can_be_seen() {
+        const meter = make(subject, {
+                span: 10
+            });
+        for (let step = 0; step <= 10; ++step)
+            hearCents(3 + step * 0.003);
+        verify(tuner.cents > 3.01);
+        // To the tenth of a point that it may lag behind.
+        tryVerify(() => Math.abs(centre(meter) - (250 + 25 * tuner.cents)) <= 0.1, 5000, "the needle follows");
+    }
+
+    function test_the_needle_that_turns_back_on_its_way_comes_back() {
+        const meter = make(subject);
+        hearCents(20);
+        tuner.hearNothing();
+        tryCentre(meter, 250);
+    }
+
     function test_the_needle_keeps_its_place_on_a_bar_that_is_resized() {
         const meter = make(subject);
         hearCents(-40);
