@@ -18,8 +18,8 @@ class Command : public testing::Test {
  protected:
   /// Runs the command and keeps its outcome.
   void run(const std::string& arguments) {
-    const std::string command = std::string(REPLAY_COMMAND) + " " + arguments + " >" +
-                                recordings.path("out") + " 2>" + recordings.path("err");
+    const std::string command = REPLAY_COMMAND " " + arguments + " >" + recordings.path("out") +
+                                " 2>" + recordings.path("err");
     const int result = std::system(command.c_str());
     ASSERT_TRUE(WIFEXITED(result));
     status = WEXITSTATUS(result);
@@ -110,8 +110,7 @@ TEST_F(Command, HelpTellsTheOptions) {
 
 TEST_F(Command, AFullDiskIsReported) {
   const auto file = recordings.write("a.wav", 44100, {signals::sine(110, 44100, 16384)});
-  const int result =
-      std::system((std::string(REPLAY_COMMAND) + " " + file + " >/dev/full 2>/dev/null").c_str());
+  const int result = std::system((REPLAY_COMMAND " " + file + " >/dev/full 2>/dev/null").c_str());
   EXPECT_EQ(WEXITSTATUS(result), 1);
 }
 
