@@ -11,8 +11,6 @@
 namespace corvane::fuzz {
 namespace {
 
-constexpr std::size_t smoothed = 5;
-
 constexpr double usualFrequencies[] = {82.41, 110.0, 110.5, 146.8, 196.0, 246.9, 329.6, 440.0};
 constexpr double usualConfidences[] = {0.99, 0.82, 0.8199, 0.9};
 constexpr float usualLevels[] = {0.0031F, 0.05F, 0.1F, 1.0F, INFINITY};
@@ -104,19 +102,24 @@ EngineSession::Reading EngineSession::detected(std::span<const float> block) {
   return inFlight.back();
 }
 
-void EngineSession::checkApplied(const std::vector<Reading>& applied, double frequencyBefore) {
-  bool accepted = false;
+/// Once more, as plainly as it can be written: the median of the last five since the last jump.
+double EngineSession::smoothed(double heard) {
+  const bool jumped = !raw.empty() && raw.back() > 0.0 && heard > 0.0 &&
+                      std::abs(1200.0 * std::log2(heard / raw.back())) > 80.0;
+  if (jumped) raw.clear();
+  raw.push_back(heard);
+  if (raw.size() > 5) raw.pop_front();
+  std::vector<double> sorted(raw.begin(), raw.end());
+  std::ranges::sort(sorted);
+  return sorted[sorted.size() / 2];
+}
+
+void EngineSession::checkApplied(const std::vector<Reading>& applied, double expected) {
   for (const Reading& reading : applied) {
     if (world.clock->time < quietUntil) continue;
-    if (!reading || !(reading->confidence >= 0.82)) continue;
-    accepted = true;
-    raw.push_back(reading->frequency);
-    if (raw.size() > smoothed) raw.pop_front();
+    if (reading && reading->confidence >= 0.82) expected = smoothed(reading->frequency);
   }
-  const double shown = engine->frequency();
-  if (!accepted) return require(sameBits(shown, frequencyBefore), "the frequency is held");
-  require(std::ranges::any_of(raw, [&](double heard) { return sameBits(heard, shown); }),
-          "the frequency is one of the last five, all of this instrument");
+  require(sameBits(engine->frequency(), expected), "the frequency is the smoothed one, or held");
 }
 
 void EngineSession::checkPositions() const {

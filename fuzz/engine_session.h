@@ -57,7 +57,8 @@ class EngineSession {
   void launch();
   Reading anyReading();
   Reading detected(std::span<const float> block);
-  void checkApplied(const std::vector<Reading>& applied, double frequencyBefore);
+  double smoothed(double heard);
+  void checkApplied(const std::vector<Reading>& applied, double expected);
   void checkPositions() const;
   void checkDisplay() const;
   void checkTexts() const;

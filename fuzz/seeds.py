@@ -2,7 +2,7 @@
 """Writes the seeds that the fuzzers begin with: fuzz/seeds.py, from the top of the tree.
 
 The order of the bytes is the order in which each fuzzer takes them. What a seed is for is its name.
-Some seeds in the folders were not made here but found, or recorded, and are kept.
+The packed recordings (FLAC, Ogg, MP3, W64) were written by libsndfile and are not made here.
 """
 
 import math
@@ -211,7 +211,7 @@ def replay_seeds() -> None:
     short = (sound * 10)[:400]
     seeds = {
         "tone.wav": wav(tone),
-        "tone-mu-law.wav": wav(tone, tag=7),
+        "mu-law.wav": wav(short, tag=7),
         "stereo-16-bit.wav": wav(short, 44100, 2, 16),
         "float-not-numbers.wav": wav(floats(math.nan, math.inf, -math.inf, 1e-45, 3e38) * 20, 48000, 1, 32, 3),
         "double.wav": wav(struct.pack("<40d", *([0.5, -0.5] * 20)), 48000, 2, 64, 3),
