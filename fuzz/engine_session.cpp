@@ -11,7 +11,7 @@
 namespace corvane::fuzz {
 namespace {
 
-constexpr double usualFrequencies[] = {82.41, 110.0, 110.5, 146.8, 196.0, 246.9, 329.6, 440.0};
+constexpr double usualFrequencies[] = {82.41, 109.0, 110.0, 110.5, 111.0, 196.0, 329.6, 440.0};
 constexpr double usualConfidences[] = {0.99, 0.82, 0.8199, 0.9};
 constexpr float usualLevels[] = {0.0031F, 0.05F, 0.1F, 1.0F, INFINITY};
 

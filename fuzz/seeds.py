@@ -139,6 +139,7 @@ def engine_seeds() -> None:
     every_string = b"".join(hear(string) for string in range(8))
     seeds = {
         "tuning-up": act(START) + every_string + SILENCE,
+        "one-note": b"".join(hear(string) for string in (1, 2, 3, 4, 4, 4, 1, 1, 1, 2, 3, 3, 3)),
         "locked": act(LOCK, 3) + every_string + SILENCE + act(LOCK, 0) + SILENCE,
         "eight-strings": act(TUNING, 7, 20) + act(LOCK, 8) + every_string + act(TUNING, 7, 0) + act(REFERENCE),
         "instruments": b"".join(act(INSTRUMENT, n) + every_string + act(REFERENCE) for n in (1, 2, 0)),
