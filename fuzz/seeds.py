@@ -2,7 +2,8 @@
 """Writes the seeds that the fuzzers begin with: fuzz/seeds.py, from the top of the tree.
 
 The order of the bytes is the order in which each fuzzer takes them. What a seed is for is its name.
-The packed recordings (FLAC, Ogg, MP3, W64) were written by libsndfile and are not made here.
+The packed recordings (FLAC, Ogg, MP3, W64) were written by libsndfile and are not made here; nor
+is the engine's tone-beyond-hearing, which was found.
 """
 
 import math
