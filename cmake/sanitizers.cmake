@@ -5,3 +5,8 @@ if(CORVANE_SANITIZE)
                       -fno-sanitize-recover=all)
   add_link_options(-fsanitize=${CORVANE_SANITIZE})
 endif()
+
+# With Clang only: lets the fuzzers see which of our code an input reaches.
+if(CORVANE_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()

@@ -76,9 +76,7 @@ void TunerEngine::setTuningID(const std::string& next) {
   tuningID = next;
   persist();
   lockedStringIndex = std::nullopt;
-  // The last highlight may be of a tuning with more strings, and the reference tone reads it before
-  // the next reading renews it.
-  if (highlightedString() && !isString(*highlightedString())) highlightedString = std::nullopt;
+  dropForeignHighlight();
 }
 
 void TunerEngine::setA4(double hertz) {
@@ -105,10 +103,17 @@ void TunerEngine::persist() {
   preferences.setBoolean(leftKey, leftHanded());
 }
 
+/// The last highlight may be of a tuning with more strings, and the reference tone reads it before
+/// the next reading renews it.
+void TunerEngine::dropForeignHighlight() {
+  if (highlightedString() && !isString(*highlightedString())) highlightedString = std::nullopt;
+}
+
 /// The smoothing of the instrument before must not leak into this one.
 void TunerEngine::adoptTuningIfNeeded() {
   if (TuningLibrary::find(instrument(), tuningID()) == nullptr) setTuningID(tuning().id);
   lockedStringIndex = std::nullopt;
+  dropForeignHighlight();
   history.clear();
 }
 

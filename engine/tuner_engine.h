@@ -131,6 +131,7 @@ class TunerEngine : public std::enable_shared_from_this<TunerEngine> {
   // settings.cpp
   void persist();
   void adoptTuningIfNeeded();
+  void dropForeignHighlight();
 
   // listening.cpp
   void requestMicrophone();

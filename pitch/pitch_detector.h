@@ -22,8 +22,9 @@ struct Reading {
 };
 
 /// `samples`: one channel, at least 1024 of them. `sampleRate` in Hz, above 8000. The frequency
-/// bounds in Hz, positive and finite (else the program stops). `threshold`: the normalised
-/// difference, 0 to 1, below which a lag counts as a period.
+/// bounds in Hz, positive and finite, and such that a period is no more than 2^63 samples (else the
+/// program stops). `threshold`: the normalised difference, 0 to 1, below which a lag counts as a
+/// period.
 ///
 /// Nothing when the block is too short, too slow, too quiet (rms not above 0.003) or holds no pitch
 /// between 0.9 x `minFrequency` and 1.05 x `maxFrequency`. The same input gives the same bits on

@@ -10,6 +10,7 @@ desktop_packages="xvfb openbox xdotool dbus at-spi2-core python3 python3-pyatspi
 test_packages="qml6-module-qttest libgtest-dev libgmock-dev librapidcheck-dev clang-format pipewire pipewire-bin
   pipewire-pulse wireplumber x11-utils util-linux"
 bench_packages="libbenchmark-dev"
+fuzz_packages="clang-19 libclang-rt-19-dev"
 
 # missing PACKAGE...: those that are not installed.
 missing() {

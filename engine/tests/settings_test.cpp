@@ -175,6 +175,17 @@ TEST_F(Settings, AHighlightThatTheNewTuningHasNoStringForIsDropped) {
   EXPECT_TRUE(engine->playingReference());
 }
 
+TEST_F(Settings,
+       AHighlightThatTheNewInstrumentHasNoStringForIsDroppedThoughItsTuningWasNamedBefore) {
+  engine->setTuningID("b5-standard");  // which the guitar lacks, so it shows its first tuning
+  hear(329.63);
+  ASSERT_THAT(engine->highlightedString(), Optional(5));
+  engine->setInstrument(Instrument::bass);
+  EXPECT_EQ(engine->highlightedString(), std::nullopt);
+  engine->playReference();
+  EXPECT_EQ(world.output->played.size(), 1U);
+}
+
 TEST_F(Settings, AnUnknownTuningReadsAsTheInstrumentsFirst) {
   engine->setTuningID("b4-standard");
   EXPECT_EQ(engine->tuning().id, "g6-standard");

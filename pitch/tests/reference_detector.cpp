@@ -12,8 +12,8 @@ std::vector<double> difference(const std::vector<float>& x, std::int64_t tauMax)
   for (std::size_t tau = 1; tau < d.size(); tau++) {
     d[tau] = 0;
     for (std::size_t i = 0; i < window; i++) {
-      const double left = x[i];
-      const double right = x[i + tau];
+      const double left = static_cast<double>(x[i]);
+      const double right = static_cast<double>(x[i + tau]);
       d[tau] += (left - right) * (left - right);
     }
   }

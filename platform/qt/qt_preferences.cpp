@@ -1,7 +1,11 @@
 #include "platform/qt/qt_preferences.h"
 
+#include <QLocale>
 #include <QStandardPaths>
 #include <QVariant>
+
+#include "base/require.h"
+#include "platform/qt/text_format.h"
 
 namespace corvane {
 namespace {
@@ -17,20 +21,12 @@ QString QtPreferences::defaultPath() {
          QStringLiteral("/corvane/corvane.conf");
 }
 
-QtPreferences::QtPreferences(const QString& path) : settings(path, QSettings::IniFormat) {}
+QtPreferences::QtPreferences(const QString& path) : settings(path, textFormat()) {}
 
-/// The file holds nothing but texts, and a comma in one makes it read as a list, which no
-/// preference of ours is. A value that was set in this run still has its own type.
 std::optional<QString> QtPreferences::text(std::string_view key) const {
   const QVariant value = settings.value(qString(key));
-  switch (value.typeId()) {
-    case QMetaType::QString:
-    case QMetaType::Double:
-    case QMetaType::Bool:
-      return value.toString();
-    default:
-      return std::nullopt;
-  }
+  if (!value.isValid()) return std::nullopt;
+  return value.toString();
 }
 
 std::optional<std::string> QtPreferences::string(std::string_view key) const {
@@ -56,15 +52,17 @@ std::optional<bool> QtPreferences::boolean(std::string_view key) const {
 }
 
 void QtPreferences::setString(std::string_view key, std::string_view value) {
-  settings.setValue(qString(key), qString(value));
+  const QString text = qString(value);
+  require(text == text.trimmed() && !text.contains(u'\n'), "a preference is one line");
+  settings.setValue(qString(key), text);
 }
 
 void QtPreferences::setNumber(std::string_view key, double value) {
-  settings.setValue(qString(key), value);
+  settings.setValue(qString(key), QString::number(value, 'g', QLocale::FloatingPointShortest));
 }
 
 void QtPreferences::setBoolean(std::string_view key, bool value) {
-  settings.setValue(qString(key), value);
+  settings.setValue(qString(key), value ? QStringLiteral("true") : QStringLiteral("false"));
 }
 
 }  // namespace corvane

@@ -7,8 +7,9 @@
 
 namespace corvane {
 
-/// Preferences in an INI file. Values are kept in memory and written when the event loop next runs;
-/// a file that cannot be read counts as empty, one that cannot be written is left as it is.
+/// Preferences in a file of `key=value` lines. Values are kept in memory and written when the event
+/// loop next runs; a file that cannot be read counts as empty, one that cannot be written is left
+/// as it is. A text must be one line without spaces at its ends.
 class QtPreferences final : public Preferences {
  public:
   /// `corvane/corvane.conf` in the user's configuration folder.

@@ -10,7 +10,7 @@ import sys
 
 SUFFIXES = {".h", ".cpp"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
-OURS = ("base", "pitch", "tunings", "platform", "engine", "ui", "tools", "tests", "bench")
+OURS = ("base", "pitch", "tunings", "platform", "engine", "ui", "tools", "tests", "bench", "fuzz")
 
 # For each module: which of ours, and which outside libraries, its own code may include.
 ALLOWED = {

@@ -25,7 +25,7 @@ class Recording {
 
  private:
   struct Close {
-    void operator()(SNDFILE* file) const { sf_close(file); }
+    void operator()(SNDFILE* opened) const { sf_close(opened); }
   };
 
   std::string path;

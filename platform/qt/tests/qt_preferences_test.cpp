@@ -85,10 +85,48 @@ TEST_F(QtPreferencesTest, ValuesReachTheFileWhileTheProgramRuns) {
 
 TEST_F(QtPreferencesTest, AValueOfAnotherTypeReadsAsAbsent) {
   ASSERT_TRUE(QDir(folder.path()).mkdir("corvane"));
-  write("[General]\ntuner.instrument=guitar, bass\ntuner.a4=concert\ntuner.left=maybe\n");
-  expectNothingStored();
-  write("[General]\ntuner.instrument=@Invalid()\ntuner.a4=\ntuner.left=1\n");
-  expectNothingStored();
+  for (const char* values : {"tuner.a4=concert\ntuner.left=maybe", "tuner.a4=\ntuner.left=1",
+                             "tuner.a4=440, 442\ntuner.left=@Invalid()"}) {
+    write("[General]\n" + QByteArray(values) + "\n");
+    expectNothingStored();
+  }
+}
+
+TEST_F(QtPreferencesTest, AValueIsTheTextThatStandsThereWhateverItDescribes) {
+  ASSERT_TRUE(QDir(folder.path()).mkdir("corvane"));
+  for (const std::string value : {"guitar, bass", "@Variant(\\0\\0\\0\\x9)", "@Rect(1 2 3 4)",
+                                  "a=b", "\"quoted\"", "\\x41", "[General]", "é♯"}) {
+    write(QByteArray::fromStdString("[General]\ntuner.instrument=" + value + "\n"));
+    EXPECT_THAT(QtPreferences(path).string("tuner.instrument"), Optional(value));
+    { QtPreferences(path).setBoolean("tuner.left", true); }
+    EXPECT_THAT(QtPreferences(path).string("tuner.instrument"), Optional(value));
+  }
+}
+
+TEST_F(QtPreferencesTest, AFileThatDescribesListsWithinListsDoesNotOverflowTheStack) {
+  ASSERT_TRUE(QDir(folder.path()).mkdir("corvane"));
+  // As the toolkit would write a list that holds one list, and so on, deeper than any stack.
+  const QByteArray list = QByteArray("\\0\\0\\0\\x9\\0\\0\\0\\x1").repeated(200000);
+  write("[General]\ntuner.a4=@Variant(" + list + ")\ntuner.left=true\n");
+  const QtPreferences preferences(path);
+  EXPECT_EQ(preferences.number("tuner.a4"), std::nullopt);
+  EXPECT_THAT(preferences.boolean("tuner.left"), Optional(true));
+}
+
+TEST_F(QtPreferencesTest, OnlyTheGeneralSectionIsReadAndTheOthersAreKept) {
+  ASSERT_TRUE(QDir(folder.path()).mkdir("corvane"));
+  write(
+      "; a remark\r\n[other]\r\ntuner.a4=500\r\n[General]\r\n tuner.a4 = 415 "
+      "\r\n[last\r\nkey=1\r\n");
+  EXPECT_THAT(QtPreferences(path).number("tuner.a4"), Optional(415.0));
+  { QtPreferences(path).setNumber("tuner.a4", 392.0); }
+  EXPECT_EQ(read(), "[General]\ntuner.a4=392\n\n[last]\nkey=1\n\n[other]\ntuner.a4=500\n");
+}
+
+TEST_F(QtPreferencesTest, WhatStandsBeforeAnySectionIsGeneral) {
+  ASSERT_TRUE(QDir(folder.path()).mkdir("corvane"));
+  write("\xef\xbb\xbftuner.a4=415\n");
+  EXPECT_THAT(QtPreferences(path).number("tuner.a4"), Optional(415.0));
 }
 
 TEST_F(QtPreferencesTest, ANumberIsWrittenTheSameWayInEveryLanguage) {

@@ -1,0 +1,116 @@
+// What the user does.
+
+#include <algorithm>
+#include <array>
+
+#include "base/require.h"
+#include "fuzz/engine_session.h"
+#include "tunings/tuning_library.h"
+
+namespace corvane::fuzz {
+namespace {
+
+constexpr double usualPitches[] = {440.0, 415.0, 377.0, 560.0, 300.0, 600.0};
+constexpr std::array keys = {"tuner.instrument", "tuner.tuning", "tuner.a4", "tuner.left"};
+
+fakes::MemoryPreferences::Value anyValue(Bytes& input) {
+  switch (input.below(3)) {
+    case 0:
+      return input.text(24);
+    case 1:
+      return input.usualOrAny(usualPitches);
+    default:
+      return input.flag();
+  }
+}
+
+bool isWithinPeak(float sample) {
+  return sample >= -0.22F && sample <= 0.22F;
+}
+
+}  // namespace
+
+void EngineSession::chooseInstrument() {
+  engine->setInstrument(allInstruments[input.below(allInstruments.size())]);
+  raw.clear();
+}
+
+/// Mostly one of the instrument's own, as the menu offers them.
+void EngineSession::chooseTuning() {
+  const std::size_t which = input.below(8);
+  if (which == 0) return engine->setTuningID(input.text(16));
+  const Instrument instrument = which < 4 ? allInstruments[which - 1] : engine->instrument();
+  const auto& table = TuningLibrary::tunings(instrument);
+  engine->setTuningID(table[input.below(table.size())].id);
+}
+
+void EngineSession::lockOrRelease() {
+  const std::size_t choice = input.below(engine->tuning().strings.size() + 1);
+  if (choice == 0) return engine->setLockedStringIndex(std::nullopt);
+  engine->setLockedStringIndex(static_cast<std::int64_t>(choice - 1));
+}
+
+void EngineSession::choosePitch() {
+  engine->setA4(input.usualOrAny(usualPitches));
+}
+
+void EngineSession::flipHand() {
+  engine->setLeftHanded(input.flag());
+}
+
+void EngineSession::start() {
+  if (onScreen) engine->start();
+}
+
+void EngineSession::stop() {
+  engine->stop();
+  require(!engine->listening() && !engine->playingReference(), "stopped is stopped");
+}
+
+void EngineSession::hideOrShow() {
+  onScreen = input.flag();
+  onScreen ? engine->start() : engine->stop();
+}
+
+void EngineSession::openMicSettings() {
+  world.urlOpener->failures = input.below(3);
+  world.urlOpener->opened.clear();
+  engine->openMicSettings();
+  require(world.urlOpener->opened.size() == std::min<std::size_t>(world.urlOpener->failures + 1, 2),
+          "the second address is for when the first does not open");
+}
+
+void EngineSession::abandonRequest() {
+  engine->abandonMicRequest();
+}
+
+/// A few times: a second of sine takes longer than a hundred other actions.
+void EngineSession::pressReference() {
+  if (++presses > 4) return;
+  const std::size_t before = world.output->played.size();
+  engine->playReference();
+  if (world.output->played.size() == before) return;
+  require(engine->playingReference(), "a tone that was handed on is playing");
+  // On the piano a tone is as high as what was heard, and a float holds no phase of it where that
+  // is far beyond what any detector reports.
+  const bool bounded = engine->frequency() < 1e9;
+  require(!bounded || std::ranges::all_of(world.output->played.back().samples, isWithinPeak),
+          "a tone is a tone");
+  quietUntil = world.clock->time + std::chrono::milliseconds(1350);
+}
+
+/// The program ends and begins again, perhaps with other preferences than it saved.
+void EngineSession::restart() {
+  hiding.reset();
+  sink.reset();
+  std::weak_ptr<TunerEngine> gone = engine;
+  engine.reset();
+  require(gone.expired(), "nothing keeps an engine alive");
+  inFlight.clear();
+  if (input.flag()) world.preferences->values[keys[input.below(keys.size())]] = anyValue(input);
+  launch();
+  require(engine->tuningID() == engine->tuning().id, "a tuner starts with a valid tuning");
+  if (onScreen && input.flag()) engine->start();
+}
+
+}  // namespace corvane::fuzz
