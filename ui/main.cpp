@@ -18,6 +18,7 @@
 #include "ui/first_size.h"
 #include "ui/listening_switch.h"
 #include "ui/tuner_model.h"
+#include "ui/window_icon.h"
 
 namespace {
 
@@ -64,6 +65,7 @@ int main(int argc, char** argv) {
   PulseMicrophoneWatch microphones(connection);
   const ListeningSwitch listening(*window, engine, microphones);
   fitToScreen(*window);
+  showIcon(*window);
   window->show();
   return QGuiApplication::exec();
 }
