@@ -10,7 +10,7 @@ desktop_packages="xvfb openbox xdotool dbus at-spi2-core python3 python3-pyatspi
 test_packages="qml6-module-qttest libgtest-dev libgmock-dev librapidcheck-dev clang-format pipewire pipewire-bin
   pipewire-pulse wireplumber x11-utils util-linux desktop-file-utils appstream man-db"
 packaging_packages="build-essential debhelper fakeroot lintian git xz-utils"
-clean_system_packages="debootstrap"
+clean_system_packages="debootstrap util-linux"
 bench_packages="libbenchmark-dev"
 
 # missing PACKAGE...: those that are not installed.
