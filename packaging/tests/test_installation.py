@@ -70,7 +70,7 @@ class AnInstallation(unittest.TestCase):
         self.assertTrue(entry["Keywords"])
 
     def test_has_a_metainfo_that_names_its_desktop_entry_and_its_program(self) -> None:
-        root = ElementTree.parse(self.share / f"metainfo/{ID}.metainfo.xml").getroot()
+        root = self.metainfo()
         self.assertEqual(root.findtext("id"), ID)
         self.assertEqual(root.findtext("launchable"), f"{ID}.desktop")
         self.assertEqual(root.findtext("provides/binary"), "corvane")
@@ -78,10 +78,13 @@ class AnInstallation(unittest.TestCase):
         newest = root.find("releases/release").get("version")
         self.assertEqual(newest.removesuffix("~dev"), VERSION)
 
+    def test_introduces_itself_as_briefly_as_software_centres_have_room_for(self) -> None:
+        self.assertLessEqual(len(self.metainfo().findtext("name")), 15)
+        self.assertRegex(self.metainfo().findtext("summary"), r"\A(?!A |An |The ).{9,34}[^.]\Z")
+
     def test_shows_screenshots_that_there_are(self) -> None:
-        root = ElementTree.parse(self.share / f"metainfo/{ID}.metainfo.xml").getroot()
         shown = {image.text.rsplit("/", 1)[1]: (int(image.get("width")), int(image.get("height")))
-                 for image in root.iter("image")}
+                 for image in self.metainfo().iter("image")}
         there = {png.name: size_of(png) for png in (PACKAGING / "screenshots").glob("*.png")}
         self.assertEqual(shown, there)
         self.assertTrue(there)
@@ -90,6 +93,9 @@ class AnInstallation(unittest.TestCase):
         icons = self.share / "icons/hicolor"
         for size in ICON_SIZES:
             self.assertEqual(size_of(icons / f"{size}x{size}/apps/{ID}.png"), (size, size))
+
+    def metainfo(self) -> ElementTree.Element:
+        return ElementTree.parse(self.share / f"metainfo/{ID}.metainfo.xml").getroot()
 
     def entry(self) -> configparser.SectionProxy:
         parser = configparser.ConfigParser(interpolation=None)

@@ -16,6 +16,8 @@ from desk.instruments import STEEL_GUITAR, Note  # noqa: E402
 from desk.tuner import Tuner  # noqa: E402
 
 PROGRAM = pathlib.Path("/usr/bin/corvane")
+# The cursors of the display and the tables of the language: taken up where they are, and done without.
+OPTIONAL = {"libxcursor1", "libxrender1", "libc-bin"}
 PREFERENCES = pathlib.Path(os.environ["HOME"], ".config")
 
 
@@ -52,7 +54,7 @@ class TheInstalledPackage(system_test.SystemTest):
             self.assert_reads(name, self.hear(tuner, room, Note(STEEL_GUITAR, key)))
         loaded = owners(mapped_files(tuner.process.pid))
         self.assertIn("corvane", loaded)
-        self.assertEqual(loaded - needed(), set())
+        self.assertEqual(loaded - needed() - OPTIONAL, set())
         print("Packages it has loaded from:", *sorted(loaded))
         self.assertEqual(tuner.quit(), 0)
 
