@@ -1,8 +1,8 @@
 #!/usr/bin/python3 -B
 """raw.py PNG RAW: the pixels of a PNG alone, row by row, four bytes each: red, green, blue and alpha.
 
-The window's icon is kept like this, because the toolkit loads all its readers of pictures, a third of a
-megabyte, before it reads one. Understands what rsvg-convert writes: 8 bits a channel, not interlaced."""
+The window's icon is kept like this, because the toolkit loads all its readers of pictures before it reads
+one. Understands what rsvg-convert writes: 8 bits a channel, not interlaced."""
 
 import pathlib
 import struct
