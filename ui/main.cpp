@@ -1,4 +1,3 @@
-#include <QGuiApplication>
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
 #include <memory>
@@ -14,10 +13,13 @@
 #include "platform/qt/qt_main_queue.h"
 #include "platform/qt/qt_preferences.h"
 #include "platform/qt/qt_url_opener.h"
+#include "ui/command_line.h"
+#include "ui/display.h"
 #include "ui/first_size.h"
 #include "ui/frame_pace.h"
 #include "ui/listening_switch.h"
 #include "ui/tuner_model.h"
+#include "ui/window_icon.h"
 
 namespace {
 
@@ -34,11 +36,13 @@ QQuickWindow* showWindow(QQmlApplicationEngine& qml, TunerModel& tuner) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (const auto status = answerCommandLine(argc, argv)) return *status;
+
   // A few changing texts do not pay for a GPU context, which costs more memory than all the rest.
   QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
   QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
 
-  QGuiApplication app(argc, argv);
+  const auto app = openDisplay(argc, argv);
   QGuiApplication::setApplicationDisplayName("Corvane");
   QGuiApplication::setDesktopFileName("org.corvane.Corvane");
   FramePace pace;
@@ -64,6 +68,7 @@ int main(int argc, char** argv) {
   PulseMicrophoneWatch microphones(connection);
   const ListeningSwitch listening(*window, engine, microphones);
   fitToScreen(*window);
+  showIcon(*window);
   window->show();
   return QGuiApplication::exec();
 }

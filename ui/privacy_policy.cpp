@@ -1,5 +1,7 @@
 #include "ui/privacy_policy.h"
 
+#include <QFile>
+
 #include "base/require.h"
 
 namespace corvane::PrivacyPolicy {
@@ -13,9 +15,12 @@ const QString& titleAndAddress() {
 
 constexpr qsizetype titleLength = 14;
 
+/// A relative address is that of the page which came with the program, wherever both were put.
 QUrl parsedUrl() {
-  QUrl url(titleAndAddress().mid(titleLength + 1), QUrl::StrictMode);
-  require(url.isValid() && !url.isRelative(), "the privacy policy has an address");
+  const QUrl address(titleAndAddress().mid(titleLength + 1), QUrl::StrictMode);
+  const QUrl program = QUrl::fromLocalFile(QFile::symLinkTarget("/proc/self/exe"));
+  const QUrl url = program.resolved(address);
+  require(address.isValid() && !url.isRelative(), "the privacy policy has an address");
   return url;
 }
 

@@ -11,7 +11,8 @@ namespace PrivacyPolicy {
 /// The text of the link and of the menu item.
 QString title();
 
-/// Its address, set when the program is configured. One that does not parse stops the program.
+/// Its address, set when the program is configured: a web address, or a path from the program's
+/// folder. One that does not parse stops the program.
 const QUrl& url();
 
 }  // namespace PrivacyPolicy

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
+
 namespace corvane {
 namespace {
 
@@ -9,8 +11,15 @@ TEST(PrivacyPolicy, ItsTitleIsTheTextOfTheMenuItem) {
   EXPECT_EQ(PrivacyPolicy::title().toStdString(), "Privacy Policy");
 }
 
-TEST(PrivacyPolicy, ItsAddressIsTheConfiguredOne) {
-  EXPECT_EQ(PrivacyPolicy::url(), QUrl(CORVANE_PRIVACY_URL));
+TEST(PrivacyPolicy, ItsAddressIsTheConfiguredOneAsSeenFromTheProgram) {
+  const QUrl program = QUrl::fromLocalFile(PROGRAM_FOLDER "/");
+  EXPECT_EQ(PrivacyPolicy::url(), program.resolved(QUrl(CORVANE_PRIVACY_URL)));
+}
+
+TEST(PrivacyPolicy, ItsPageIsThereWhenItComesWithTheProgram) {
+  const QUrl url = PrivacyPolicy::url();
+  EXPECT_TRUE(!url.isLocalFile() || QFile::exists(url.toLocalFile()))
+      << url.toString().toStdString();
 }
 
 TEST(PrivacyPolicy, ItsAddressCanBeOpenedFromAnywhere) {

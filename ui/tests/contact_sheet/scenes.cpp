@@ -48,4 +48,11 @@ std::vector<Scene> scenes() {
   return all;
 }
 
+std::vector<Scene> screenshots() {
+  constexpr QSize area(480, 860);
+  return {{"guitar", area, Instrument::guitar, "g6-standard", 1.2, false},
+          {"bass", area, Instrument::bass, "b5-standard", -23.4, false},
+          {"piano", area, Instrument::piano, "piano-chromatic", 8.7, false}};
+}
+
 }  // namespace corvane::sheet

@@ -24,4 +24,7 @@ struct Scene {
 /// microphone prompt.
 std::vector<Scene> scenes();
 
+/// An instrument each at the window's first size, for software centres.
+std::vector<Scene> screenshots();
+
 }  // namespace corvane::sheet

@@ -1,0 +1,37 @@
+find_program(RSVG_CONVERT rsvg-convert REQUIRED)
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+
+set(CORVANE_ICONS ${CMAKE_BINARY_DIR}/icons)
+set(CORVANE_ICON_SIZES 16 24 32 48 64 128 256 512)
+set(CORVANE_WINDOW_ICON_SIZES 16 32 48)
+set(drawings ${PROJECT_SOURCE_DIR}/packaging/icons)
+
+# corvane_icons(): has the program's icon drawn as SIZE.png in the folder CORVANE_ICONS. Where there are
+# few pixels, from a drawing of its own without the details that would blur.
+function(corvane_icons)
+  foreach(size IN LISTS CORVANE_ICON_SIZES)
+    set(drawing ${drawings}/org.corvane.Corvane.svg)
+    if(size LESS 32)
+      set(drawing ${drawings}/small.svg)
+    endif()
+    set(picture ${CORVANE_ICONS}/${size}.png)
+    add_custom_command(OUTPUT ${picture} DEPENDS ${drawing} VERBATIM
+      COMMAND ${RSVG_CONVERT} --width ${size} --height ${size} --output ${picture} ${drawing})
+    list(APPEND pictures ${picture})
+  endforeach()
+  file(MAKE_DIRECTORY ${CORVANE_ICONS})
+  add_custom_target(icons ALL DEPENDS ${pictures})
+endfunction()
+
+# corvane_window_icon(TARGET): puts the icon into the program, as pixels, under :/icons.
+function(corvane_window_icon target)
+  foreach(size IN LISTS CORVANE_WINDOW_ICON_SIZES)
+    set(picture ${CORVANE_ICONS}/${size}.png)
+    set(raw ${CORVANE_ICONS}/${size}.raw)
+    add_custom_command(OUTPUT ${raw} DEPENDS ${picture} ${drawings}/raw.py VERBATIM
+      COMMAND ${Python3_EXECUTABLE} -B ${drawings}/raw.py ${picture} ${raw})
+    list(APPEND raws ${raw})
+  endforeach()
+  qt_add_resources(${target} icons PREFIX /icons BASE ${CORVANE_ICONS} FILES ${raws}
+                   OPTIONS --no-compress)
+endfunction()

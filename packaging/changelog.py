@@ -1,0 +1,144 @@
+#!/usr/bin/python3 -B
+"""changelog.py FORMAT VERSION: CHANGELOG.md for the software centre or for the package manager.
+
+Reads the change log from standard input and prints it as the list of releases in the metainfo (FORMAT
+metainfo) or as the change log of the Debian package (debian). VERSION is the program's own, which the
+newest entry must agree with:
+
+    ## 1.2.0 - 2026-11-21    the program is 1.2.0
+    ## Unreleased            the program is to become VERSION, so no release may be called that yet
+
+Below each such line there is nothing but a list of notes. An entry that is not released is dated by
+SOURCE_DATE_EPOCH, or today."""
+
+import dataclasses
+import datetime
+import email.utils
+import os
+import re
+import sys
+import textwrap
+import time
+from collections.abc import Iterator, Sequence
+from xml.sax.saxutils import escape
+
+MAINTAINER = "The Corvane developers <developers@corvane.example>"
+
+HEADING = re.compile(r"## (?:(?P<version>\d+\.\d+\.\d+) - (?P<date>\d{4}-\d\d-\d\d)|Unreleased)")
+
+
+class Failure(Exception):
+    """What is wrong with the change log, for whoever wrote it."""
+
+
+@dataclasses.dataclass
+class Entry:
+    version: str
+    day: datetime.date
+    released: bool
+    notes: list[str] = dataclasses.field(default_factory=list)
+
+
+def parse(text: str, version: str, today: datetime.date) -> list[Entry]:
+    """The entries, the newest first."""
+    entries: list[Entry] = []
+    for number, line in enumerate(text.splitlines(), 1):
+        try:
+            read_line(line, entries, version, today)
+        except ValueError as error:
+            raise Failure(f"CHANGELOG.md:{number}: {error}") from error
+    check(entries, version)
+    return entries
+
+
+def read_line(line: str, entries: list[Entry], version: str, today: datetime.date) -> None:
+    if not line or line == "# Changelog":
+        return
+    if line.startswith("## "):
+        entries.append(heading(line, version, today))
+    elif line.startswith("- ") and entries:
+        entries[-1].notes.append(line.removeprefix("- "))
+    elif line.startswith("  ") and entries and entries[-1].notes:
+        entries[-1].notes[-1] += " " + line.strip()
+    else:
+        raise ValueError("neither an entry's heading nor a note")
+
+
+def heading(line: str, version: str, today: datetime.date) -> Entry:
+    found = HEADING.fullmatch(line)
+    if not found:
+        raise ValueError('a heading is "## Unreleased" or like "## 1.2.0 - 2026-11-21"')
+    if found["version"]:
+        return Entry(found["version"], datetime.date.fromisoformat(found["date"]), released=True)
+    return Entry(f"{version}~dev", today, released=False)
+
+
+def check(entries: Sequence[Entry], version: str) -> None:
+    if not entries:
+        raise Failure("CHANGELOG.md has no entry")
+    for entry in entries:
+        if not entry.notes:
+            raise Failure(f"CHANGELOG.md says nothing about {entry.version}")
+    if not all(entry.released for entry in entries[1:]):
+        raise Failure("only the newest entry of CHANGELOG.md can be unreleased")
+    if entries[0].released and entries[0].version != version:
+        raise Failure(f"the newest release in CHANGELOG.md is {entries[0].version}, but the program "
+                      f"is {version}")
+    numbers = [tuple(map(int, entry.version.removesuffix("~dev").split("."))) for entry in entries]
+    if numbers != sorted(set(numbers), reverse=True):
+        raise Failure("the versions in CHANGELOG.md do not go down from entry to entry; after a "
+                      "release, that in CMakeLists.txt has to be raised")
+
+
+def metainfo(entries: Sequence[Entry]) -> Iterator[str]:
+    yield "  <releases>"
+    for entry in entries:
+        kind = "stable" if entry.released else "development"
+        yield f'    <release version="{entry.version}" date="{entry.day}" type="{kind}">'
+        yield "      <description>"
+        yield "        <ul>"
+        yield from (f"          <li>{marked_up(note)}</li>" for note in entry.notes)
+        yield "        </ul>"
+        yield "      </description>"
+        yield "    </release>"
+    yield "  </releases>"
+
+
+def marked_up(note: str) -> str:
+    return re.sub(r"`([^`]+)`", r"<code>\1</code>", escape(note))
+
+
+def debian(entries: Sequence[Entry]) -> Iterator[str]:
+    for entry in entries:
+        distribution = "unstable" if entry.released else "UNRELEASED"
+        yield f"corvane ({entry.version}) {distribution}; urgency=medium"
+        yield ""
+        yield from (textwrap.fill(note, 78, initial_indent="  * ", subsequent_indent="    ",
+                                  break_long_words=False, break_on_hyphens=False)
+                    for note in entry.notes)
+        midnight = datetime.datetime.combine(entry.day, datetime.time(), datetime.timezone.utc)
+        yield ""
+        yield f" -- {MAINTAINER}  {email.utils.format_datetime(midnight)}"
+        yield ""
+
+
+FORMATS = {"metainfo": metainfo, "debian": debian}
+
+
+def main(arguments: list[str]) -> int:
+    if len(arguments) != 2 or arguments[0] not in FORMATS:
+        print(__doc__, file=sys.stderr)
+        return 2
+    now = int(os.environ.get("SOURCE_DATE_EPOCH", time.time()))
+    today = datetime.datetime.fromtimestamp(now, datetime.timezone.utc).date()
+    try:
+        entries = parse(sys.stdin.read(), arguments[1], today)
+    except Failure as failure:
+        print(failure, file=sys.stderr)
+        return 1
+    print("\n".join(FORMATS[arguments[0]](entries)))
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))

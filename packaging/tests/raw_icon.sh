@@ -1,0 +1,7 @@
+#!/usr/bin/env bash
+# raw_icon.sh FOLDER: fails unless each SIZE.raw there has the pixels of SIZE.png.
+set -euo pipefail
+for raw in "$1"/*.raw; do
+  convert "${raw%.raw}.png" -depth 8 RGBA:- | cmp - "$raw"
+  echo "$raw has the same pixels"
+done

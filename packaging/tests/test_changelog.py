@@ -1,0 +1,113 @@
+"""What becomes of CHANGELOG.md in the metainfo and in the Debian package."""
+
+import datetime
+import pathlib
+import sys
+import unittest
+from xml.etree import ElementTree
+
+PACKAGING = pathlib.Path(__file__).resolve().parent.parent
+sys.path.insert(0, str(PACKAGING))
+
+import changelog  # noqa: E402
+
+TODAY = datetime.date(2031, 5, 17)
+TWO = """# Changelog
+
+## 1.1.0 - 2031-03-02
+
+- Hears violins.
+
+## 1.0.0 - 2030-12-24
+
+- Says "In tune" & more,
+  on a second line: `corvane-replay <file>`.
+- Plays.
+"""
+
+
+def entries(text: str, version: str) -> list[changelog.Entry]:
+    return changelog.parse(text, version, TODAY)
+
+
+class TheEntries(unittest.TestCase):
+    def test_are_the_releases_with_their_days_and_all_their_notes(self) -> None:
+        first, second = entries(TWO, "1.1.0")
+        self.assertEqual((first.version, first.day.isoformat(), first.notes),
+                         ("1.1.0", "2031-03-02", ["Hears violins."]))
+        self.assertEqual(second.notes, [
+            'Says "In tune" & more, on a second line: `corvane-replay <file>`.', "Plays."])
+
+    def test_that_are_unreleased_become_the_version_of_the_program(self) -> None:
+        newest = entries(TWO.replace("1.1.0 - 2031-03-02", "Unreleased"), "1.1.0")[0]
+        self.assertEqual((newest.version, newest.day, newest.released), ("1.1.0~dev", TODAY, False))
+
+    def test_of_this_program_can_be_read(self) -> None:
+        top = PACKAGING.parent
+        version = (top / "CMakeLists.txt").read_text().split("project(corvane VERSION ")[1].split()[0]
+        self.assertTrue(entries((top / "CHANGELOG.md").read_text(encoding="utf-8"), version))
+
+
+class AChangeLogIsRefused(unittest.TestCase):
+    def assert_refused(self, text: str, version: str, reason: str) -> None:
+        with self.assertRaisesRegex(changelog.Failure, reason):
+            entries(text, version)
+
+    def test_when_its_newest_release_is_not_the_program(self) -> None:
+        self.assert_refused(TWO, "1.2.0", "newest release .* is 1.1.0, but the program is 1.2.0")
+
+    def test_when_what_is_unreleased_would_be_called_as_a_release_was(self) -> None:
+        self.assert_refused(TWO.replace("1.1.0 - 2031-03-02", "Unreleased"), "1.0.0", "do not go down")
+
+    def test_when_an_older_entry_is_unreleased(self) -> None:
+        self.assert_refused(TWO.replace("1.0.0 - 2030-12-24", "Unreleased"), "1.1.0",
+                            "only the newest")
+
+    def test_when_it_has_a_line_that_is_no_note(self) -> None:
+        self.assert_refused(TWO + "\nThat is all.\n", "1.1.0", ":13: neither")
+
+    def test_when_a_heading_cannot_be_understood(self) -> None:
+        self.assert_refused(TWO.replace("2030-12-24", "2030-13-24"), "1.1.0", ":7: ")
+        self.assert_refused(TWO.replace("## 1.0.0 - ", "## v1.0.0, "), "1.1.0", ":7: a heading is")
+
+    def test_when_it_says_nothing(self) -> None:
+        self.assert_refused("# Changelog\n", "1.0.0", "no entry")
+        self.assert_refused("## Unreleased\n", "1.0.0", "says nothing about 1.0.0~dev")
+
+
+class TheMetainfo(unittest.TestCase):
+    def test_has_a_release_with_its_notes_for_every_entry(self) -> None:
+        releases = ElementTree.fromstring("\n".join(changelog.metainfo(entries(TWO, "1.1.0"))))
+        self.assertEqual([(release.get("version"), release.get("date"), release.get("type"))
+                          for release in releases],
+                         [("1.1.0", "2031-03-02", "stable"), ("1.0.0", "2030-12-24", "stable")])
+        notes = ["".join(note.itertext()) for note in releases.iter("li")]
+        self.assertEqual(notes, [
+            "Hears violins.", 'Says "In tune" & more, on a second line: corvane-replay <file>.',
+            "Plays."])
+
+    def test_does_not_pass_off_as_stable_what_is_unreleased(self) -> None:
+        text = "\n".join(changelog.metainfo(entries("## Unreleased\n- New.\n", "1.0.0")))
+        self.assertIn('version="1.0.0~dev" date="2031-05-17" type="development"', text)
+
+
+class TheDebianChangeLog(unittest.TestCase):
+    def test_has_an_entry_with_its_notes_for_every_entry(self) -> None:
+        self.assertEqual("\n".join(changelog.debian(entries(TWO, "1.1.0"))), """\
+corvane (1.1.0) unstable; urgency=medium
+
+  * Hears violins.
+
+ -- The Corvane developers <developers@corvane.example>  Sun, 02 Mar 2031 00:00:00 +0000
+
+corvane (1.0.0) unstable; urgency=medium
+
+  * Says "In tune" & more, on a second line: `corvane-replay <file>`.
+  * Plays.
+
+ -- The Corvane developers <developers@corvane.example>  Tue, 24 Dec 2030 00:00:00 +0000
+""")
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,108 @@
+"""What `cmake --install` puts where, and that it belongs together."""
+
+import configparser
+import os
+import pathlib
+import shutil
+import struct
+import subprocess
+import tempfile
+import unittest
+from xml.etree import ElementTree
+
+PACKAGING = pathlib.Path(__file__).resolve().parent.parent
+BUILD = os.environ["CORVANE_BUILD"]
+VERSION = os.environ["CORVANE_VERSION"]
+ID = "org.corvane.Corvane"
+ICON_SIZES = (16, 24, 32, 48, 64, 128, 256, 512)
+FILES = {
+    "bin/corvane", "bin/corvane-replay", "share/man/man1/corvane.1",
+    "share/man/man1/corvane-replay.1", "share/doc/corvane/LICENSE", "share/doc/corvane/privacy.html",
+    f"share/applications/{ID}.desktop", f"share/metainfo/{ID}.metainfo.xml",
+    f"share/icons/hicolor/scalable/apps/{ID}.svg",
+    f"share/icons/hicolor/symbolic/apps/{ID}-symbolic.svg",
+    *(f"share/icons/hicolor/{size}x{size}/apps/{ID}.png" for size in ICON_SIZES)}
+
+
+def install(*arguments: str, **environment: str) -> None:
+    subprocess.run(["cmake", "--install", BUILD, *arguments], env={**os.environ, **environment},
+                   check=True, stdout=subprocess.DEVNULL)
+
+
+def files_below(folder: pathlib.Path) -> set[str]:
+    return {str(path.relative_to(folder)) for path in folder.rglob("*") if not path.is_dir()}
+
+
+def size_of(png: pathlib.Path) -> tuple[int, int]:
+    """From the picture's header, which follows the format's mark of eight bytes."""
+    _, kind, width, height = struct.unpack(">I4sII", png.read_bytes()[8:24])
+    return (width, height) if kind == b"IHDR" else (0, 0)
+
+
+class AnInstallation(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls) -> None:
+        cls.prefix = pathlib.Path(cls.enterClassContext(tempfile.TemporaryDirectory())) / "some prefix"
+        install("--prefix", str(cls.prefix))
+        cls.share = cls.prefix / "share"
+
+    def test_holds_what_a_desktop_looks_for_and_nothing_else(self) -> None:
+        self.assertEqual(files_below(self.prefix), FILES)
+
+    def test_can_be_gathered_in_another_folder_first(self) -> None:
+        with tempfile.TemporaryDirectory() as gathered:
+            install("--prefix", "/somewhere", DESTDIR=gathered)
+            self.assertEqual(files_below(pathlib.Path(gathered, "somewhere")), FILES)
+
+    def test_has_a_program_that_runs_where_it_was_put(self) -> None:
+        done = subprocess.run([self.prefix / "bin/corvane", "--version"], capture_output=True,
+                              text=True, check=True)
+        self.assertEqual(done.stdout, f"corvane {VERSION}\n")
+
+    def test_has_a_desktop_entry_that_names_its_program_and_its_icon(self) -> None:
+        entry = self.entry()
+        for key in ("Exec", "TryExec"):
+            self.assertEqual(shutil.which(entry[key], path=self.prefix / "bin"),
+                             str(self.prefix / "bin/corvane"))
+        self.assertEqual(entry["Icon"], ID)
+        self.assertEqual(entry["Categories"], "AudioVideo;Audio;Music;")
+        self.assertEqual(entry["Terminal"], "false")
+        self.assertTrue(entry["Keywords"])
+
+    def test_has_a_metainfo_that_names_its_desktop_entry_and_its_program(self) -> None:
+        root = self.metainfo()
+        self.assertEqual(root.findtext("id"), ID)
+        self.assertEqual(root.findtext("launchable"), f"{ID}.desktop")
+        self.assertEqual(root.findtext("provides/binary"), "corvane")
+        self.assertEqual(root.findtext("name"), self.entry()["Name"])
+        newest = root.find("releases/release").get("version")
+        self.assertEqual(newest.removesuffix("~dev"), VERSION)
+
+    def test_introduces_itself_as_briefly_as_software_centres_have_room_for(self) -> None:
+        self.assertLessEqual(len(self.metainfo().findtext("name")), 15)
+        self.assertRegex(self.metainfo().findtext("summary"), r"\A(?!A |An |The ).{9,34}[^.]\Z")
+
+    def test_shows_screenshots_that_there_are(self) -> None:
+        shown = {image.text.rsplit("/", 1)[1]: (int(image.get("width")), int(image.get("height")))
+                 for image in self.metainfo().iter("image")}
+        there = {png.name: size_of(png) for png in (PACKAGING / "screenshots").glob("*.png")}
+        self.assertEqual(shown, there)
+        self.assertTrue(there)
+
+    def test_has_its_icon_in_every_size(self) -> None:
+        icons = self.share / "icons/hicolor"
+        for size in ICON_SIZES:
+            self.assertEqual(size_of(icons / f"{size}x{size}/apps/{ID}.png"), (size, size))
+
+    def metainfo(self) -> ElementTree.Element:
+        return ElementTree.parse(self.share / f"metainfo/{ID}.metainfo.xml").getroot()
+
+    def entry(self) -> configparser.SectionProxy:
+        parser = configparser.ConfigParser(interpolation=None)
+        parser.optionxform = str  # the keys are case-sensitive
+        parser.read(self.share / f"applications/{ID}.desktop", encoding="utf-8")
+        return parser["Desktop Entry"]
+
+
+if __name__ == "__main__":
+    unittest.main()

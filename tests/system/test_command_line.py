@@ -1,0 +1,66 @@
+"""What the program answers in a terminal, where it needs no display."""
+
+import os
+import pathlib
+import subprocess
+import sys
+import unittest
+
+PROGRAM = os.environ["CORVANE_PROGRAM"]
+VERSION = os.environ["CORVANE_VERSION"]
+DISPLAYS = ("DISPLAY", "WAYLAND_DISPLAY", "XDG_RUNTIME_DIR", "QT_QPA_PLATFORM")
+SECONDS = 20
+
+
+def run(*arguments: str, stdout: int = subprocess.PIPE,
+        **environment: str) -> subprocess.CompletedProcess[str]:
+    """The program's end and what it said, in a terminal that knows of no display."""
+    bare = {name: value for name, value in os.environ.items() if name not in DISPLAYS}
+    return subprocess.run([PROGRAM, *arguments], env={**bare, **environment}, stdout=stdout,
+                          stderr=subprocess.PIPE, text=True, timeout=SECONDS)
+
+
+class AnOption(unittest.TestCase):
+    def test_tells_the_version(self) -> None:
+        done = run("--version")
+        self.assertEqual((done.returncode, done.stdout, done.stderr), (0, f"corvane {VERSION}\n", ""))
+
+    def test_tells_all_the_options(self) -> None:
+        done = run("--help")
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        told = [word for word in done.stdout.split() if word.startswith("-")]
+        self.assertEqual(told, ["--help", "--version"])
+
+    def test_that_cannot_be_answered_fails(self) -> None:
+        with open("/dev/full", "w", encoding="utf-8") as full:
+            self.assertEqual(run("--version", stdout=full.fileno()).returncode, 1)
+
+
+class AnyOtherArgument(unittest.TestCase):
+    def test_gets_one_line_and_status_two(self) -> None:
+        # Among them options that the toolkit would take, and others that it adds to its own.
+        for arguments in (["--verbose"], ["-v"], ["-h"], ["--help-all"], ["note.wav"], [""],
+                          ["-platform", "offscreen"], ["-qmljsdebugger=port:1"], ["--help=me"],
+                          ["--version", "again"], ["--two\nlines"]):
+            with self.subTest(arguments):
+                done = run(*arguments)
+                self.assertEqual((done.returncode, done.stdout), (2, ""))
+                self.assertRegex(done.stderr, r"\Acorvane: .+\n\Z")
+
+
+class WithoutADisplay(unittest.TestCase):
+    def assert_says_so(self, **environment: str) -> None:
+        done = run(**environment)
+        self.assertEqual((done.returncode, done.stdout, done.stderr),
+                         (1, "", "corvane: there is no display to show the tuner on\n"))
+
+    def test_the_program_says_so_in_one_line(self) -> None:
+        self.assert_says_so()
+
+    def test_the_program_says_so_when_nobody_answers_on_the_one_it_is_told(self) -> None:
+        self.assert_says_so(DISPLAY="nowhere.invalid:7")
+        self.assert_says_so(WAYLAND_DISPLAY="/nowhere", QT_QPA_PLATFORM="wayland")
+
+
+if __name__ == "__main__":
+    unittest.main()
