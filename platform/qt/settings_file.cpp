@@ -1,11 +1,13 @@
 #include "platform/qt/settings_file.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLockFile>
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
 
@@ -14,6 +16,28 @@ namespace {
 
 /// Many times what the settings need; whatever is larger is something else.
 constexpr qint64 largestFile = 64 * 1024;
+
+/// Held until it is destroyed or the program ends, in whatever way: a file that says who holds it
+/// may be left behind half written. Where the system cannot lock a folder, as over some networks,
+/// nobody holds it.
+class FolderLock {
+ public:
+  explicit FolderLock(const QString& folder)
+      : descriptor(open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)),
+        othersHoldIt(descriptor >= 0 && flock(descriptor, LOCK_EX | LOCK_NB) != 0 &&
+                     errno == EWOULDBLOCK) {}
+  ~FolderLock() {
+    if (descriptor >= 0) close(descriptor);
+  }
+  FolderLock(const FolderLock&) = delete;
+  FolderLock& operator=(const FolderLock&) = delete;
+
+  bool isTaken() const { return othersHoldIt; }
+
+ private:
+  const int descriptor;
+  const bool othersHoldIt;
+};
 
 }  // namespace
 
@@ -30,11 +54,10 @@ std::optional<SettingsText::Values> SettingsFile::read() const {
 }
 
 SettingsFile::Outcome SettingsFile::change(const SettingsText::Values& changes) const {
-  QDir().mkpath(QFileInfo(path).path());
-  QLockFile lock(path + QStringLiteral(".lock"));
-  if (!lock.tryLock(0)) {
-    return lock.error() == QLockFile::LockFailedError ? Outcome::busy : Outcome::failed;
-  }
+  const QString folder = QFileInfo(path).path();
+  QDir().mkpath(folder);
+  const FolderLock lock(folder);
+  if (lock.isTaken()) return Outcome::busy;
   auto values = read();
   if (!values) return Outcome::failed;
   for (const auto& [key, value] : changes) (*values)[key] = value;
@@ -55,7 +78,8 @@ bool SettingsFile::replace(const QByteArray& text) const {
     std::filesystem::rename(next.filesystemFileName(), QFile(target).filesystemFileName(), error);
     if (!error) return true;
   }
-  next.remove();
+  // Not by the file object, which would first write what there is no room for.
+  std::filesystem::remove(next.filesystemFileName(), error);
   return false;
 }
 

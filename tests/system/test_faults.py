@@ -36,20 +36,22 @@ class Faults(system_test.SystemTest):
     def go_through(self, tuner: Tuner, room: Room, title: str, fault: Callable[[], None],
                    repair: Callable[[], None]) -> None:
         title = f"{title}, {type(room).__name__.removesuffix('Room')}"
-        room.start_playing(self.band.wav(GUITAR_A))
+        before = room.start_playing(self.band.wav(GUITAR_A))
         self.wait_for_note(tuner, "A2", seconds=5)
         fault()
         self.assert_note_goes_out(tuner, title)
         tuner.window.wait_for(lambda shown: shown.get(PROBLEM) == NO_MICROPHONE)
         tuner.window.click(ALLOW)
         tuner.window.wait_for(lambda shown: shown.get(PROBLEM) == NO_MICROPHONE)
-        self.band.wav(GUITAR_D)
+        self.desktop.processes.end(before)
+        after = self.band.wav(GUITAR_D)
         repair()
         back = time.monotonic()
-        room.start_playing(self.band.wav(GUITAR_D))
+        player = room.start_playing(after)
         shown = self.wait_for_note(tuner, "D3", seconds=BACK_SECONDS)
         print(f"figure: {title}: seconds until the next note is shown after the repair = "
               f"{time.monotonic() - back:.2f}")
+        self.desktop.processes.end(player)
         self.assertNotIn(PROBLEM, shown)
         self.assertNotIn(ALLOW, tuner.window.buttons())
 

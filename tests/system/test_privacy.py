@@ -90,8 +90,7 @@ class Privacy(system_test.SystemTest):
 
     def test_it_writes_its_preferences_alone(self) -> None:
         preferences = settings_file(self.home / ".config")
-        ours = {str(preferences.parent), str(preferences), f"{preferences}.new",
-                f"{preferences}.lock"}
+        ours = {str(preferences.parent), str(preferences), f"{preferences}.new"}
         theirs = {
             # The audio library's, by which a server knows its user.
             str(self.home / ".config/pulse"), str(self.home / ".config/pulse/cookie"),

@@ -75,6 +75,10 @@ class FailingCalls : public testing::Test {
     first.start();
     first.hears();
   }
+  void SetUp() override {
+    // The system counts a thread that has been joined for another moment.
+    support::waitFor("one thread", [] { return heldByThisProcess().threads == 1; });
+  }
   ~FailingCalls() override { failing_calls::heal(); }
 
   void expectAVerdict(const Tuner& tuner) {
@@ -88,7 +92,6 @@ class FailingCalls : public testing::Test {
   }
 
   void expectNothingIsLeft(const Held& before) {
-    // The system counts a thread that has been joined for another moment.
     support::waitFor("what was held to be given back",
                      [&] { return heldByThisProcess() == before; });
     const auto streams = [this](const char* kind) { return server.pactl({"list", "short", kind}); };
