@@ -24,7 +24,7 @@ from collections.abc import Iterable
 
 from promises import GROUPS, PROMISES, Promise
 
-FIGURE = re.compile(r"^(?:.*\s)?figure: (.+) = (.+)$", re.MULTILINE)
+FIGURE = re.compile(r"^(?:.*[ \t])?figure: (.+) = (.+)$", re.MULTILINE)
 HEAD = """# What the program can be relied on for
 
 Written by `tools/reliability`, which runs the tests, from what they print; not by hand. Where several
@@ -64,7 +64,8 @@ def spread(values: list[str]) -> str:
         numbers = [float(value) for value in values]
     except ValueError:
         return ", ".join(dict.fromkeys(values))
-    low, high = (f"{number:.3g}" for number in (min(numbers), max(numbers)))
+    low, high = (f"{number:.3g}" if number < 1000 else f"{number:.0f}"
+                 for number in (min(numbers), max(numbers)))
     return low if low == high else f"{low} to {high}"
 
 
