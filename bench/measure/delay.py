@@ -35,7 +35,7 @@ class Delays(NamedTuple):
 def measure(subject: Subject, room: PipedRoom, strings: list[array.array], onsets: int) -> Delays:
     with subject.running() as process:
         subject.find_window(process)
-        shapes = [_learn(subject, room, string) for string in strings]
+        shapes = [learn(subject, room, string) for string in strings]
         turns = [turn % len(strings) for turn in range(onsets)]
         sound, begins = _sequence(strings, turns)
         start = room.hear(sound)
@@ -45,7 +45,7 @@ def measure(subject: Subject, room: PipedRoom, strings: list[array.array], onset
     return Delays(sorted(1000 * value for value in values if value is not None), onsets)
 
 
-def _learn(subject: Subject, room: PipedRoom, string: array.array) -> Shape:
+def learn(subject: Subject, room: PipedRoom, string: array.array) -> Shape:
     room.hear(string)
     time.sleep(LEARN_SECONDS)
     return Shape(subject.pixels(NOTE))

@@ -1,5 +1,5 @@
-"""feeder.py SOUND PIPE: writes a file of 32-bit floats into a pipe as fast as a microphone would,
-and silence after it, until it is ended.
+"""feeder.py SOUND PIPE [again]: writes a file of 32-bit floats into a pipe as fast as a microphone
+would, and silence after it, or the same again and again, until it is ended.
 
 Prints at which moment of the monotonic clock the first sample was due."""
 
@@ -13,7 +13,7 @@ CHUNK_FRAMES = 2048  # what the tuner asks a sound card for
 LEAD_SECONDS = 0.1
 
 
-def main(sound: str, pipe: str) -> None:
+def main(sound: str, pipe: str, again: str = "") -> None:
     with open(sound, "rb") as opened:
         samples = opened.read()
     silence = bytes(CHUNK_FRAMES * BYTES_PER_FRAME)
@@ -22,7 +22,8 @@ def main(sound: str, pipe: str) -> None:
     print(start, flush=True)
     written = 0
     while True:
-        chunk = samples[written:written + len(silence)] or silence
+        begin = written % len(samples) if again else written
+        chunk = samples[begin:begin + len(silence)] or silence
         written += len(chunk)
         # A chunk is there once its last sample has been.
         due = start + written / BYTES_PER_FRAME / RATE

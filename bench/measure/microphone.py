@@ -26,12 +26,14 @@ class PipedRoom(Room):
             f"rate={RATE} channels=1")
         self._wait_for_answer("pactl", "info")
 
-    def hear(self, samples: array.array) -> float:
-        """Begins with `samples`, one channel of floats, after which there is silence; the moment
-        of the monotonic clock at which the first one was due."""
+    def hear(self, samples: array.array, again: bool = False) -> float:
+        """Begins with `samples`, one channel of floats, after which there is silence or, when
+        they are to be heard again and again, the first of them; the moment of the monotonic clock
+        at which that was due."""
         self.hear_no_more()
         self._sound.write_bytes(samples.tobytes())
-        self._feeder = subprocess.Popen([sys.executable, "-B", FEEDER, self._sound, self._pipe],
+        self._feeder = subprocess.Popen([sys.executable, "-B", FEEDER, self._sound, self._pipe,
+                                         *(["again"] if again else [])],
                                         stdout=subprocess.PIPE, text=True)
         return float(self._feeder.stdout.readline())
 

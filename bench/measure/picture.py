@@ -53,5 +53,8 @@ class Shape:
 
     def is_like(self, other: "Shape") -> bool:
         """Also false when nothing stands out."""
-        different = (self._mask ^ other._mask).bit_count()
-        return 0 < self._size and different <= self.SAME * max(self._size, other._size)
+        return 0 < self._size and self.difference(other) <= self.SAME
+
+    def difference(self, other: "Shape") -> float:
+        """The share of the pixels of the larger one that are not the other's too."""
+        return (self._mask ^ other._mask).bit_count() / max(1, self._size, other._size)

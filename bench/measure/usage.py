@@ -36,6 +36,10 @@ def memory(pid: int) -> dict[str, float]:
             for name, kilobytes in re.findall(r"^(\w+):\s+(\d+) kB$", rollup, re.MULTILINE)}
 
 
+def descriptors(pid: int) -> int:
+    return sum(1 for _ in pathlib.Path(f"/proc/{pid}/fd").iterdir())
+
+
 def threads(pid: int) -> list[str]:
     return sorted((task / "comm").read_text().strip()
                   for task in pathlib.Path(f"/proc/{pid}/task").iterdir())

@@ -36,6 +36,7 @@ void PulseConnection::connect(Settled settled) {
 void PulseConnection::open() {
   attempt = std::make_shared<char>();
   loop.async([this, watching = observer()] {
+    if (loop.api() == nullptr) return watching.ended(PA_ERR_INTERNAL);
     session = std::make_unique<PulseSession>(*loop.api(), watching);
   });
 }
@@ -95,6 +96,7 @@ void PulseConnection::tryLater() {
     });
   };
   loop.async([this, again, delay = pause] {
+    if (loop.api() == nullptr) return;
     if (!nextAttempt) nextAttempt.emplace(*loop.api());
     nextAttempt->arm(delay, again);
   });

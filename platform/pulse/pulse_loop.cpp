@@ -1,11 +1,13 @@
 #include "platform/pulse/pulse_loop.h"
 
+#include <poll.h>
 #include <pthread.h>
 #include <pulse/mainloop.h>
 #include <signal.h>
 #include <sys/eventfd.h>
 #include <unistd.h>
 
+#include <memory>
 #include <utility>
 
 #include "base/require.h"
@@ -32,7 +34,10 @@ PulseLoop::PulseLoop() : wakeup(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
 }
 
 PulseLoop::~PulseLoop() {
-  async([this] { mainloopApi->quit(mainloopApi, 0); });
+  async([this] {
+    over = true;
+    if (mainloopApi != nullptr) mainloopApi->quit(mainloopApi, 0);
+  });
   thread.join();
   close(wakeup);
 }
@@ -47,16 +52,34 @@ void PulseLoop::async(Job job) {
 
 void PulseLoop::run() {
   pthread_setname_np(pthread_self(), "corvane.pulse");
-  pa_mainloop* const mainloop = pa_mainloop_new();
-  mainloopApi = pa_mainloop_get_api(mainloop);
+  while (!over) {
+    if (runMainloop()) continue;
+    runJobs();
+    if (!over) waitForJobs();
+  }
+}
+
+/// False when the system has no loop for us: descriptors are short.
+bool PulseLoop::runMainloop() {
+  const std::unique_ptr<pa_mainloop, decltype(&pa_mainloop_free)> mainloop(pa_mainloop_new(),
+                                                                           pa_mainloop_free);
+  if (mainloop == nullptr) return false;
+  mainloopApi = pa_mainloop_get_api(mainloop.get());
   const auto wake = [](pa_mainloop_api*, pa_io_event*, int, pa_io_event_flags_t, void* loop) {
     static_cast<PulseLoop*>(loop)->runJobs();
   };
   pa_io_event* const event =
       mainloopApi->io_new(mainloopApi, wakeup, PA_IO_EVENT_INPUT, wake, this);
-  pa_mainloop_run(mainloop, nullptr);
+  const bool ran = pa_mainloop_run(mainloop.get(), nullptr) >= 0;
+  require(ran || !used, "a loop that has begun goes on");
   mainloopApi->io_free(event);
-  pa_mainloop_free(mainloop);
+  mainloopApi = nullptr;
+  return ran;
+}
+
+void PulseLoop::waitForJobs() const {
+  pollfd jobsWaiting{.fd = wakeup, .events = POLLIN, .revents = 0};
+  poll(&jobsWaiting, 1, -1);
 }
 
 void PulseLoop::runJobs() {
@@ -67,6 +90,7 @@ void PulseLoop::runJobs() {
     const std::lock_guard held(lock);
     ready.swap(jobs);
   }
+  used = used || (mainloopApi != nullptr && !ready.empty());
   for (const Job& job : ready) job();
 }
 

@@ -25,17 +25,22 @@ class PulseLoop {
   /// Runs `job` on the loop's thread, after this call, in the order of submission. Any thread.
   void async(Job job);
 
-  /// For jobs and callbacks on the loop's thread; null before the first of them.
+  /// For jobs and callbacks on the loop's thread; null while the system has no loop for us, which
+  /// is asked for again with every job.
   pa_mainloop_api* api() const { return mainloopApi; }
 
  private:
   void run();
+  bool runMainloop();
   void runJobs();
+  void waitForJobs() const;
 
   std::mutex lock;
   std::vector<Job> jobs;  ///< under `lock`
   int wakeup;             ///< an eventfd, readable while jobs wait
   pa_mainloop_api* mainloopApi = nullptr;
+  bool used = false;  ///< a job has had the loop
+  bool over = false;  ///< on the loop's thread
   std::thread thread;
 };
 

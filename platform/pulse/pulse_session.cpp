@@ -26,12 +26,6 @@ pa_context* newContext(pa_mainloop_api& api) {
   return pa_context_new_with_proplist(&api, "Corvane", properties.get());
 }
 
-/// The answer comes by callback. There is no operation when the context has just failed, which its
-/// state tells.
-void forget(pa_operation* operation) {
-  if (operation != nullptr) pa_operation_unref(operation);
-}
-
 }  // namespace
 
 PulseSession::PulseSession(pa_mainloop_api& api, Observer watching)
@@ -46,6 +40,7 @@ PulseSession::PulseSession(pa_mainloop_api& api, Observer watching)
 
 PulseSession::~PulseSession() {
   over = true;
+  if (context == nullptr) return;
   pa_context_set_state_callback(context, nullptr, nullptr);
   pa_context_set_subscribe_callback(context, nullptr, nullptr);
   pa_context_disconnect(context);
@@ -57,6 +52,7 @@ pa_context* PulseSession::readyContext() const {
 }
 
 void PulseSession::connect() {
+  if (context == nullptr) return end(PA_ERR_INTERNAL);
   pa_context_set_state_callback(context, onState, this);
   pa_context_set_subscribe_callback(context, onEvent, this);
   // Starting a server is the desktop's business: two that are started at once fight for the device.
@@ -85,15 +81,16 @@ void PulseSession::contextChanged() {
 void PulseSession::watch() {
   constexpr auto changes = static_cast<pa_subscription_mask_t>(PA_SUBSCRIPTION_MASK_SOURCE |
                                                                PA_SUBSCRIPTION_MASK_SERVER);
-  forget(pa_context_subscribe(context, changes, nullptr, nullptr));
+  await(pa_context_subscribe(context, changes, nullptr, nullptr));
 }
 
 void PulseSession::survey() {
+  if (over) return;
   // A volume that is being dragged sends events by the hundred: one more survey covers them all.
   outdated = std::exchange(surveying, true);
   if (outdated) return;
   again.disarm();
-  forget(pa_context_get_server_info(context, onServer, this));
+  await(pa_context_get_server_info(context, onServer, this));
 }
 
 void PulseSession::report(const ServerFacts& facts) {
@@ -105,6 +102,12 @@ void PulseSession::report(const ServerFacts& facts) {
   if (outdated) return survey();
   // PipeWire chooses the default after it has told of the device, and at times without a word.
   if (!answers->isConclusive()) again.arm(secondThought, [this] { survey(); });
+}
+
+/// The answer comes by callback; without an operation there will be none.
+void PulseSession::await(pa_operation* operation) {
+  if (operation == nullptr) return end(pa_context_errno(context));
+  pa_operation_unref(operation);
 }
 
 void PulseSession::end(int error) {
@@ -127,7 +130,7 @@ void PulseSession::onServer(pa_context* context, const pa_server_info* server, v
   auto* const self = static_cast<PulseSession*>(session);
   if (server == nullptr) return self->end(pa_context_errno(context));
   self->answers.emplace(*server);
-  forget(pa_context_get_source_info_list(context, onSource, session));
+  self->await(pa_context_get_source_info_list(context, onSource, session));
 }
 
 void PulseSession::onSource(pa_context* context, const pa_source_info* source, int last,

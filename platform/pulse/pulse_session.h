@@ -40,6 +40,7 @@ class PulseSession {
   void watch();
   void survey();
   void report(const ServerFacts& facts);
+  void await(pa_operation* operation);
   void end(int error);
 
   static void onState(pa_context*, void* session);
@@ -49,7 +50,7 @@ class PulseSession {
 
   pa_mainloop_api& mainloopApi;
   Observer observer;
-  pa_context* context;
+  pa_context* const context;  ///< null when there is none to be had
   Timer deadline;
   Timer again;  ///< asks once more a server that has not made up its mind
   bool surveying = false;

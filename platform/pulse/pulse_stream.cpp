@@ -90,8 +90,13 @@ void PulseStream::release() {
   deadline.reset();
   pa_stream_set_state_callback(current, nullptr, nullptr);
   disconnectCallbacks();
-  pa_stream_disconnect(current);
+  pa_context* const context = pa_stream_get_context(current);
+  const bool isKnown = pa_stream_get_state(current) == PA_STREAM_READY;
+  const bool isForgotten = pa_stream_disconnect(current) == 0;
+  // Before the connection ends, which waits for whoever holds a piece of its memory.
   pa_stream_unref(std::exchange(current, nullptr));
+  // What the server does not hear of it would go on for ever.
+  if (isKnown && !isForgotten) pa_context_disconnect(context);
 }
 
 }  // namespace corvane

@@ -1,5 +1,7 @@
 #include "platform/pulse/record_stream.h"
 
+#include <pulse/def.h>
+
 #include <cstdint>
 #include <utility>
 
@@ -55,7 +57,8 @@ void RecordStream::read() {
   while (pa_stream_peek(stream(), &data, &bytes) == 0 && bytes > 0) {
     // A hole comes as null with its length: silence.
     feed->append(static_cast<const float*>(data), bytes / pa_frame_size(&spec()));
-    pa_stream_drop(stream());
+    // It would come again, for ever.
+    if (pa_stream_drop(stream()) < 0) return end(PA_ERR_IO);
   }
 }
 

@@ -1,34 +1,46 @@
 #pragma once
 
-#include <QSettings>
 #include <QString>
+#include <QTimer>
 
 #include "platform/preferences.h"
+#include "platform/qt/settings_file.h"
 
 namespace corvane {
 
-/// Preferences in a file of `key=value` lines. Values are kept in memory and written when the event
-/// loop next runs; a file that cannot be read counts as empty, one that cannot be written is left
-/// as it is. A text must be one line without spaces at its ends.
+/// Preferences in an INI file, read once. What has changed since is written when the event loop
+/// next runs, and at the latest in the end; nothing else of the file changes, so that another
+/// program's choices stay. A file that cannot be read is left as it is, and so is one that cannot
+/// be written: then the choices last as long as the program.
 class QtPreferences final : public Preferences {
  public:
   /// `corvane/corvane.conf` in the user's configuration folder.
   static QString defaultPath();
 
   explicit QtPreferences(const QString& path = defaultPath());
+  ~QtPreferences() override;
+  QtPreferences(const QtPreferences&) = delete;
+  QtPreferences& operator=(const QtPreferences&) = delete;
 
   std::optional<std::string> string(std::string_view key) const override;
   std::optional<double> number(std::string_view key) const override;
   std::optional<bool> boolean(std::string_view key) const override;
 
+  /// A text that is not `SettingsText::isPlain` lasts as long as the program.
   void setString(std::string_view key, std::string_view value) override;
   void setNumber(std::string_view key, double value) override;
   void setBoolean(std::string_view key, bool value) override;
 
  private:
-  std::optional<QString> text(std::string_view key) const;
+  std::optional<QByteArray> text(std::string_view key) const;
+  void set(std::string_view key, const QByteArray& value);
+  SettingsFile::Outcome save();
+  void saveNow();
 
-  QSettings settings;
+  SettingsFile file;
+  SettingsText::Values values;
+  SettingsText::Values unsaved;
+  QTimer saving;
 };
 
 }  // namespace corvane

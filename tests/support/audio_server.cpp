@@ -42,13 +42,7 @@ void AudioServer::start() {
   rooms.clear();
   modules.clear();
   kind == Kind::pulseAudio ? startPulseAudio() : startPipeWire();
-  waitFor(nameOf(kind) + " to answer", [this] {
-    try {
-      return !pactl({"info"}).empty();
-    } catch (const std::runtime_error&) {
-      return false;
-    }
-  });
+  waitFor(nameOf(kind) + " to answer", [this] { return obeys({"info"}); });
 }
 
 void AudioServer::startPulseAudio() {
@@ -140,8 +134,18 @@ void AudioServer::linkChannels(const std::string& speakers, const std::string& m
   for (std::size_t c = 0; c < channels; ++c) outputOf({"pw-link", from[c], to[c]});
 }
 
+bool AudioServer::obeys(const std::vector<std::string>& arguments) const {
+  try {
+    pactl(arguments);
+    return true;
+  } catch (const std::runtime_error&) {
+    return false;
+  }
+}
+
 void AudioServer::setDefaultSource(const std::string& name) {
-  pactl({"set-default-source", name});
+  // PipeWire knows no default until its session manager has taken up its work.
+  waitFor("defaults to be known", [&] { return obeys({"set-default-source", name}); });
   waitFor(name + " to be the default source", [this, name] {
     return linesWith("Default Source: " + name, pactl({"info"})).size() == 1;
   });

@@ -67,6 +67,8 @@ class AudioServer {
   void startPulseAudio();
   void startPipeWire();
   void run(std::vector<std::string> command);
+  /// Whether the server does what its own command asks for.
+  bool obeys(const std::vector<std::string>& arguments) const;
   void load(const std::string& device, std::vector<std::string> module);
   void addSink(const std::string& name, const Room& room, const std::string& mediaClass);
   void linkChannels(const std::string& speakers, const std::string& microphone);

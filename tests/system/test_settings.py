@@ -11,8 +11,8 @@ FRESH = {"tuner.instrument": "guitar", "tuner.tuning": "g6-standard", "tuner.a4"
          "tuner.left": "false"}
 BASS = {**FRESH, "tuner.instrument": "bass", "tuner.tuning": "b5-standard"}
 
-# Nothing of a settings file; a file cut off within a key; one group never closed.
-DAMAGED = (bytes(range(256)) * 16, b"[General]\ntuner.instr", b"[General\ntuner.a4=@@\x00=\n[[[")
+# Nothing at all; nothing of a settings file; a file cut off within a key; one group never closed.
+DAMAGED = (b"", bytes(range(256)) * 16, b"[General]\ntuner.instr", b"[General\ntuner.a4=@@\x00=\n[[[")
 
 
 class Settings(system_test.SystemTest):
@@ -41,6 +41,12 @@ class Settings(system_test.SystemTest):
                 settings_file(config_home).write_bytes(damage)
                 self.start_and_quit(config_home)
                 self.assertLessEqual(FRESH.items(), read_settings(config_home).items())
+
+    def test_a_folder_in_the_place_of_the_file_stops_nothing(self) -> None:
+        config_home = self.desktop.folder("config")
+        settings_file(config_home).mkdir(parents=True)
+        self.start_and_quit(config_home)
+        self.assertTrue(settings_file(config_home).is_dir())
 
     def start_and_quit(self, config_home: pathlib.Path) -> None:
         tuner = self.start_tuner(config_home, dict(os.environ))

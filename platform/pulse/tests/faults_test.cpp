@@ -6,6 +6,7 @@
 
 #include "platform/pulse/tests/held.h"
 #include "platform/pulse/tests/output_fixture.h"
+#include "tests/support/figure.h"
 
 namespace corvane {
 namespace {
@@ -51,8 +52,17 @@ class Faults : public OutputTest {
     EXPECT_TRUE(client.pumpUntil([&] { return heldByThisProcess() == before; }))
         << testing::PrintToString(heldByThisProcess()) << " instead of "
         << testing::PrintToString(before);
-    EXPECT_LT(memoryWithoutRecordings() - memory, 1024) << "kB";
+    const long growth = memoryWithoutRecordings() - memory;
+    EXPECT_LT(growth, 1024) << "kB";
     expectTheToneWorks();
+    figure("rounds", roundCount());
+    figure("s until sound is back", inSeconds(slowestSound));
+    if (slowestSilence.count() > 0) {
+      figure("s until there is silence", inSeconds(slowestSilence));
+    }
+    figure("kB of memory grown over all rounds", growth);
+    figure("ms for which the main thread is held",
+           1000.0 * inSeconds(client.mainQueue.longestJob()));
   }
 
   long memoryWithoutRecordings() {
@@ -61,10 +71,17 @@ class Faults : public OutputTest {
     return memoryOfThisProcess();
   }
 
+  using Clock = std::chrono::steady_clock;
+  static double inSeconds(Clock::duration duration) {
+    return std::chrono::duration<double>(duration).count();
+  }
+
   /// The sound of `room` is back within two seconds.
   void expectSound(std::uint32_t room) {
+    const auto begun = Clock::now();
     ASSERT_TRUE(client.hear(room, 2, 2s))
         << "room " << room << " is not heard: " << lastFault(room);
+    slowestSound = std::max(slowestSound, Clock::now() - begun);
   }
 
   std::string lastFault(std::uint32_t room) {
@@ -78,6 +95,7 @@ class Faults : public OutputTest {
 
   /// A note that has gone is not taken for a sounding one for longer than a second.
   void expectSilence() {
+    const auto begun = Clock::now();
     client.recording.clear();
     ASSERT_TRUE(client.pumpUntil(
         [this] {
@@ -86,6 +104,7 @@ class Faults : public OutputTest {
         },
         1s))
         << "there is no silence";
+    slowestSilence = std::max(slowestSilence, Clock::now() - begun);
   }
 
   void expectNothingIsJoined() {
@@ -127,6 +146,9 @@ class Faults : public OutputTest {
     const std::size_t begin = list.rfind('\n', end) + 1;
     return list.substr(begin, end - begin);
   }
+
+  Clock::duration slowestSound{0};
+  Clock::duration slowestSilence{0};
 
   /// PipeWire's graph has one rate for all.
   const AudioFormat mono{GetParam() == support::AudioServer::Kind::pulseAudio ? 44100.0 : 48000.0,

@@ -29,8 +29,12 @@ class PipeWireRoom(Room):
         self._start_server("pipewire-pulse")
         self._wait_for_answer("pactl", "info")
         self.control("load-module", "module-null-sink", f"sink_name={SPEAKER}")
-        self.control("load-module", "module-null-sink", f"sink_name={MICROPHONE}",
-                     "media.class=Audio/Source/Virtual", "channel_map=front-left,front-right")
+        self.plug_in()
+
+    def plug_in(self) -> None:
+        self._microphone_module = self.control(
+            "load-module", "module-null-sink", f"sink_name={MICROPHONE}",
+            "media.class=Audio/Source/Virtual", "channel_map=front-left,front-right").strip()
         for side in ("FL", "FR"):
             self._wait_for_answer("pw-link", f"{SPEAKER}:monitor_{side}",
                                   f"{MICROPHONE}:input_{side}")

@@ -15,15 +15,18 @@ class PulseAudioRoom(Room):
 
     def open(self) -> None:
         modules = ["module-native-protocol-unix", f"module-null-sink sink_name={SPEAKER}"]
-        if self._microphone:
-            modules.append(
-                f"module-remap-source master={SPEAKER}.monitor source_name={MICROPHONE}")
         self._start_server("pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1",
                            *(part for module in modules for part in ("-L", module)))
         self._wait_for_answer("pactl", "info")
         if self._microphone:
-            self.control("set-default-source", MICROPHONE)
-            self._keep_awake()
+            self.plug_in()
+
+    def plug_in(self) -> None:
+        self._microphone_module = self.control(
+            "load-module", "module-remap-source", f"master={SPEAKER}.monitor",
+            f"source_name={MICROPHONE}").strip()
+        self.control("set-default-source", MICROPHONE)
+        self._keep_awake()
 
     def _keep_awake(self) -> None:
         """A sink without hardware works in blocks of two seconds while nobody needs it sooner, and

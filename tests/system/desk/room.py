@@ -21,6 +21,7 @@ class Room:
         self._desktop = desktop
         self.environment = {**os.environ, "XDG_RUNTIME_DIR": str(desktop.folder("sound"))}
         self._servers: list[subprocess.Popen] = []
+        self._microphone_module = ""
 
     def __enter__(self) -> "Room":
         try:
@@ -40,6 +41,19 @@ class Room:
     def close(self) -> None:
         while self._servers:
             self._desktop.processes.end(self._servers.pop())
+
+    def crash(self) -> None:
+        """Ends the server without a goodbye to anybody; `open` has a new one."""
+        for server in self._servers:
+            server.kill()
+        self.close()
+
+    def plug_in(self) -> None:
+        """Gives the room its microphone."""
+        raise NotImplementedError
+
+    def unplug(self) -> None:
+        self.control("unload-module", self._microphone_module)
 
     def start_playing(self, wav: pathlib.Path) -> subprocess.Popen:
         """The process that ends by itself when the last of the sound has been heard."""

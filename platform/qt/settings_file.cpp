@@ -1,0 +1,86 @@
+#include "platform/qt/settings_file.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+
+namespace corvane {
+namespace {
+
+/// Many times what the settings need; whatever is larger is something else.
+constexpr qint64 largestFile = 64 * 1024;
+
+/// Held until it is destroyed or the program ends, in whatever way: a file that says who holds it
+/// may be left behind half written. Where the system cannot lock a folder, as over some networks,
+/// nobody holds it.
+class FolderLock {
+ public:
+  explicit FolderLock(const QString& folder)
+      : descriptor(open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)),
+        othersHoldIt(descriptor >= 0 && flock(descriptor, LOCK_EX | LOCK_NB) != 0 &&
+                     errno == EWOULDBLOCK) {}
+  ~FolderLock() {
+    if (descriptor >= 0) close(descriptor);
+  }
+  FolderLock(const FolderLock&) = delete;
+  FolderLock& operator=(const FolderLock&) = delete;
+
+  bool isTaken() const { return othersHoldIt; }
+
+ private:
+  const int descriptor;
+  const bool othersHoldIt;
+};
+
+}  // namespace
+
+std::optional<SettingsText::Values> SettingsFile::read() const {
+  const QFileInfo info(path);
+  if (!info.exists()) return SettingsText::Values();
+  // To open a pipe would wait for somebody to write to it.
+  if (!info.isFile()) return std::nullopt;
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
+  const QByteArray text = file.read(largestFile);
+  if (file.error() != QFile::NoError) return std::nullopt;
+  return SettingsText::parse(text);
+}
+
+SettingsFile::Outcome SettingsFile::change(const SettingsText::Values& changes) const {
+  const QString folder = QFileInfo(path).path();
+  QDir().mkpath(folder);
+  const FolderLock lock(folder);
+  if (lock.isTaken()) return Outcome::busy;
+  auto values = read();
+  if (!values) return Outcome::failed;
+  for (const auto& [key, value] : changes) (*values)[key] = value;
+  return replace(SettingsText::format(*values)) ? Outcome::done : Outcome::failed;
+}
+
+/// By way of a second file, always of the same name: if a program that is killed leaves it behind,
+/// the next one takes it.
+bool SettingsFile::replace(const QByteArray& text) const {
+  const QFileInfo old(path);
+  if (old.exists() && !old.isWritable()) return false;
+  const QString target = old.exists() ? old.canonicalFilePath() : path;
+  QFile next(target + QStringLiteral(".new"));
+  if (!next.open(QIODevice::WriteOnly | QIODevice::Truncate)) return false;
+  if (old.exists()) next.setPermissions(old.permissions());
+  std::error_code error;
+  if (next.write(text) == text.size() && next.flush() && fsync(next.handle()) == 0) {
+    std::filesystem::rename(next.filesystemFileName(), QFile(target).filesystemFileName(), error);
+    if (!error) return true;
+  }
+  // Not by the file object, which would first write what there is no room for.
+  std::filesystem::remove(next.filesystemFileName(), error);
+  return false;
+}
+
+}  // namespace corvane

@@ -1,0 +1,311 @@
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sched.h>
+#include <signal.h>
+#include <sys/file.h>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <array>
+#include <cerrno>
+#include <cstring>
+
+#include "platform/qt/qt_preferences.h"
+#include "tests/support/figure.h"
+
+namespace corvane {
+namespace {
+
+using testing::Optional;
+
+const QByteArray saved = "[General]\ntuner.a4=415\ntuner.instrument=bass\n";
+
+class PreferencesFaults : public testing::Test {
+ protected:
+  PreferencesFaults() { QDir(folder.path()).mkdir("corvane"); }
+
+  void write(const QByteArray& content) const {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+  }
+  QByteArray read() const {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+  QStringList files() const { return QDir(folder.filePath("corvane")).entryList(QDir::Files); }
+
+  void expectSavedChoices() const {
+    const QtPreferences preferences(path);
+    EXPECT_THAT(preferences.number("tuner.a4"), Optional(415.0));
+    EXPECT_THAT(preferences.string("tuner.instrument"), Optional(std::string("bass")));
+  }
+
+  /// A run of the program that chooses something, which it keeps whether or not it can save it.
+  void choose(double a4) const {
+    QtPreferences preferences(path);
+    preferences.setNumber("tuner.a4", a4);
+    QCoreApplication::processEvents();
+    EXPECT_THAT(preferences.number("tuner.a4"), Optional(a4));
+  }
+
+  int argc = 0;
+  QCoreApplication app{argc, nullptr};
+  QTemporaryDir folder;
+  QString path = folder.filePath("corvane/corvane.conf");
+};
+
+/// Runs `body` as another program, whose failures are those of the test.
+template <class Body>
+pid_t startProgram(Body body) {
+  const pid_t program = fork();
+  if (program == 0) {
+    body();
+    std::cout.flush();
+    _exit(testing::Test::HasFailure() ? 1 : 0);
+  }
+  return program;
+}
+
+void expectGoodEnd(pid_t program) {
+  int status = 0;
+  ASSERT_EQ(waitpid(program, &status, 0), program);
+  EXPECT_EQ(status, 0);
+}
+
+TEST_F(PreferencesFaults, AnEmptyFileHoldsNothingAndTakesTheNextChoice) {
+  write("");
+  EXPECT_EQ(QtPreferences(path).number("tuner.a4"), std::nullopt);
+  choose(415.0);
+  EXPECT_THAT(QtPreferences(path).number("tuner.a4"), Optional(415.0));
+}
+
+TEST_F(PreferencesFaults, WhatIsStillWholeInADamagedFileIsKept) {
+  write(QByteArray("\x00\xff[[[\n=\n", 8) + saved + "tuner.left=\x01\ntuner.tun");
+  expectSavedChoices();
+  { QtPreferences(path).setBoolean("tuner.left", true); }
+  expectSavedChoices();
+  EXPECT_EQ(read(), saved + "tuner.left=true\n");
+}
+
+TEST_F(PreferencesFaults, AFolderInItsPlaceIsLeftAlone) {
+  ASSERT_TRUE(QDir(folder.path()).mkpath("corvane/corvane.conf/inside"));
+  choose(415.0);
+  EXPECT_TRUE(QDir(path + "/inside").exists());
+  EXPECT_EQ(files(), QStringList());
+}
+
+TEST_F(PreferencesFaults, APipeInItsPlaceHoldsNobodyUp) {
+  ASSERT_EQ(mkfifo(path.toLocal8Bit().constData(), 0600), 0);
+  choose(415.0);
+  struct stat status {};
+  ASSERT_EQ(stat(path.toLocal8Bit().constData(), &status), 0);
+  EXPECT_TRUE(S_ISFIFO(status.st_mode));
+}
+
+TEST_F(PreferencesFaults, ALinkInItsPlaceIsFollowed) {
+  const QString real = folder.filePath("real.conf");
+  ASSERT_TRUE(QFile::link(real, path));
+  for (const QByteArray& before : {QByteArray("[General]\n"), QByteArray(saved)}) {
+    QFile file(real);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(before);
+    file.close();
+    choose(432.0);
+    EXPECT_TRUE(QFileInfo(path).isSymLink());
+    EXPECT_THAT(QtPreferences(real).number("tuner.a4"), Optional(432.0));
+  }
+}
+
+/// The superuser may read and write everything, so the program becomes somebody else.
+class OfAnotherUser : public PreferencesFaults {
+ protected:
+  void asAnybody(const std::function<void()>& body) {
+    constexpr uid_t nobody = 65534;
+    if (geteuid() == 0) {
+      for (const QString& file : {folder.path(), folder.filePath("corvane"), path}) {
+        ASSERT_EQ(chown(file.toLocal8Bit().constData(), nobody, nobody), 0) << strerror(errno);
+      }
+    }
+    expectGoodEnd(startProgram([&] {
+      ASSERT_TRUE(geteuid() != 0 || setresuid(nobody, nobody, nobody) == 0) << strerror(errno);
+      body();
+    }));
+  }
+  void permit(const QString& file, mode_t mode) const {
+    ASSERT_EQ(chmod(file.toLocal8Bit().constData(), mode), 0) << strerror(errno);
+  }
+};
+
+TEST_F(OfAnotherUser, AnUnreadableFileIsNotReplacedByWhatTheProgramFallsBackTo) {
+  write(saved);
+  permit(path, 0200);
+  asAnybody([this] {
+    EXPECT_EQ(QtPreferences(path).number("tuner.a4"), std::nullopt);
+    choose(432.0);
+  });
+  permit(path, 0600);
+  EXPECT_EQ(read(), saved);
+  expectSavedChoices();
+}
+
+TEST_F(OfAnotherUser, AReadOnlyFileIsReadAndLeftAsItIs) {
+  write(saved);
+  permit(path, 0400);
+  asAnybody([this] {
+    expectSavedChoices();
+    choose(432.0);
+  });
+  EXPECT_EQ(read(), saved);
+}
+
+TEST_F(OfAnotherUser, AFileInAReadOnlyFolderIsReadAndLeftAsItIs) {
+  write(saved);
+  asAnybody([this] {
+    permit(folder.filePath("corvane"), 0500);
+    expectSavedChoices();
+    choose(432.0);
+    permit(folder.filePath("corvane"), 0700);
+  });
+  EXPECT_EQ(read(), saved);
+  EXPECT_EQ(files(), QStringList("corvane.conf"));
+}
+
+/// Puts a disk of four blocks, `full` of which are taken by nothing of ours, at `folder`, visible
+/// to this program only.
+bool mountSmallDisk(const QString& folder) {
+  if (unshare(CLONE_NEWNS) != 0 && unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) return false;
+  return mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+         mount("small", folder.toLocal8Bit().constData(), "tmpfs", 0, "size=16k") == 0;
+}
+
+TEST_F(PreferencesFaults, AFullDiskCostsNothingThatWasSaved) {
+  constexpr int notPermitted = 77;
+  const pid_t program = startProgram([this] {
+    const QString disk = folder.filePath("corvane");
+    if (!mountSmallDisk(disk)) _exit(notPermitted);
+    write(saved);
+    QFile ballast(disk + "/ballast");
+    ASSERT_TRUE(ballast.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+    while (ballast.write(QByteArray(4096, 'x')) > 0) continue;
+    {
+      QtPreferences preferences(path);
+      preferences.setNumber("tuner.a4", 432.0);
+      QCoreApplication::processEvents();
+      EXPECT_EQ(read(), saved);
+      EXPECT_EQ(files(), QStringList({"ballast", "corvane.conf"}));
+      ballast.remove();
+    }
+    EXPECT_THAT(QtPreferences(path).number("tuner.a4"), Optional(432.0));
+    EXPECT_THAT(QtPreferences(path).string("tuner.instrument"), Optional(std::string("bass")));
+  });
+  int status = 0;
+  ASSERT_EQ(waitpid(program, &status, 0), program);
+  if (WIFEXITED(status) && WEXITSTATUS(status) == notPermitted) {
+    GTEST_SKIP() << "this machine does not let a test mount a disk of its own";
+  }
+  EXPECT_EQ(status, 0);
+}
+
+TEST_F(PreferencesFaults, OfTwoProgramsThatWriteAtOnceEachKeepsItsChoices) {
+  write(saved);
+  constexpr int rounds = 100;
+  const auto writer = [this](const char* key) {
+    return startProgram([this, key] {
+      for (int i = 1; i <= rounds; ++i) QtPreferences(path).setNumber(key, i);
+    });
+  };
+  const std::array<pid_t, 2> writers{writer("one"), writer("other")};
+  int reads = 0;
+  for (const pid_t program : writers) {
+    int status = 0;
+    do {
+      const QByteArray content = read();
+      ASSERT_TRUE(content.startsWith("[General]\n")) << content.constData();
+      ASSERT_TRUE(content.endsWith(saved.sliced(10))) << content.constData();
+      ++reads;
+    } while (waitpid(program, &status, WNOHANG) == 0);
+    EXPECT_EQ(status, 0);
+  }
+  EXPECT_GT(reads, 2);
+  EXPECT_EQ(read(), "[General]\none=100\nother=100\n" + saved.sliced(10));
+  EXPECT_EQ(files(), QStringList("corvane.conf"));
+}
+
+TEST_F(PreferencesFaults, WhatThisProgramHasNotChangedItDoesNotOverwrite) {
+  QtPreferences here(path);
+  here.setString("tuner.instrument", "guitar");
+  here.setNumber("tuner.a4", 440.0);
+  QCoreApplication::processEvents();
+  { QtPreferences(path).setString("tuner.instrument", "bass"); }
+  here.setString("tuner.instrument", "guitar");
+  here.setNumber("tuner.a4", 415.0);
+  QCoreApplication::processEvents();
+  expectSavedChoices();
+}
+
+TEST_F(PreferencesFaults, WhileAnotherProgramHoldsTheFileNobodyWaitsAndNothingIsLost) {
+  const int theirs = open(folder.filePath("corvane").toLocal8Bit().constData(), O_RDONLY);
+  ASSERT_EQ(flock(theirs, LOCK_EX), 0);
+  QtPreferences preferences(path);
+  QElapsedTimer sinceSet;
+  sinceSet.start();
+  preferences.setNumber("tuner.a4", 415.0);
+  QCoreApplication::processEvents();
+  EXPECT_LT(sinceSet.elapsed(), 100);
+  EXPECT_EQ(read(), "");
+  close(theirs);
+  while (read().isEmpty() && sinceSet.elapsed() < 5000) {
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+  }
+  EXPECT_EQ(read(), "[General]\ntuner.a4=415\n");
+}
+
+/// A program that counts as fast as it can save, and tells each number once it is saved.
+pid_t startCounter(const QString& path, int from, std::array<int, 2>& told) {
+  if (pipe(told.data()) != 0) return -1;
+  const pid_t program = startProgram([&] {
+    close(told[0]);
+    for (int i = from;; ++i) {
+      { QtPreferences(path).setNumber("count", i); }
+      if (::write(told[1], &i, sizeof i) != sizeof i) return;
+    }
+  });
+  close(told[1]);
+  return program;
+}
+
+TEST_F(PreferencesFaults, AProgramThatIsKilledWhileItWritesLosesNothingThatItHasSaved) {
+  write(saved);
+  constexpr int rounds = 100;
+  int counted = 0;
+  for (int round = 0; round < rounds; ++round) {
+    std::array<int, 2> told{};
+    const pid_t counter = startCounter(path, counted + 1, told);
+    ASSERT_EQ(::read(told[0], &counted, sizeof counted), static_cast<ssize_t>(sizeof counted));
+    // Somewhere within the next save, each time at another place.
+    usleep(static_cast<useconds_t>(37 * round % 1000));
+    kill(counter, SIGKILL);
+    waitpid(counter, nullptr, 0);
+    while (::read(told[0], &counted, sizeof counted) > 0) continue;
+    close(told[0]);
+    ASSERT_NO_FATAL_FAILURE(expectSavedChoices());
+    const auto kept = QtPreferences(path).number("count");
+    ASSERT_THAT(kept, Optional(testing::AllOf(testing::Ge(counted), testing::Le(counted + 1))));
+    counted = static_cast<int>(*kept);
+  }
+  choose(415.5);
+  EXPECT_EQ(files(), QStringList("corvane.conf"));
+  figure("times killed while saving", rounds);
+}
+
+}  // namespace
+}  // namespace corvane

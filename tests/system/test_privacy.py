@@ -1,0 +1,136 @@
+"""What the program reaches, writes and starts, from what the system saw of it."""
+
+import os
+import pathlib
+import re
+import time
+from typing import ClassVar
+
+from desk import system_test
+from desk.controls import LEFT_HANDED, Controls
+from desk.instruments import STEEL_GUITAR, Note
+from desk.pulse_audio import PulseAudioRoom
+from desk.screen import ANSWER_SECONDS, Screen
+from desk.settings import settings_file
+from desk.trace import Trace
+from desk.tuner import Tuner
+from desk.waiting import wait_until
+
+GUITAR_A = Note(STEEL_GUITAR, 45)
+POLICY = "Privacy Policy"
+
+# What a program could be led to load from where its user works, were it careless.
+DECOYS = ("qt.conf", "Corvane/qmldir", "Corvane/Main.qml", "QtQuick/qmldir", "QtQml/qmldir",
+          "QtQuick/libqtquick2plugin.so", "QtQml/libqmlplugin.so", "Main.qml", "qmldir",
+          "platforms/libqxcb.so", "plugins/platforms/libqxcb.so", "imageformats/libqsvg.so",
+          "platformthemes/libqgtk3.so", "styles/libstyle.so", "libQt6Core.so.6", "libpulse.so.0",
+          "platforminputcontexts/libibusplatforminputcontextplugin.so", "qml/QtQuick/qmldir")
+CODE = re.compile(r"\.(qml|qmlc|js|jsc|mjs|so(\.\d+)*)$|/(qmldir|qt\.conf)$")
+
+# A browser, as far as the program can tell, which starts nothing itself.
+BROWSER = """#!/bin/sh
+echo "$@" > {note}
+"""
+
+
+class Privacy(system_test.SystemTest):
+    trace: ClassVar[Trace]
+
+    @classmethod
+    def setUpClass(cls) -> None:
+        """One session through everything that a player does, then the privacy page."""
+        cls.home = cls.desktop.folder("home")
+        cls.place = cls.desktop.folder("place")
+        for folder in (cls.home, cls.place, cls.home / ".local/lib/qt6", cls.home / ".config"):
+            lay_decoys(folder)
+        cls.programs = cls.desktop.folder("programs")
+        cls.browser = cls.programs / "xdg-open"
+        cls.browser.write_text(BROWSER.format(note=cls.programs / "note"))
+        cls.browser.chmod(0o755)
+        cls.program = pathlib.Path(os.environ["CORVANE_PROGRAM"])
+        cls.trace = Trace(cls.desktop.folder("trace"), cls.program, cls.place)
+        with PulseAudioRoom(cls.desktop) as room:
+            cls.sound = room.environment["XDG_RUNTIME_DIR"]
+            environment = {**room.environment, "HOME": str(cls.home),
+                           "PATH": f"{cls.programs}:{os.environ['PATH']}"}
+            with Tuner(cls.desktop, cls.trace.command, cls.home / ".config", environment) as tuner:
+                tuner.wait_until_listening(room)
+                cls.play(tuner, room)
+                cls.status = tuner.quit()
+        cls.trace.wait_until_complete()
+
+    @classmethod
+    def play(cls, tuner: Tuner, room: PulseAudioRoom) -> None:
+        room.start_playing(cls.band.wav(GUITAR_A))
+        tuner.window.wait_for(lambda shown: shown.get("Note") == "A" and "Heard note" in shown)
+        tuner.window.click("Play reference")
+        tuner.window.wait_for(lambda shown: shown.get("Status") == "Playing reference")
+        screen = Screen(tuner.process.pid)
+        screen.press(name=LEFT_HANDED)
+        screen.press(name="415 Hz")
+        screen.press(name="Bass")
+        Controls(screen, cls.home / ".config").wait_until_saved(left="true", a4="415",
+                                                                instrument="bass")
+        cls.page_wanted = time.time()
+        screen.press(name=POLICY)
+        wait_until((cls.programs / "note").exists, ANSWER_SECONDS, lambda: "nothing is opened")
+
+    def test_the_session_goes_as_it_should(self) -> None:
+        self.assertEqual(self.status, 0)
+        print(f"figure: calls looked at = {len(self.trace.calls())}")
+
+    def test_it_talks_to_the_display_the_audio_server_and_the_session_bus_alone(self) -> None:
+        display = f"/tmp/.X11-unix/X{os.environ['DISPLAY'].removeprefix(':')}"
+        session_bus = re.search(r"unix:path=([^,]+)", os.environ["DBUS_SESSION_BUS_ADDRESS"])[1]
+        needed = {f"{self.sound}/pulse/native", session_bus}
+        seen = {accessibility_bus(path) for path in self.trace.connections()}
+        self.assertLessEqual(needed, seen)
+        self.assertTrue({display, f"@{display}"} & seen, seen)
+        self.assertLessEqual(seen, needed | {display, f"@{display}", "the accessibility bus"})
+
+    def test_it_writes_its_preferences_alone(self) -> None:
+        preferences = settings_file(self.home / ".config")
+        ours = {str(preferences.parent), str(preferences), f"{preferences}.new"}
+        theirs = {
+            # The audio library's, by which a server knows its user.
+            str(self.home / ".config/pulse"), str(self.home / ".config/pulse/cookie"),
+        }
+        # The font library's list of fonts, where the system's own is out of date.
+        fonts = str(self.home / ".cache/fontconfig")
+        written = {name: how for name, how in self.trace.written().items()
+                   if not name.startswith(fonts)}
+        self.assertIn(str(preferences), written)
+        self.assertEqual({name: how for name, how in written.items()
+                          if name not in ours | theirs}, {})
+
+    def test_it_starts_no_other_program_until_the_privacy_page_is_wanted(self) -> None:
+        before = [call.texts[0] for call in self.trace.started() if call.time < self.page_wanted]
+        self.assertEqual(before, [str(self.program)])
+
+    def test_the_privacy_page_starts_its_opener_alone(self) -> None:
+        after = [call.texts[0] for call in self.trace.started() if call.time >= self.page_wanted]
+        self.assertEqual(after, [str(self.browser)])
+
+    def test_it_loads_no_code_from_where_it_is_started_or_from_the_users_home(self) -> None:
+        tried = self.trace.tried()
+        self.assertTrue([name for name in tried if CODE.search(name)], "it loads no code at all")
+        relative = {name for name in tried if not name.startswith("/")}
+        theirs = {name for name in tried
+                  if name.startswith((f"{self.home}/", f"{self.place}/"))}
+        self.assertEqual({name for name in relative | theirs if CODE.search(name)}, set())
+        self.assertEqual({name for name in theirs if name.startswith(f"{self.place}/")}, set())
+
+
+def accessibility_bus(path: str) -> str:
+    return "the accessibility bus" if re.search(r"/at-spi/bus(_\d+)?$", path) else path
+
+
+def lay_decoys(folder: pathlib.Path) -> None:
+    for name in DECOYS:
+        decoy = folder / name
+        decoy.parent.mkdir(parents=True, exist_ok=True)
+        decoy.write_text("this is no code, and whoever loads it fails\n")
+
+
+if __name__ == "__main__":
+    system_test.main()

@@ -1,0 +1,84 @@
+"""What the program promises, and what shows it."""
+
+from typing import NamedTuple
+
+
+class Promise(NamedTuple):
+    """Shown either by tests of a preset, whose names are the matches of a pattern, or by a command
+    that takes too long for ./check and prints its own figures."""
+
+    text: str
+    tests: str = ""
+    preset: str = "dev"
+    command: str = ""
+
+    @property
+    def shown_by(self) -> str:
+        return self.command or f"ctest --preset {self.preset} -R '{self.tests}'"
+
+
+def _fault(name: str) -> str:
+    return rf"pulse_test\..*Faults\.{name}/"
+
+
+GROUPS: dict[str, list[Promise]] = {
+    "It goes on listening": [
+        Promise("The audio server is killed and comes back: the sound is back within 2 s, on "
+                "PulseAudio and on PipeWire, and nothing is leaked",
+                _fault("TheServerIsKilledAndComesBack")),
+        Promise("The audio server hangs, shortly or until we give it up",
+                _fault("TheServerHangs.*")),
+        Promise("The audio server starts only after the program",
+                r"pulse_test\..*Absence\.AServerThatStartsLater.*"),
+        Promise("The input is unplugged and another one is plugged in",
+                _fault("TheOnlyMicrophoneIsUnplugged.*")),
+        Promise("The default input changes, also to another rate and channel count",
+                _fault("TheDefaultChanges.*")),
+        Promise("The user moves the recording in the mixer",
+                _fault("TheUserMovesTheRecording.*")),
+        Promise("The input is muted or suspended", _fault("TheMicrophoneIs(Muted|Suspended)")),
+        Promise("The recording merely ends", _fault("TheServerEndsTheRecording")),
+        Promise("No buffer joins two devices or two moments",
+                r"pulse_test\..*(Faults|Restart\.SoundFromBefore|Mixer\.Another).*"),
+        Promise("The program itself, on the screen: no stale note, the message and its button while "
+                "there is no input, and the right note after the return, on either server",
+                r"system\.faults"),
+        Promise("Whatever call of the audio library fails, once or for good, ends in listening or "
+                "in one of the four messages, and leaks nothing",
+                r"pulse_failing_calls_test\..*"),
+        Promise("An hour of a guitar: nothing grows, and every string is shown",
+                command="bench/hour"),
+        Promise("24 hours of audio through pipeline and engine: memory flat, and the last hour's "
+                "results those of the first to the bit", command="bench/soak"),
+    ],
+    "It loses nothing": [
+        Promise("The preferences file is corrupt, empty, a folder, a pipe, unreadable or read-only: "
+                "the program starts with valid values and loses none that was saved",
+                r"preferences_faults_test\.(PreferencesFaults\.(AnEmpty|WhatIsStill|AFolder|APipe|"
+                r"ALink)|OfAnotherUser).*"),
+        Promise("The disk is full", r"preferences_faults_test\..*AFullDisk.*"),
+        Promise("Two programs save at once",
+                r"(preferences_faults_test\..*(OfTwoPrograms|WhatThisProgram|WhileAnother).*|"
+                r"system\.shell)"),
+        Promise("The program is killed while it saves",
+                r"preferences_faults_test\..*IsKilledWhileItWrites.*"),
+        Promise("The whole program starts with whatever stands in the file", r"system\.settings"),
+        Promise("Any input to the detector, the pipeline, the engine, the preferences and the "
+                "replay tool", command="fuzz/run"),
+    ],
+    "It keeps nothing": [
+        Promise("It talks to the display, the audio server and D-Bus alone, writes its preferences "
+                "alone, starts no program but the privacy page's opener, and loads no code from "
+                "the working directory or the user's home", r"system\.privacy"),
+        Promise("It is built with every protection that the compiler offers", r"policy\.hardening"),
+    ],
+    "It does what C++ defines": [
+        Promise("Every plain C++ test under AddressSanitizer and UndefinedBehaviorSanitizer",
+                r".*", preset="asan"),
+        Promise("Every plain C++ test under ThreadSanitizer", r".*", preset="tsan"),
+        Promise("The whole program under AddressSanitizer, its search for leaks, and "
+                "UndefinedBehaviorSanitizer", command="tests/system/sanitized"),
+    ],
+}
+
+PROMISES = [promise for group in GROUPS.values() for promise in group]
