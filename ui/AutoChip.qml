@@ -11,6 +11,7 @@ Chip {
 
     Accessible.role: Accessible.Button
     Accessible.name: label.text
+    Accessible.description: inWords(selected ? "on" : "")
 
     Label {
         id: label

@@ -9,8 +9,14 @@ PlainButton {
     required property bool selected
     required property color fill
 
+    // For assistive technology, while any listens.
+    function inWords(...states): string {
+        return row?.tuner.spoken.active ? states.filter(state => state !== "").join(", ") : "";
+    }
+
     width: row?.itemWidth ?? 0
     height: width
+    reach: (row?.spacing ?? 0) / 2
 
     Accessible.checkable: true
     Accessible.checked: selected

@@ -16,6 +16,7 @@
 #include "platform/qt/qt_url_opener.h"
 #include "ui/first_size.h"
 #include "ui/listening_switch.h"
+#include "ui/text_zoom.h"
 #include "ui/tuner_model.h"
 
 namespace {
@@ -24,7 +25,7 @@ using namespace corvane;
 
 /// Shows `tuner` in a window; null when the screen cannot be built.
 QQuickWindow* showWindow(QQmlApplicationEngine& qml, TunerModel& tuner) {
-  qml.setInitialProperties({{"tuner", QVariant::fromValue(&tuner)}});
+  qml.setInitialProperties({{"tuner", QVariant::fromValue(&tuner)}, {"textZoom", textZoom()}});
   qml.load(QUrl("qrc:/qt/qml/Corvane/Main.qml"));
   const QObjectList roots = qml.rootObjects();
   return roots.isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(roots.front());

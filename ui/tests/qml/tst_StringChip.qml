@@ -18,6 +18,7 @@ ScreenTest {
                 label: "G"
                 octave: 3
                 selected: test.tuner.locked
+                hearing: false
                 fill: TunerTheme.card
             }
         }
