@@ -18,8 +18,11 @@ PlainButton {
     height: width
     reach: (row?.spacing ?? 0) / 2
 
+    // Of a push button no screen reader says whether it is checked.
+    Accessible.role: Accessible.RadioButton
     Accessible.checkable: true
     Accessible.checked: selected
+    Accessible.onToggleAction: press()
 
     ContinuousRectangle {
         anchors.fill: parent

@@ -12,7 +12,6 @@ Chip {
 
     onClicked: row.tuner.toggleLock(stringIndex)
 
-    Accessible.role: Accessible.Button
     Accessible.name: label + octave
     Accessible.description: inWords(selected ? "locked" : "", hearing ? "being heard" : "")
 

@@ -4,6 +4,7 @@ import os
 import pathlib
 
 from desk import system_test
+from desk.browser import Browser
 from desk.controls import LEFT_HANDED, Controls
 from desk.pull_down import PullDown
 from desk.screen import ANSWER_SECONDS, Screen
@@ -13,12 +14,6 @@ from desk.tuner import Tuner
 from desk.waiting import wait_until
 
 POLICY = "Privacy Policy"
-
-# The desktop's own way to open an address, as far as the program can tell.
-BROWSER = """#!/bin/sh
-echo "$@" >> {note}
-"""
-
 
 class ShellTest(system_test.SystemTest):
     def open(self, config_home: pathlib.Path, **variables: str) -> tuple[Tuner, Screen]:
@@ -62,31 +57,23 @@ class ThePrivacyPolicy(ShellTest):
             self.assertEqual(opened.sections(), [])
 
     def test_is_opened_from_the_help_menu(self) -> None:
-        note, screen = self.open_with_browser()
+        browser, screen = self.open_with_browser()
         with PullDown(screen, screen.find(name="Help")) as opened:
             opened.choose(POLICY, [POLICY])
-        self.assert_is_opened(note)
+        self.assert_is_opened(browser)
 
     def test_is_opened_from_the_footer(self) -> None:
-        note, screen = self.open_with_browser()
+        browser, screen = self.open_with_browser()
         screen.press(name=POLICY)
-        self.assert_is_opened(note)
+        self.assert_is_opened(browser)
 
-    def open_with_browser(self) -> tuple[pathlib.Path, Screen]:
-        """The file in which a browser notes what it is to open, and the window."""
-        programs = self.desktop.folder("programs")
-        note = programs / "opened"
-        browser = programs / "xdg-open"
-        browser.write_text(BROWSER.format(note=note))
-        browser.chmod(0o755)
-        _, screen = self.open(self.desktop.folder("config"),
-                              PATH=f"{programs}:{os.environ['PATH']}")
-        return note, screen
+    def open_with_browser(self) -> tuple[Browser, Screen]:
+        browser = Browser(self.desktop)
+        _, screen = self.open(self.desktop.folder("config"), **browser.environment)
+        return browser, screen
 
-    def assert_is_opened(self, note: pathlib.Path) -> None:
-        wait_until(lambda: note.exists() and note.read_text().endswith("\n"), ANSWER_SECONDS,
-                   lambda: "nothing is opened")
-        address = note.read_text().removesuffix("\n")
+    def assert_is_opened(self, browser: Browser) -> None:
+        address, = browser.wait_for_addresses(1)
         self.assertEqual(address, os.environ["CORVANE_PRIVACY_URL"])
         page = pathlib.Path(address.removeprefix("file://")).read_text(encoding="utf-8")
         self.assertIn("What Corvane does with sound", page)

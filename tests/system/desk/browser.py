@@ -1,0 +1,34 @@
+"""A browser that only notes what it is to open."""
+
+import os
+import pathlib
+
+from .desktop import PrivateDesktop
+from .screen import ANSWER_SECONDS
+from .waiting import wait_until
+
+# The desktop's own way to open an address, as far as a program can tell.
+SCRIPT = """#!/bin/sh
+echo "$@" >> {note}
+"""
+
+
+class Browser:
+    """`environment` is that of the programs that are to use it."""
+
+    def __init__(self, desktop: PrivateDesktop):
+        programs = desktop.folder("programs")
+        self._note = programs / "opened"
+        browser = programs / "xdg-open"
+        browser.write_text(SCRIPT.format(note=self._note))
+        browser.chmod(0o755)
+        self.environment = {"PATH": f"{programs}:{os.environ['PATH']}"}
+
+    def wait_for_addresses(self, count: int) -> list[str]:
+        """All that it was to open, once there are so many."""
+        wait_until(lambda: self._text().count("\n") >= count, ANSWER_SECONDS,
+                   lambda: f"opened is {self._text()}")
+        return self._text().splitlines()
+
+    def _text(self) -> str:
+        return self._note.read_text() if self._note.exists() else ""
