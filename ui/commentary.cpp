@@ -10,8 +10,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// The pluck of a string is read as anything for up to two blocks of a twelfth of a second each.
-constexpr auto afterPluck = 300ms;
+// The pluck of a string is read as anything for up to two blocks of a twelfth of a second each, and
+// three of the five readings that are smoothed must be of the new note.
+constexpr auto afterPluck = 400ms;
 // A string that swings through the edge of "in tune" is neither in nor out of it.
 constexpr auto intoTune = 500ms;
 constexpr auto outOfTune = 1000ms;
@@ -29,14 +30,12 @@ constexpr double shareOfWay = 0.25;
 
 Commentary::Answer Commentary::look(const Situation& now, Time time) {
   const Topic topic = topicOf(now);
-  if (topic != current) {
-    current = topic;
-    currentSince = time;
-  }
-  const bool turning = topic.kind == Kind::flat || topic.kind == Kind::sharp;
-  if (topic == said && !(turning && hasMoved(now.cents))) return {};
-  if (topic.kind == Kind::nothing) return {};
-  const Time settled = topic == said ? time : currentSince + settling(topic.kind);
+  const bool isNews = topic.kind != Kind::nothing && (topic != said || hasMoved(now));
+  if (topic != current || isNews != wasNews) newsSince = time;
+  current = topic;
+  wasNews = isNews;
+  if (!isNews) return {};
+  const Time settled = newsSince + settling(topic.kind);
   const Time due = saidAt ? std::max(settled, *saidAt + pace) : settled;
   if (time >= due) return say(now, time);
   return {{}, due - time};
@@ -57,11 +56,15 @@ Commentary::Time Commentary::settling(Kind next) const {
   return said.kind == Kind::inTune ? outOfTune : afterPluck;
 }
 
-bool Commentary::hasMoved(double cents) const {
-  return std::abs(cents - saidCents) >= std::max(leastMove, std::abs(saidCents) * shareOfWay);
+/// Within one topic.
+bool Commentary::hasMoved(const Situation& now) const {
+  if (said.kind != Kind::flat && said.kind != Kind::sharp) return false;
+  const double enough = std::max(leastMove, std::abs(saidCents) * shareOfWay);
+  return std::abs(now.cents - saidCents) >= enough;
 }
 
 Commentary::Answer Commentary::say(const Situation& now, Time time) {
+  wasNews = false;
   said = current;
   saidCents = now.cents;
   saidAt = time;

@@ -44,14 +44,15 @@ class Commentary {
 
   static Topic topicOf(const Situation& now);
   Time settling(Kind next) const;
-  bool hasMoved(double cents) const;
+  bool hasMoved(const Situation& now) const;
   Answer say(const Situation& now, Time time);
 
   Topic said;
   double saidCents = 0.0;
   std::optional<Time> saidAt;
   Topic current;
-  Time currentSince{};
+  bool wasNews = false;
+  Time newsSince{};
 };
 
 }  // namespace corvane

@@ -1,7 +1,10 @@
 // contact_sheet sheet FILE: draws the screen in all its states into one picture.
+// contact_sheet scales FILE FOLDER: puts the pictures that FOLDER has for each scale factor, a
+// folder each, into one picture.
 // contact_sheet update FOLDER: writes a picture of each state.
 // contact_sheet compare FOLDER SEEN: fails where a state looks different from its picture in
 // FOLDER, or has none; writes what it saw to SEEN.
+// With QT_SCALE_FACTOR set, the last two do so for the few states that are drawn for each factor.
 
 #include <QDir>
 #include <QFont>
@@ -15,12 +18,17 @@ namespace {
 
 using namespace corvane::sheet;
 
+std::vector<Scene> scenesHere() {
+  return qApp->devicePixelRatio() > 1.0 ? scenesOfEveryScale() : scenes();
+}
+
 QString fileIn(const QString& folder, const Scene& scene) {
   return folder + "/" + scene.name + ".png";
 }
 
 int update(const QString& folder) {
-  for (const Scene& scene : scenes()) {
+  QDir().mkpath(folder);
+  for (const Scene& scene : scenesHere()) {
     if (!picture(scene).save(fileIn(folder, scene))) return 1;
   }
   return 0;
@@ -45,7 +53,7 @@ bool looksTheSame(const Scene& scene, const QString& golden, const QString& seen
 int compare(const QString& golden, const QString& seen) {
   QDir().mkpath(seen);
   int different = 0;
-  const auto all = scenes();
+  const auto all = scenesHere();
   for (const Scene& scene : all) different += looksTheSame(scene, golden, seen) ? 0 : 1;
   std::printf("%zu screens, %d different\n", all.size(), different);
   return different == 0 ? 0 : 1;
@@ -55,10 +63,16 @@ int run(const QStringList& arguments) {
   if (arguments.size() == 3 && arguments[1] == "sheet") {
     return contactSheet(scenes()).save(arguments[2]) ? 0 : 1;
   }
+  if (arguments.size() == 4 && arguments[1] == "scales") {
+    return scalesSheet(arguments[3]).save(arguments[2]) ? 0 : 1;
+  }
   if (arguments.size() == 3 && arguments[1] == "update") return update(arguments[2]);
   if (arguments.size() == 4 && arguments[1] == "compare")
     return compare(arguments[2], arguments[3]);
-  std::fputs("usage: contact_sheet sheet FILE | update FOLDER | compare FOLDER SEEN\n", stderr);
+  std::fputs(
+      "usage: contact_sheet sheet FILE | scales FILE FOLDER | update FOLDER | compare FOLDER "
+      "SEEN\n",
+      stderr);
   return 2;
 }
 

@@ -24,4 +24,8 @@ struct Scene {
 /// microphone prompt.
 std::vector<Scene> scenes();
 
+/// The few of them that are drawn for every scale factor of the display: the first size, heard, and
+/// the smallest, shrunk to hold the prompt.
+std::vector<Scene> scenesOfEveryScale();
+
 }  // namespace corvane::sheet
