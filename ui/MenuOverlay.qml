@@ -11,7 +11,8 @@ MouseArea {
     required property real listWidth // at least; 0 for that of the control
     required property int alignment
     readonly property rect size: Qt.rect(0, 0, control.width, control.height)
-    readonly property rect place: control.mapToItem(root, size)
+    readonly property rect inWindow: control.mapToItem(parent, size)
+    readonly property rect place: Qt.rect(inWindow.x / zoom, inWindow.y / zoom, inWindow.width / zoom, inWindow.height / zoom)
     readonly property alias list: list
     readonly property real margin: 8 // between the list and the edge of the window
     readonly property real padding: 6

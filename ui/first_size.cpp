@@ -7,7 +7,7 @@
 namespace corvane {
 
 void fitToScreen(QWindow& window) {
-  const QSize room = window.screen()->availableGeometry().size();
+  const QSize room = window.screen()->availableGeometry().size() - QSize(0, titleBarHeight);
   window.resize(window.size().boundedTo(room).expandedTo(window.minimumSize()));
 }
 

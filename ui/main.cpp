@@ -25,7 +25,7 @@ using namespace corvane;
 
 /// Shows `tuner` in a window; null when the screen cannot be built.
 QQuickWindow* showWindow(QQmlApplicationEngine& qml, TunerModel& tuner) {
-  qml.setInitialProperties({{"tuner", QVariant::fromValue(&tuner)}, {"textZoom", textZoom()}});
+  qml.setInitialProperties({{"tuner", QVariant::fromValue(&tuner)}, {"textZoom", takeTextZoom()}});
   qml.load(QUrl("qrc:/qt/qml/Corvane/Main.qml"));
   const QObjectList roots = qml.rootObjects();
   return roots.isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(roots.front());

@@ -22,8 +22,14 @@ double textZoom(const QFont& system, double dotsPerInch) {
   return std::clamp(pixels(system, dotsPerInch) / usualPixels, 1.0, 2.0);
 }
 
-double textZoom() {
-  return textZoom(QGuiApplication::font(), QGuiApplication::primaryScreen()->logicalDotsPerInch());
+double takeTextZoom() {
+  QFont font = QGuiApplication::font();
+  const double zoom = textZoom(font, QGuiApplication::primaryScreen()->logicalDotsPerInch());
+  if (zoom > 1.0) {
+    font.setHintingPreference(QFont::PreferNoHinting);
+    QGuiApplication::setFont(font);
+  }
+  return zoom;
 }
 
 }  // namespace corvane

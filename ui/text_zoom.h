@@ -9,7 +9,9 @@ namespace corvane {
 /// above, up to 2.
 double textZoom(const QFont& system, double dotsPerInch);
 
-/// The same for the font and the first screen of the running application.
-double textZoom();
+/// The same for the font and the first screen of the running application. Where it is more than 1,
+/// the application's texts are not fitted to whole pixels from now on: an enlarged text is cut to
+/// the room that it takes at its own size, which has to be in proportion.
+double takeTextZoom();
 
 }  // namespace corvane

@@ -18,8 +18,8 @@ from desk.wayland import WaylandDisplay
 # A place is told in whole pixels, whose sum may be one off on each side.
 MOST_PIXELS_OFF = 2
 
-# The screen of the desktop has 1440 of the 1776 points that twice the first window would take.
-LEAST_ENLARGED = 2 * 1440 / 1776 - 0.1
+# The screen of the desktop has 1400 of the 1776 points that twice the first window would take.
+LEAST_ENLARGED = 2 * 1400 / 1776 - 0.1
 
 FONTS_BUT_THE_ROUND_ONE = """<?xml version="1.0"?>
 <fontconfig>

@@ -23,6 +23,8 @@ E2_HERTZ = 440 * 2 ** ((40 - 69) / 12)
 # As a guitarist turns the peg between the plucks.
 PLUCKS = (-40, -28, -16, -8, 0, 0, 0)
 PLUCK_SECONDS = 1.8
+WORDS_A_SECOND = 2  # of a meter
+LATEST_SECONDS = 0.3  # by which an event may be late that another one is not
 FLAT = re.compile(r"E2, (\d+) cents flat")
 IN_TUNE = "E2, in tune"
 # The detector is far better, but the words are rounded to whole cents.
@@ -70,6 +72,11 @@ class Spoken(SystemTest):
         self.reader.wait_for(lambda said: IN_TUNE in said)
         self.reader.listen_while(lambda: player.poll() is None)
         self.assertEqual(self.reader.words.count(IN_TUNE), 1)
+        for name in ("Cents: E2", "Fine: E2", "Level"):
+            changes = [said for said in self.reader.changes if said.words.startswith(name)]
+            self.assertTrue(changes, name)
+            for before, after in zip(changes, changes[WORDS_A_SECOND:]):
+                self.assertGreater(after.seconds - before.seconds, 1 - LATEST_SECONDS, name)
 
     def test_the_arrows_in_a_list_are_followed(self) -> None:
         self.screen.focus("Standard")
