@@ -68,7 +68,7 @@ class Spoken(SystemTest):
         self.assert_is_in_the_document("".join(map(line, steps)))
 
     def test_a_note_that_stays_in_tune_is_said_once(self) -> None:
-        player = self.room.start_playing(self.plucked(0, 6))
+        player = self.room.start_playing(self.plucked(0, 4))
         self.reader.wait_for(lambda said: IN_TUNE in said)
         self.reader.listen_while(lambda: player.poll() is None)
         self.assertEqual(self.reader.words.count(IN_TUNE), 1)
