@@ -4,6 +4,7 @@ locales, fewer fonts."""
 import os
 import pathlib
 import subprocess
+import time
 
 import pyatspi
 
@@ -27,6 +28,8 @@ FONTS_BUT_THE_ROUND_ONE = """<?xml version="1.0"?>
   <cachedir>{cache}</cachedir>
 </fontconfig>
 """
+STILL_SECONDS = 0.7  # ten frames of a slow machine
+
 LARGE_FONT = """[General]
 font=DejaVu Sans,{points},-1,5,50,0,0,0,0,0
 """
@@ -171,13 +174,15 @@ class OtherUsers(DisplayTest):
         return {"LOCPATH": str(folder), "LC_ALL": f"{locale}.UTF-8", "LANG": f"{locale}.UTF-8"}
 
     def at_rest(self, screen: Screen) -> bytes:
-        """The picture that no longer changes."""
-        last = b""
+        """The picture that no longer changes: what is told of the screen can be ahead of it."""
+        last, since = b"", time.monotonic()
 
         def is_still() -> bool:
-            nonlocal last
+            nonlocal last, since
             before, last = last, screen.pixels()
-            return last == before
+            if last != before:
+                since = time.monotonic()
+            return time.monotonic() - since > STILL_SECONDS
 
         wait_until(is_still, ANSWER_SECONDS, lambda: "the picture keeps changing")
         return last
