@@ -16,6 +16,7 @@ STEPPER = "Concert pitch in hertz"
 POLICY = "Privacy Policy"
 PLAY = "Play reference"
 ALLOW = "Allow Microphone"
+BACK = "shift+Tab"
 # As they are read: in rows from the top, and from the left in each.
 ORDER = ["Help", "Guitar", "Bass", "Piano", LEFT_HANDED, "Standard", "Auto", *GUITAR[0].chips,
          "440  Modern", STEPPER, *(f"{hertz} Hz" for hertz in QUICK_PITCHES), PLAY, ALLOW, POLICY]
@@ -121,7 +122,7 @@ class EveryChoice(KeyboardTest):
             self.assertEqual(controls.strings(), tuning.chips)
 
     def test_every_string_is_locked_and_released(self) -> None:
-        controls = self.open_without_mouse("guitar", "g8-standard")
+        controls = self.open_without_mouse()
         screen = controls.screen
         screen.focus("Auto")
         for name in controls.strings():
@@ -153,14 +154,14 @@ class EveryPitch(KeyboardTest):
 
     def test_each_quick_one(self) -> None:
         controls = self.open_without_mouse()
-        controls.screen.focus("415 Hz")
+        controls.screen.focus("415 Hz", BACK)
         for key, hertz in zip(("Home", "Right", "Right", "Right"), QUICK_PITCHES):
             controls.screen.keys(key, "space")
             controls.wait_until_saved(a4=str(hertz))
 
     def test_every_other_one_by_the_stepper(self) -> None:
         controls = self.open_without_mouse()
-        controls.screen.focus(STEPPER)
+        controls.screen.focus(STEPPER, BACK)
         for keys, hertz in ((["Up"], 441), (["Down"] * 2, 439), (["Prior"], 449),
                             (["Next"] * 8, 377), (["Down"], 377), (["Up"], 378),
                             (["Prior"] * 20, 560)):
@@ -192,7 +193,7 @@ class EveryAction(KeyboardTest):
 
     def test_the_reference_tone(self) -> None:
         screen = self.open(**self.enter_room().environment)
-        screen.focus(PLAY)
+        screen.focus(PLAY, BACK)
         screen.keys("space")
         screen.find(name="Playing")
         screen.find(name=PLAY)

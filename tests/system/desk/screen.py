@@ -122,11 +122,11 @@ class Screen(Window):
     def keys(self, *names: str) -> None:
         xdotool("key", *names)
 
-    def focus(self, name: str) -> None:
+    def focus(self, name: str, key: str = "Tab") -> None:
         """Goes to an item with the key for it, past every other one at most once."""
         for _ in self.items():
             before = self.focused()
-            self.keys("Tab")
+            self.keys(key)
             wait_until(lambda: self.focused() not in ("", before), ANSWER_SECONDS,
                        lambda: f"the keyboard stays at {before}")
             if self.focused() == name:
