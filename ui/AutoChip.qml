@@ -9,8 +9,8 @@ Chip {
     fill: selected ? Qt.alpha(TunerTheme.gold, 0.22) : TunerTheme.card
     onClicked: row.tuner.releaseLock()
 
-    Accessible.role: Accessible.Button
     Accessible.name: label.text
+    Accessible.description: inWords(selected ? "on" : "")
 
     Label {
         id: label

@@ -9,11 +9,20 @@ PlainButton {
     required property bool selected
     required property color fill
 
+    // For assistive technology, while any listens.
+    function inWords(...states): string {
+        return row?.tuner.spoken.active ? states.filter(state => state !== "").join(", ") : "";
+    }
+
     width: row?.itemWidth ?? 0
     height: width
+    reach: (row?.spacing ?? 0) / 2
 
+    // Of a push button no screen reader says whether it is checked.
+    Accessible.role: Accessible.RadioButton
     Accessible.checkable: true
     Accessible.checked: selected
+    Accessible.onToggleAction: press()
 
     ContinuousRectangle {
         anchors.fill: parent

@@ -11,6 +11,11 @@ Item {
 
     Accessible.role: Accessible.MenuBar
 
+    Shortcut {
+        sequence: "Alt+H"
+        onActivated: menu.open()
+    }
+
     PlainButton {
         id: help
 
@@ -22,6 +27,7 @@ Item {
 
         Accessible.role: Accessible.ButtonMenu
         Accessible.name: title.text
+        Accessible.description: "Alt+H"
 
         ContinuousRectangle {
             anchors.fill: parent

@@ -4,6 +4,9 @@ import Corvane
 // Plain text that a screen reader reads as it stands.
 Text {
     textFormat: Text.PlainText
+    // Said, not guessed: an empty text would ask for the direction of the keyboard, which is none of
+    // ours, and Qt 6.4 crashes where Wayland has no keyboard.
+    horizontalAlignment: Text.AlignLeft
     color: "white"
     font.pixelSize: TypeScale.body
 

@@ -44,7 +44,8 @@ Item {
                 y: 2
                 width: parent.height - 4
                 height: width
-                color: "white"
+                // White would hardly be seen on gold.
+                color: handed.checked ? TunerTheme.bg : "white"
             }
         }
 

@@ -6,6 +6,7 @@ Column {
     id: root
 
     required property real signal // 0 to 1
+    property string words // what it shows, for assistive technology
 
     spacing: 4
 
@@ -23,7 +24,7 @@ Column {
 
         Accessible.role: Accessible.ProgressBar
         Accessible.name: "Level"
-        Accessible.description: Math.round(root.signal * 100) + " %"
+        Accessible.description: root.words
 
         Capsule {
             // A change too small for any pixel to show is none: a level that has died away goes on

@@ -5,24 +5,34 @@ Window {
     id: root
 
     required property TunerModel tuner
+    property real textZoom: 1 // that the user wants of the desktop's texts
+    // All of the screen, not its texts alone, and no more than leaves it its smallest size.
+    readonly property real zoom: Math.max(1, Math.min(textZoom, width / minimumWidth, height / minimumHeight))
 
     title: "Corvane"
     color: TunerTheme.bg
-    width: 480
-    height: 860 + menuBar.height
+    width: 480 * textZoom
+    height: (860 + menuBar.height) * textZoom
     minimumWidth: 420
     minimumHeight: 680 + menuBar.height
 
-    HelpMenuBar {
-        id: menuBar
+    Item {
+        width: root.width / root.zoom
+        height: root.height / root.zoom
+        scale: root.zoom
+        transformOrigin: Item.TopLeft
 
-        width: parent.width
-        tuner: root.tuner
-    }
+        HelpMenuBar {
+            id: menuBar
 
-    TunerView {
-        anchors.fill: parent
-        anchors.topMargin: menuBar.height
-        tuner: root.tuner
+            width: parent.width
+            tuner: root.tuner
+        }
+
+        TunerView {
+            anchors.fill: parent
+            anchors.topMargin: menuBar.height
+            tuner: root.tuner
+        }
     }
 }

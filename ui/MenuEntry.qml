@@ -11,9 +11,11 @@ PlainButton {
     required property real indent // of the title
 
     activeFocusOnTab: false
+    focus: true
 
     Accessible.role: Accessible.MenuItem
     Accessible.name: title
+    Accessible.focusable: true
     Accessible.checkable: true
     Accessible.checked: chosen
 

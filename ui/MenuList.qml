@@ -10,6 +10,7 @@ MenuView {
     implicitHeight: contentHeight
     clip: true
     focus: true
+    currentIndex: -1
     model: entries
     boundsBehavior: Flickable.StopAtBounds
     highlightMoveDuration: 0
@@ -37,9 +38,6 @@ MenuView {
             currentIndex = row;
     }
 
-    Keys.onReturnPressed: pick(currentIndex, Qt.TabFocusReason)
-    Keys.onEnterPressed: pick(currentIndex, Qt.TabFocusReason)
-    Keys.onSpacePressed: pick(currentIndex, Qt.TabFocusReason)
     Keys.onPressed: event => {
         if (event.key === Qt.Key_Home)
             moveBy(-count);
@@ -49,7 +47,7 @@ MenuView {
             moveBy(-page);
         else if (event.key === Qt.Key_PageDown)
             moveBy(page);
-        else
+        else if (event.modifiers === Qt.NoModifier || event.modifiers === Qt.ShiftModifier)
             moveTo(event.text);
     }
 

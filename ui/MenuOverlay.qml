@@ -11,15 +11,20 @@ MouseArea {
     required property real listWidth // at least; 0 for that of the control
     required property int alignment
     readonly property rect size: Qt.rect(0, 0, control.width, control.height)
-    readonly property rect place: control.mapToItem(root, size)
+    readonly property rect inWindow: control.mapToItem(parent, size)
+    readonly property rect place: Qt.rect(inWindow.x / zoom, inWindow.y / zoom, inWindow.width / zoom, inWindow.height / zoom)
     readonly property alias list: list
     readonly property real margin: 8 // between the list and the edge of the window
     readonly property real padding: 6
+    readonly property real zoom: (Window.window as Main)?.zoom ?? 1
 
     signal dismissed(reason: int)
     signal picked(value: string, reason: int)
 
-    anchors.fill: parent
+    width: parent.width / zoom
+    height: parent.height / zoom
+    scale: zoom
+    transformOrigin: Item.TopLeft
     z: 1
     acceptedButtons: Qt.AllButtons
     hoverEnabled: true
@@ -27,6 +32,7 @@ MouseArea {
     onWheel: wheel => wheel.accepted = true
 
     Keys.onEscapePressed: dismissed(Qt.TabFocusReason)
+    Keys.onShortcutOverride: event => event.accepted = true
     Keys.onTabPressed: event => event.accepted = true
     Keys.onBacktabPressed: event => event.accepted = true
 

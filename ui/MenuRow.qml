@@ -1,8 +1,9 @@
 import QtQuick
 import Corvane
 
-// One row of a menu: an entry, under the heading of its section where it is the first of it.
-Item {
+// One row of a menu: an entry, under the heading of its section where it is the first of it. The
+// keyboard goes to the entry of the current row, so that a screen reader says which one that is.
+FocusScope {
     id: root
 
     required property int index
@@ -36,5 +37,9 @@ Item {
         indent: root.list?.indent ?? 0
         highlighted: root.ListView.isCurrentItem
         onClicked: root.list.pick(root.index, Qt.MouseFocusReason)
+
+        Keys.onReturnPressed: root.list.pick(root.index, Qt.TabFocusReason)
+        Keys.onEnterPressed: root.list.pick(root.index, Qt.TabFocusReason)
+        Keys.onSpacePressed: root.list.pick(root.index, Qt.TabFocusReason)
     }
 }

@@ -18,5 +18,7 @@ Item {
         color: TunerTheme.muted
         font.pixelSize: TypeScale.caption2
         font.weight: Font.DemiBold
+
+        Accessible.role: Accessible.Heading
     }
 }

@@ -9,6 +9,7 @@ Column {
     required property string title
     required property real span // cents
     required property real bar // thickness
+    property string words // what it shows, for assistive technology
 
     spacing: 4
 
@@ -47,7 +48,7 @@ Column {
 
         Accessible.role: Accessible.ProgressBar
         Accessible.name: root.title
-        Accessible.description: root.tuner.centsText
+        Accessible.description: root.words
 
         Capsule {
             anchors.fill: parent

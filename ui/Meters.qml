@@ -13,6 +13,7 @@ Card {
         width: parent.width
         tuner: root.tuner
         title: "Cents"
+        words: root.tuner.spoken.centsMeter
         span: 50
         bar: root.metrics.bar
     }
@@ -21,6 +22,7 @@ Card {
         width: parent.width
         tuner: root.tuner
         title: "Fine"
+        words: root.tuner.spoken.fineMeter
         span: 10
         bar: root.metrics.bar
     }
@@ -28,5 +30,6 @@ Card {
     LevelBar {
         width: parent.width
         signal: root.tuner.level
+        words: root.tuner.spoken.level
     }
 }

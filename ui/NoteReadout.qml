@@ -15,6 +15,15 @@ Column {
         width: Math.min(row.implicitWidth, root.width)
         height: row.implicitHeight
 
+        LiveRegion {
+            anchors.fill: parent
+            words: root.tuner.spoken.announcement
+
+            Accessible.role: Accessible.Notification
+            Accessible.name: words
+            Accessible.ignored: words === ""
+        }
+
         Row {
             id: row
 

@@ -15,6 +15,8 @@ Item {
     signal picked(value: string)
 
     function open(): void {
+        if (opened)
+            return;
         // By its name, so that none of it is loaded before.
         shown = Qt.createComponent("MenuOverlay.qml").createObject(Window.contentItem, {
                 control: control,

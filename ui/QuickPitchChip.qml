@@ -12,6 +12,7 @@ PlainButton {
 
     implicitWidth: number.implicitWidth + 20
     implicitHeight: number.implicitHeight + 12
+    reach: (row?.spacing ?? 0) / 2
     onClicked: row.tuner.a4 = modelData
 
     Accessible.role: Accessible.RadioButton

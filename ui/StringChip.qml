@@ -8,11 +8,12 @@ Chip {
     required property int stringIndex
     required property string label
     required property int octave
+    required property bool hearing
 
     onClicked: row.tuner.toggleLock(stringIndex)
 
-    Accessible.role: Accessible.Button
     Accessible.name: label + octave
+    Accessible.description: inWords(selected ? "locked" : "", hearing ? "being heard" : "")
 
     Column {
         anchors.centerIn: parent

@@ -7,8 +7,8 @@
 namespace corvane {
 
 void fitToScreen(QWindow& window) {
-  const int room = window.screen()->availableGeometry().height();
-  window.setHeight(std::max(std::min(window.height(), room), window.minimumHeight()));
+  const QSize room = window.screen()->availableGeometry().size() - QSize(0, titleBarHeight);
+  window.resize(window.size().boundedTo(room).expandedTo(window.minimumSize()));
 }
 
 }  // namespace corvane

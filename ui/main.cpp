@@ -18,6 +18,7 @@
 #include "ui/first_size.h"
 #include "ui/frame_pace.h"
 #include "ui/listening_switch.h"
+#include "ui/text_zoom.h"
 #include "ui/tuner_model.h"
 #include "ui/window_icon.h"
 
@@ -27,7 +28,7 @@ using namespace corvane;
 
 /// Shows `tuner` in a window; null when the screen cannot be built.
 QQuickWindow* showWindow(QQmlApplicationEngine& qml, TunerModel& tuner) {
-  qml.setInitialProperties({{"tuner", QVariant::fromValue(&tuner)}});
+  qml.setInitialProperties({{"tuner", QVariant::fromValue(&tuner)}, {"textZoom", takeTextZoom()}});
   qml.load(QUrl("qrc:/qt/qml/Corvane/Main.qml"));
   const QObjectList roots = qml.rootObjects();
   return roots.isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(roots.front());

@@ -22,6 +22,10 @@ Pressable::Pressable(QQuickItem* parent) : QQuickItem(parent) {
   setActiveFocusOnTab(true);
 }
 
+bool Pressable::contains(const QPointF& point) const {
+  return boundingRect().adjusted(-reach, -reach, reach, reach).contains(point);
+}
+
 void Pressable::press() {
   if (isEnabled()) emit clicked();
 }
@@ -75,6 +79,7 @@ void Pressable::keyReleaseEvent(QKeyEvent* event) {
 }
 
 void Pressable::focusInEvent(QFocusEvent* event) {
+  QQuickItem::focusInEvent(event);  // Tells assistive technology.
   // A window that becomes active again is as it was left.
   if (event->reason() != Qt::ActiveWindowFocusReason) {
     focusedByKeyboard = event->reason() != Qt::MouseFocusReason;

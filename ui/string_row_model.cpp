@@ -11,8 +11,11 @@ namespace {
 StringRowModel::Chip chipFor(const GuitarString& string, const TunerEngine& engine) {
   const bool selected = engine.lockedStringIndex() == string.index;
   const bool hearing = engine.heard() && engine.highlightedString() == string.index;
-  return {static_cast<int>(string.index), QString::fromStdString(string.label),
-          static_cast<int>(string.midi / 12 - 1), selected,
+  return {static_cast<int>(string.index),
+          QString::fromStdString(string.label),
+          static_cast<int>(string.midi / 12 - 1),
+          selected,
+          hearing,
           chipFill(selected, hearing, engine.inTune())};
 }
 
@@ -43,6 +46,8 @@ QVariant StringRowModel::data(const QModelIndex& index, int role) const {
       return chip.octave;
     case Selected:
       return chip.selected;
+    case Hearing:
+      return chip.hearing;
     case Fill:
       return chip.fill;
     default:
@@ -51,11 +56,8 @@ QVariant StringRowModel::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> StringRowModel::roleNames() const {
-  return {{StringIndex, "stringIndex"},
-          {Label, "label"},
-          {Octave, "octave"},
-          {Selected, "selected"},
-          {Fill, "fill"}};
+  return {{StringIndex, "stringIndex"}, {Label, "label"},     {Octave, "octave"},
+          {Selected, "selected"},       {Hearing, "hearing"}, {Fill, "fill"}};
 }
 
 void StringRowModel::update(const TunerEngine& engine) {

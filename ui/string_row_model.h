@@ -23,12 +23,13 @@ class StringRowModel : public QAbstractListModel {
     QString label;
     int octave = 0;
     bool selected = false;
+    bool hearing = false;
     QColor fill;
 
     bool operator==(const Chip&) const = default;
   };
 
-  enum Role { StringIndex = Qt::UserRole + 1, Label, Octave, Selected, Fill };
+  enum Role { StringIndex = Qt::UserRole + 1, Label, Octave, Selected, Hearing, Fill };
 
   using QAbstractListModel::QAbstractListModel;
 

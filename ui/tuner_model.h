@@ -14,6 +14,7 @@
 #include "engine/tuner_engine.h"
 #include "ui/fit.h"
 #include "ui/menu_model.h"
+#include "ui/spoken.h"
 #include "ui/string_row_model.h"
 
 namespace corvane {
@@ -37,6 +38,7 @@ class TunerModel : public QObject {
   Q_PROPERTY(QString hearingText READ hearingText NOTIFY readoutChanged)
   Q_PROPERTY(double level READ level NOTIFY levelChanged)
   Q_PROPERTY(QString errorText READ errorText NOTIFY errorTextChanged)
+  Q_PROPERTY(corvane::Spoken* spoken READ spoken CONSTANT)
 
   // What the user has chosen.
   Q_PROPERTY(QStringList instruments READ instruments CONSTANT)
@@ -67,6 +69,7 @@ class TunerModel : public QObject {
              std::shared_ptr<UrlOpener> urlOpener, QObject* parent = nullptr);
 
   bool heard() const { return engine->heard(); }
+  bool inTune() const { return engine->inTune(); }
   double cents() const { return engine->cents(); }
   QString noteLabel() const;
   QString octaveLabel() const;
@@ -77,6 +80,7 @@ class TunerModel : public QObject {
   QString hearingText() const;
   double level() const { return engine->signal(); }  ///< 0 to 1
   QString errorText() const;                         ///< empty when there is no problem
+  Spoken* spoken() { return &inWords; }
 
   QStringList instruments() const;
   int instrument() const { return static_cast<int>(engine->instrument()); }
@@ -151,6 +155,7 @@ class TunerModel : public QObject {
   MenuModel concertPitchMenu;
   MenuModel helpEntriesMenu;
   StringRowModel stringRow;
+  Spoken inWords{*this};
   std::shared_ptr<const void> observation;
 };
 

@@ -24,14 +24,14 @@ class TheInstalledProgram(system_test.SystemTest):
         self.browser = Browser(self.desktop)
         tuner = self.enterContext(
             Tuner(self.desktop, self.prefix / "bin" / "corvane", self.desktop.folder("config"),
-                  {**os.environ, "PATH": self.browser.path}))
+                  {**os.environ, **self.browser.environment}))
         self.screen = Screen(tuner.process.pid)
         self.screen.activate()
 
     def test_opens_the_privacy_page_that_was_installed_with_it(self) -> None:
         self.screen.press(name="Privacy Policy")
         page = self.prefix / "share" / "doc" / "corvane" / "privacy.html"
-        self.assertEqual(self.browser.wait_for_address(), page.as_uri())
+        self.assertEqual(self.browser.wait_for_addresses(1), [page.as_uri()])
         self.assertTrue(page.exists())
 
     def test_has_a_window_that_taskbars_find_the_desktop_entry_and_the_icon_of(self) -> None:

@@ -2,10 +2,9 @@
 
 import os
 import pathlib
-import urllib.parse
 
 from desk import system_test
-from desk.browser import Browser
+from desk.browser import Browser, privacy_page
 from desk.controls import LEFT_HANDED, Controls
 from desk.pull_down import PullDown
 from desk.screen import ANSWER_SECONDS, Screen
@@ -71,14 +70,12 @@ class ThePrivacyPolicy(ShellTest):
 
     def open_with_browser(self) -> tuple[Browser, Screen]:
         browser = Browser(self.desktop)
-        _, screen = self.open(self.desktop.folder("config"), PATH=browser.path)
+        _, screen = self.open(self.desktop.folder("config"), **browser.environment)
         return browser, screen
 
     def assert_is_opened(self, browser: Browser) -> None:
-        address = browser.wait_for_address()
-        program = pathlib.Path(os.environ["CORVANE_PROGRAM"]).as_uri()
-        configured = os.environ["CORVANE_PRIVACY_URL"]
-        self.assertEqual(address, urllib.parse.urljoin(program, configured))
+        address, = browser.wait_for_addresses(1)
+        self.assertEqual(address, privacy_page())
         page = pathlib.Path(address.removeprefix("file://")).read_text(encoding="utf-8")
         self.assertIn("What Corvane does with sound", page)
 

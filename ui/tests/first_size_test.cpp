@@ -23,7 +23,8 @@ class FirstSizeTest : public testing::Test {
   char* argv[2] = {name, nullptr};
   QGuiApplication app{argc, argv};
   QWindow window;
-  int room = QGuiApplication::primaryScreen()->availableGeometry().height();
+  QSize available = QGuiApplication::primaryScreen()->availableGeometry().size();
+  int room = available.height() - titleBarHeight;
 };
 
 TEST_F(FirstSizeTest, AWindowThatFitsKeepsItsHeight) {
@@ -34,6 +35,12 @@ TEST_F(FirstSizeTest, AWindowThatFitsKeepsItsHeight) {
 TEST_F(FirstSizeTest, AWindowThatIsTooHighIsAsHighAsTheScreenAllows) {
   EXPECT_EQ(heightFitted(room + 88, room - 92), room);
   EXPECT_EQ(window.width(), 480);
+}
+
+TEST_F(FirstSizeTest, AWindowThatIsTooWideIsAsWideAsTheScreen) {
+  window.resize(available.width() + 100, 100);
+  fitToScreen(window);
+  EXPECT_EQ(window.width(), available.width());
 }
 
 TEST_F(FirstSizeTest, AWindowIsNeverLowerThanItsMinimum) {

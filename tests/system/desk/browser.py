@@ -1,29 +1,41 @@
-"""The desktop's own way to open an address, as far as the program can tell."""
+"""A browser that only notes what it is to open."""
 
 import os
+import pathlib
+import urllib.parse
 
 from .desktop import PrivateDesktop
+from .screen import ANSWER_SECONDS
 from .waiting import wait_until
 
-OPEN_SECONDS = 5
+# The desktop's own way to open an address, as far as a program can tell.
 SCRIPT = """#!/bin/sh
 echo "$@" >> {note}
 """
 
 
 class Browser:
-    """Opens nothing, but notes what it is to open. `path` is the PATH of programs that are to find
-    it."""
+    """`environment` is that of the programs that are to use it."""
 
     def __init__(self, desktop: PrivateDesktop):
         programs = desktop.folder("programs")
         self._note = programs / "opened"
-        self.path = f"{programs}:{os.environ['PATH']}"
-        opener = programs / "xdg-open"
-        opener.write_text(SCRIPT.format(note=self._note))
-        opener.chmod(0o755)
+        browser = programs / "xdg-open"
+        browser.write_text(SCRIPT.format(note=self._note))
+        browser.chmod(0o755)
+        self.environment = {"PATH": f"{programs}:{os.environ['PATH']}"}
 
-    def wait_for_address(self) -> str:
-        wait_until(lambda: self._note.exists() and self._note.read_text().endswith("\n"),
-                   OPEN_SECONDS, lambda: "nothing is opened")
-        return self._note.read_text().removesuffix("\n")
+    def wait_for_addresses(self, count: int) -> list[str]:
+        """All that it was to open, once there are so many."""
+        wait_until(lambda: self._text().count("\n") >= count, ANSWER_SECONDS,
+                   lambda: f"opened is {self._text()}")
+        return self._text().splitlines()
+
+    def _text(self) -> str:
+        return self._note.read_text() if self._note.exists() else ""
+
+
+def privacy_page() -> str:
+    """The address that the program was configured to open, seen from where it lies."""
+    program = pathlib.Path(os.environ["CORVANE_PROGRAM"]).as_uri()
+    return urllib.parse.urljoin(program, os.environ["CORVANE_PRIVACY_URL"])

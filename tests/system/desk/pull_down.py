@@ -51,7 +51,7 @@ class PullDown:
     def sections(self) -> list[str]:
         """The headings, from top to bottom."""
         return [item.name for item in _top_to_bottom(self._contents())
-                if item.role == pyatspi.ROLE_LABEL]
+                if item.role == pyatspi.ROLE_HEADING]
 
     def _entries(self) -> list[Item]:
         """The entries inside the list's area, once they no longer move."""

@@ -71,6 +71,11 @@ class Item:
         return False
 
 
+def has_keyboard(found: pyatspi.Accessible) -> bool:
+    states = found.getState()
+    return states.contains(pyatspi.STATE_FOCUSED) and states.contains(pyatspi.STATE_SHOWING)
+
+
 class Screen(Window):
     """The window of process `pid` in all its items."""
 
@@ -117,23 +122,28 @@ class Screen(Window):
     def keys(self, *names: str) -> None:
         xdotool("key", *names)
 
-    def focus(self, name: str) -> None:
+    def focus(self, name: str, key: str = "Tab") -> None:
         """Goes to an item with the key for it, past every other one at most once."""
         for _ in self.items():
-            before = self._focused()
-            self.keys("Tab")
-            wait_until(lambda: self._focused() not in ("", before), ANSWER_SECONDS,
+            before = self.focused()
+            self.keys(key)
+            wait_until(lambda: self.focused() not in ("", before), ANSWER_SECONDS,
                        lambda: f"the keyboard stays at {before}")
-            if self._focused() == name:
+            if self.focused() == name:
                 return
         raise LookupError(f"the keyboard does not get to {name}")
 
     def wait_until_focused(self, name: str) -> None:
-        wait_until(lambda: self._focused() == name, ANSWER_SECONDS,
-                   lambda: f"the keyboard is at {self._focused()}, not {name}")
+        wait_until(lambda: self.focused() == name, ANSWER_SECONDS,
+                   lambda: f"the keyboard is at {self.focused()}, not {name}")
 
-    def _focused(self) -> str:
-        return next((item.name for item in self.items() if item.focused), "")
+    def focused(self) -> str:
+        """The name of the item that has the keyboard; empty when none has."""
+        with contextlib.suppress(GLib.Error):  # An item went away while it was being asked.
+            holders = [item for item in self._items() if has_keyboard(item)]
+            # What an item stands in has the keyboard too, and comes before it.
+            return holders[-1].name if holders else ""
+        return ""
 
     def rest_mouse(self) -> None:
         """Moves it out of the way, to the lower right corner of the screen."""

@@ -67,6 +67,16 @@ class Window:
         png.parent.mkdir(parents=True, exist_ok=True)
         subprocess.run(["import", "-window", self._id(), f"png:{png}"], check=True, timeout=20)
 
+    def pixels(self) -> bytes:
+        """Of its own area, three bytes each."""
+        return subprocess.run(["import", "-window", self._id(), "-depth", "8", "rgb:-"], check=True,
+                              capture_output=True, timeout=20).stdout
+
+    def size_in_pixels(self) -> tuple[int, int]:
+        told = xdotool("getwindowgeometry", "--shell", self._id())
+        values = dict(line.split("=") for line in told.split())
+        return int(values["WIDTH"]), int(values["HEIGHT"])
+
     def _id(self) -> str:
         # The toolkit has windows of its own that never show; only this one has a title.
         return xdotool("search", "--all", "--pid", str(self._pid), "--name", ".").split()[0]

@@ -1,8 +1,11 @@
 // contact_sheet sheet FILE: draws the screen in all its states into one picture.
+// contact_sheet scales FILE FOLDER: puts the pictures that FOLDER has for each scale factor, a
+// folder each, into one picture.
 // contact_sheet update SET FOLDER: writes a picture of each state.
 // contact_sheet compare SET FOLDER SEEN: fails where a state looks different from its picture in
 // FOLDER, or has none; writes what it saw to SEEN.
-// SET is "all", or "screenshots" for those that software centres show.
+// SET is "all", "scales" for the few that are drawn for each QT_SCALE_FACTOR, or "screenshots" for
+// those that software centres show.
 
 #include <QDir>
 #include <QFont>
@@ -21,10 +24,12 @@ QString fileIn(const QString& folder, const Scene& scene) {
 }
 
 std::vector<Scene> scenesOf(const QString& set) {
+  if (set == "scales") return scenesOfEveryScale();
   return set == "screenshots" ? screenshots() : scenes();
 }
 
 int update(const std::vector<Scene>& set, const QString& folder) {
+  QDir().mkpath(folder);
   for (const Scene& scene : set) {
     if (!picture(scene).save(fileIn(folder, scene))) return 1;
   }
@@ -59,14 +64,19 @@ int run(const QStringList& arguments) {
   if (arguments.size() == 3 && arguments[1] == "sheet") {
     return contactSheet(scenes()).save(arguments[2]) ? 0 : 1;
   }
+  if (arguments.size() == 4 && arguments[1] == "scales") {
+    return scalesSheet(arguments[3]).save(arguments[2]) ? 0 : 1;
+  }
   if (arguments.size() == 4 && arguments[1] == "update") {
     return update(scenesOf(arguments[2]), arguments[3]);
   }
   if (arguments.size() == 5 && arguments[1] == "compare") {
     return compare(scenesOf(arguments[2]), arguments[3], arguments[4]);
   }
-  std::fputs("usage: contact_sheet sheet FILE | update SET FOLDER | compare SET FOLDER SEEN\n",
-             stderr);
+  std::fputs(
+      "usage: contact_sheet sheet FILE | scales FILE FOLDER | update SET FOLDER | compare SET "
+      "FOLDER SEEN\n",
+      stderr);
   return 2;
 }
 

@@ -2,9 +2,11 @@
 
 #include <QCoreApplication>
 #include <QCursor>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QPainter>
 #include <QQmlApplicationEngine>
+#include <QQuickItem>
 #include <QQuickWindow>
 #include <algorithm>
 #include <cmath>
@@ -47,6 +49,44 @@ class Stage {
   TunerModel model{engine, world.permission, world.urlOpener};
 };
 
+/// The window in the state of a scene.
+class Shown {
+ public:
+  explicit Shown(const Scene& scene) : stage(scene) {
+    qml.setInitialProperties({{"tuner", QVariant::fromValue(&stage.tuner())}});
+    qml.load(QUrl("qrc:/qt/qml/Corvane/Main.qml"));
+    screen = qobject_cast<QQuickWindow*>(qml.rootObjects().value(0));
+    require(screen != nullptr, "the program carries its own screen");
+    const int menuBar = screen->minimumHeight() - 680;
+    screen->resize(scene.area + QSize(0, menuBar));
+    screen->show();
+    // Where there is nothing to hover over: at the empty end of the menu bar.
+    QCursor::setPos(screen->mapToGlobal(QPoint(screen->width() - 1, 0)));
+  }
+
+  QQuickWindow& window() { return *screen; }
+
+ private:
+  Stage stage;
+  QQmlApplicationEngine qml;
+  QQuickWindow* screen = nullptr;
+};
+
+bool isText(const QQuickItem& item) {
+  return item.inherits("QQuickText") || item.inherits("corvane::FixedDigits");
+}
+
+std::vector<QQuickItem*> visibleBelow(const QQuickItem& item) {
+  std::vector<QQuickItem*> found;
+  for (QQuickItem* child : item.childItems()) {
+    if (!child->isVisible()) continue;
+    found.push_back(child);
+    const auto below = visibleBelow(*child);
+    found.insert(found.end(), below.begin(), below.end());
+  }
+  return found;
+}
+
 /// The picture that no longer changes.
 QImage atRest(QQuickWindow& window) {
   QElapsedTimer sinceChange;
@@ -70,18 +110,29 @@ bool isFar(QRgb a, QRgb b) {
 }  // namespace
 
 QImage picture(const Scene& scene) {
-  Stage stage(scene);
-  QQmlApplicationEngine qml;
-  qml.setInitialProperties({{"tuner", QVariant::fromValue(&stage.tuner())}});
-  qml.load(QUrl("qrc:/qt/qml/Corvane/Main.qml"));
-  auto* window = qobject_cast<QQuickWindow*>(qml.rootObjects().value(0));
-  require(window != nullptr, "the program carries its own screen");
-  const int menuBar = window->minimumHeight() - 680;
-  window->resize(scene.area + QSize(0, menuBar));
-  window->show();
-  // Where there is nothing to hover over: at the empty end of the menu bar.
-  QCursor::setPos(window->mapToGlobal(QPoint(window->width() - 1, 0)));
-  return atRest(*window).convertToFormat(QImage::Format_RGB32);
+  Shown shown(scene);
+  return atRest(shown.window()).convertToFormat(QImage::Format_RGB32);
+}
+
+std::vector<TextSeen> textsOf(const Scene& scene) {
+  Shown shown(scene);
+  std::vector<TextSeen> texts;
+  std::vector<QQuickItem*> items;
+  for (QQuickItem* item : visibleBelow(*shown.window().contentItem())) {
+    const QString text = item->property("text").toString();
+    if (!isText(*item) || text.isEmpty()) continue;
+    QColor ink = item->property("color").value<QColor>();
+    ink.setAlphaF(ink.alphaF() * static_cast<float>(item->opacity()));
+    texts.push_back({text, ink, {}});
+    items.push_back(item);
+  }
+  for (QQuickItem* item : items) item->setOpacity(0.0);
+  const QImage ground = atRest(shown.window());
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    texts[i].ground =
+        ground.pixelColor(items[i]->mapToScene(items[i]->boundingRect().center()).toPoint());
+  }
+  return texts;
 }
 
 QImage contactSheet(const std::vector<Scene>& all) {
@@ -99,6 +150,32 @@ QImage contactSheet(const std::vector<Scene>& all) {
         picture(all[i]).scaled(cell - QSize(20, 40), Qt::KeepAspectRatio, Qt::SmoothTransformation);
     painter.drawImage(corner + QPoint(10, 30), shown);
     painter.drawText(corner + QPoint(10, 20), all[i].name);
+  }
+  return sheet;
+}
+
+QImage scalesSheet(const QString& folder) {
+  // From the upper edge of the string row to the play button, in points.
+  constexpr QRectF part(18, 600, 444, 160);
+  const QStringList scales = QDir(folder).entryList({"x*"}, QDir::Dirs, QDir::Name);
+  std::vector<QImage> parts;
+  int height = 0;
+  for (const QString& scale : scales) {
+    const double factor = scale.mid(1).toDouble();
+    const QImage whole(folder + "/" + scale + "/guitar-480x860-flat.png");
+    parts.push_back(whole.copy(QRectF(part.topLeft() * factor, part.size() * factor).toRect()));
+    height += parts.back().height() + 30;
+  }
+  QImage sheet(static_cast<int>(part.width() * 3.0) + 20, height + 10, QImage::Format_RGB32);
+  sheet.fill(QColor(40, 40, 44));
+  QPainter painter(&sheet);
+  painter.setPen(Qt::white);
+  int y = 0;
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    parts[i].setDevicePixelRatio(1.0);
+    painter.drawText(10, y + 22, scales[static_cast<qsizetype>(i)]);
+    painter.drawImage(10, y + 30, parts[i]);
+    y += parts[i].height() + 30;
   }
   return sheet;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QImage>
 
 #include "scenes.h"
@@ -9,8 +10,20 @@ namespace corvane::sheet {
 /// The window as it is drawn for a scene, its needles at rest. Needs a running application.
 QImage picture(const Scene& scene);
 
+/// A text of the screen, in its own colour and opacity, and the middle of what it stands on.
+struct TextSeen {
+  QString text;
+  QColor ink;
+  QColor ground;
+};
+std::vector<TextSeen> textsOf(const Scene& scene);
+
 /// All pictures side by side, made smaller, under their names.
 QImage contactSheet(const std::vector<Scene>& scenes);
+
+/// The same part of the screen from each of the folders for scale factors in `folder`, pixel for
+/// pixel.
+QImage scalesSheet(const QString& folder);
 
 /// How far apart two pictures are: the share of pixels of which a channel differs by more than
 /// `channelStep`; 1 when the sizes differ.

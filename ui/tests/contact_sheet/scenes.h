@@ -27,4 +27,8 @@ std::vector<Scene> scenes();
 /// An instrument each at the window's first size, for software centres.
 std::vector<Scene> screenshots();
 
+/// The few of them that are drawn for every scale factor of the display: the first size, heard, and
+/// the smallest, shrunk to hold the prompt.
+std::vector<Scene> scenesOfEveryScale();
+
 }  // namespace corvane::sheet

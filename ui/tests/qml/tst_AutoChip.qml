@@ -87,7 +87,7 @@ ScreenTest {
 
     function test_tells_a_screen_reader_whether_it_is_selected() {
         const auto = chip();
-        compare(auto.Accessible.role, Accessible.Button);
+        compare(auto.Accessible.role, Accessible.RadioButton);
         compare(auto.Accessible.name, "Auto");
         verify(auto.Accessible.checked);
         tuner.toggleLock(1);

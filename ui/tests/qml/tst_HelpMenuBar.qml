@@ -39,6 +39,19 @@ ScreenTest {
         compare(tuner.opened.length, 1);
     }
 
+    function test_alt_and_h_open_help_from_anywhere_and_once() {
+        const bar = make(subject);
+        const menu = menuOf(buttonOf(bar, "Help"));
+        keyClick(Qt.Key_H, Qt.AltModifier);
+        verify(menu.opened);
+        const shown = menu.shown;
+        keyClick(Qt.Key_H, Qt.AltModifier);
+        compare(menu.shown, shown);
+        keyClick(Qt.Key_Escape);
+        verify(!menu.opened);
+        verify(buttonOf(bar, "Help").visualFocus);
+    }
+
     function test_the_privacy_policy_opens_from_the_keyboard() {
         const help = buttonOf(make(subject), "Help");
         help.forceActiveFocus(Qt.TabFocusReason);

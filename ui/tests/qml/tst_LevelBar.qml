@@ -70,9 +70,11 @@ ScreenTest {
     }
 
     function test_tells_a_screen_reader_how_loud_it_is() {
-        const track = all(make(subject), Capsule)[0];
+        const track = all(make(subject, {
+                    words: "30 percent"
+                }), Capsule)[0];
         compare(track.Accessible.role, Accessible.ProgressBar);
         compare(track.Accessible.name, "Level");
-        compare(track.Accessible.description, "25 %");
+        compare(track.Accessible.description, "30 percent");
     }
 }

@@ -128,7 +128,8 @@ ScreenTest {
         for (let i = 0; i < 20; ++i)
             keyClick(Qt.Key_Down);
         compare(list.currentIndex, 20);
-        tryVerify(() => list.contentY > 0);
+        const end = list.currentItem.y + list.currentItem.height;
+        tryVerify(() => end <= list.contentY + list.height + 0.01);
         verifyInside(list.currentItem, list);
     }
 
@@ -171,6 +172,25 @@ ScreenTest {
         }
         compare(titles, ["Drop D", "Double drop D", "Drop C", "Drop C"]);
         compare(picked.count, 0);
+    }
+
+    function test_a_letter_with_alt_or_control_is_no_letter() {
+        const list = watched();
+        list.showChosen();
+        keyClick(Qt.Key_D, Qt.AltModifier);
+        keyClick(Qt.Key_D, Qt.ControlModifier);
+        compare(list.currentIndex, 0);
+    }
+
+    function test_the_keyboard_is_on_the_entry_that_the_arrows_reach() {
+        const list = watched();
+        list.showChosen();
+        verify(entryOf(list, "Standard").activeFocus);
+        keyClick(Qt.Key_Down);
+        verify(entryOf(list, "Half step down").activeFocus);
+        verify(!entryOf(list, "Standard").activeFocus);
+        keyClick(Qt.Key_End);
+        verify(entryOf(list, "12-string standard").activeFocus);
     }
 
     function test_leaves_room_for_a_checkmark_where_there_can_be_one() {

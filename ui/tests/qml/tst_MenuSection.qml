@@ -18,6 +18,10 @@ ScreenTest {
         compare(heading.font.weight, Font.DemiBold);
     }
 
+    function test_is_a_heading_to_a_screen_reader() {
+        compare(all(make(subject), Label)[0].Accessible.role, Accessible.Heading);
+    }
+
     function test_takes_no_room_without_a_name() {
         const section = make(subject, {
                 title: ""

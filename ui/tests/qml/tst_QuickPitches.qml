@@ -38,6 +38,16 @@ ScreenTest {
         compare(selected(row), []);
     }
 
+    function test_there_is_no_dead_gap_between_the_chips() {
+        const row = make(subject);
+        settle(row);
+        const chip = buttonOf(row, "415 Hz");
+        mouseClick(row, chip.x + chip.width + 3, chip.height / 2);
+        compare(tuner.wholeHertz, 415);
+        mouseClick(row, chip.x + chip.width + 5, chip.height / 2);
+        compare(tuner.wholeHertz, 432);
+    }
+
     function test_a_tap_moves_the_selection() {
         const row = make(subject);
         mouseClick(buttonOf(row, "466 Hz"));

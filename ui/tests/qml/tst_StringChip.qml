@@ -18,6 +18,7 @@ ScreenTest {
                 label: "G"
                 octave: 3
                 selected: test.tuner.locked
+                hearing: false
                 fill: TunerTheme.card
             }
         }
@@ -77,7 +78,7 @@ ScreenTest {
 
     function test_tells_a_screen_reader_its_note_and_whether_it_is_locked() {
         const string = chip();
-        compare(string.Accessible.role, Accessible.Button);
+        compare(string.Accessible.role, Accessible.RadioButton);
         compare(string.Accessible.name, "G3");
         verify(!string.Accessible.checked);
         tuner.toggleLock(3);

@@ -72,6 +72,18 @@ ScreenTest {
         verify(auto(row).selected);
     }
 
+    function test_there_is_no_dead_gap_between_the_chips() {
+        const row = make(subject);
+        settle(row);
+        const chip = stringChip(row, "A2");
+        mouseClick(row, chip.x - 2, chip.height / 2);
+        compare(tuner.lockedString, 1);
+        mouseClick(row, chip.x - row.spacing + 2, chip.height / 2);
+        compare(tuner.lockedString, 0);
+        mouseClick(row, chip.x + chip.width + 2, chip.height / 2);
+        compare(tuner.lockedString, 1);
+    }
+
     function test_tapping_another_chip_moves_the_lock() {
         const row = make(subject);
         mouseClick(stringChip(row, "A2"));

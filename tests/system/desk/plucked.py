@@ -1,0 +1,29 @@
+"""A string whose pitch is known exactly and does not waver, as no sampled instrument's is."""
+
+import array
+import math
+import pathlib
+import wave
+
+SAMPLE_RATE = 48000
+PARTIALS = (1.0, 0.6, 0.4, 0.25, 0.15)  # how loud each is
+PEAK = 0.4  # of full scale
+DECAY_SECONDS = 1.5  # to a third
+
+
+def write_plucked(path: pathlib.Path, hertz: float, seconds: float) -> pathlib.Path:
+    scale = 32767 * PEAK / sum(PARTIALS)
+    with wave.open(str(path), "wb") as sound:
+        sound.setnchannels(1)
+        sound.setsampwidth(2)
+        sound.setframerate(SAMPLE_RATE)
+        sound.writeframes(array.array("h", (
+            round(scale * _sample(hertz, frame / SAMPLE_RATE))
+            for frame in range(round(seconds * SAMPLE_RATE)))))
+    return path
+
+
+def _sample(hertz: float, time: float) -> float:
+    turn = 2 * math.pi * hertz * time
+    return math.exp(-time / DECAY_SECONDS) * sum(
+        loud * math.sin(number * turn) for number, loud in enumerate(PARTIALS, 1))

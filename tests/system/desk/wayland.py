@@ -1,0 +1,39 @@
+"""A Wayland display of its own on the private desktop: nobody sees it, and it has no keyboard."""
+
+import os
+import subprocess
+
+from .desktop import START_SECONDS, PrivateDesktop
+from .waiting import wait_until
+
+SOCKET = "wayland-corvane"
+SIZE = (3840, 2160)
+
+
+class WaylandDisplay:
+    """For as long as the context lasts; `environment` is that of the programs that are to use it."""
+
+    def __init__(self, desktop: PrivateDesktop):
+        self._desktop = desktop
+        self._folder = desktop.folder("wayland")
+        self.environment = {**os.environ, "XDG_RUNTIME_DIR": str(self._folder),
+                            "WAYLAND_DISPLAY": SOCKET, "QT_QPA_PLATFORM": "wayland"}
+        del self.environment["DISPLAY"]
+
+    def __enter__(self) -> "WaylandDisplay":
+        width, height = SIZE
+        self._weston = self._desktop.processes.start(
+            ["weston", "--backend=headless-backend.so", "--use-pixman", "--no-config",
+             "--idle-time=0", f"--width={width}", f"--height={height}", f"--socket={SOCKET}"],
+            self.environment)
+        wait_until(self._is_ready, START_SECONDS,
+                   lambda: self._desktop.processes.last_words("weston"))
+        return self
+
+    def __exit__(self, *_) -> None:
+        self._desktop.processes.end(self._weston)
+
+    def _is_ready(self) -> bool:
+        """Not merely the socket: the first answer."""
+        return (self._folder / SOCKET).exists() and subprocess.run(
+            ["weston-info"], env=self.environment, capture_output=True).returncode == 0

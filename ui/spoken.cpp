@@ -1,0 +1,103 @@
+#include "ui/spoken.h"
+
+#include <QGuiApplication>
+#include <algorithm>
+#include <utility>
+
+#include "ui/tuner_model.h"
+#include "ui/words.h"
+
+namespace corvane {
+namespace {
+
+using namespace std::chrono_literals;
+
+// Every change of a word is an event to every assistive technology, which drops the sentences that
+// matter when there are too many.
+constexpr auto betweenWords = 500ms;
+
+}  // namespace
+
+Spoken::Spoken(const TunerModel& shown) : tuner(shown) {
+  clock.start();
+  next.setSingleShot(true);
+  connect(&next, &QTimer::timeout, this, &Spoken::look);
+  QAccessible::installActivationObserver(this);
+  accessibilityActiveChanged(QAccessible::isActive());
+}
+
+Spoken::~Spoken() {
+  QAccessible::removeActivationObserver(this);
+}
+
+void Spoken::accessibilityActiveChanged(bool now) {
+  if (std::exchange(active, now) == now) return;
+  if (active) {
+    watch();
+    changed();
+  } else {
+    tuner.disconnect(this);
+    qApp->disconnect(this);
+    next.stop();
+    setWords({});
+  }
+  emit activeChanged();
+}
+
+void Spoken::watch() {
+  connect(&tuner, &TunerModel::readoutChanged, this, &Spoken::changed);
+  connect(&tuner, &TunerModel::levelChanged, this, &Spoken::changed);
+  connect(&tuner, &TunerModel::errorTextChanged, this, &Spoken::changed);
+  connect(&tuner, &TunerModel::playingReferenceChanged, this, &Spoken::changed);
+  connect(qApp, &QGuiApplication::applicationStateChanged, this, &Spoken::changed);
+}
+
+/// One reading changes many things one after the other; only what comes out of it is put in words.
+void Spoken::changed() {
+  if (!next.isActive() || next.intervalAsDuration() > 0ms) next.start(0ms);
+}
+
+void Spoken::look() {
+  const Commentary::Time now(clock.elapsed());
+  std::optional<Commentary::Time> again;
+  // Another program's user is not talked to.
+  if (QGuiApplication::applicationState() == Qt::ApplicationActive) {
+    const Commentary::Answer answer = commentary.look(situation(), now);
+    again = answer.lookAgain;
+    if (!answer.words.isEmpty()) {
+      said = answer.words;
+      emit announced();
+    }
+  }
+  if (now - wordsAt >= betweenWords) {
+    wordsAt = now;
+    setWords(current());
+  } else if (current() != words) {
+    const auto rest = wordsAt + betweenWords - now;
+    again = again ? std::min(*again, rest) : rest;
+  }
+  if (again) next.start(*again);
+}
+
+Commentary::Situation Spoken::situation() const {
+  return {.problem = tuner.errorText(),
+          .status = tuner.status(),
+          .note = tuner.noteLabel() + tuner.octaveLabel(),
+          .cents = tuner.cents(),
+          .heard = tuner.heard(),
+          .inTune = tuner.inTune(),
+          .playing = tuner.playingReference()};
+}
+
+Spoken::Words Spoken::current() const {
+  const Commentary::Situation now = situation();
+  return {meterInWords(now.heard, now.note, now.cents, 50.0),
+          meterInWords(now.heard, now.note, now.cents, 10.0), levelInWords(tuner.level())};
+}
+
+void Spoken::setWords(const Words& now) {
+  if (now == std::exchange(words, now)) return;
+  emit wordsChanged();
+}
+
+}  // namespace corvane
