@@ -46,6 +46,7 @@ void Spoken::accessibilityActiveChanged(bool now) {
 
 void Spoken::watch() {
   connect(&tuner, &TunerModel::readoutChanged, this, &Spoken::changed);
+  connect(&tuner, &TunerModel::centsChanged, this, &Spoken::changed);
   connect(&tuner, &TunerModel::levelChanged, this, &Spoken::changed);
   connect(&tuner, &TunerModel::errorTextChanged, this, &Spoken::changed);
   connect(&tuner, &TunerModel::playingReferenceChanged, this, &Spoken::changed);
