@@ -35,6 +35,7 @@ void Pressable::mousePressEvent(QMouseEvent*) {
   focusedByKeyboard = false;
   setVisualFocus(false);
   setDown(true);
+  repeated = false;
   if (autoRepeat) repeat.start(beforeRepeatingMs, this);
 }
 
@@ -109,7 +110,7 @@ void Pressable::itemChange(ItemChange change, const ItemChangeData& data) {
 
 void Pressable::release() {
   repeat.stop();
-  const bool counts = down && !std::exchange(repeated, false);
+  const bool counts = !std::exchange(repeated, false) && down;
   setDown(false);
   if (counts) emit clicked();
 }

@@ -158,6 +158,8 @@ ScreenTest {
         wait(350); // three times the pause between two clicks
         compare(clicked.count, 1);
         mouseRelease(area, 60, 10);
+        mouseClick(area);
+        compare(clicked.count, 2);
     }
 
     function test_stops_when_it_is_disabled_while_it_is_held() {
@@ -171,6 +173,9 @@ ScreenTest {
         wait(350); // three times the pause between two clicks
         compare(clicked.count, 1);
         mouseRelease(area);
+        area.enabled = true;
+        mouseClick(area);
+        compare(clicked.count, 2);
     }
 
     function test_nothing_presses_it_while_it_is_disabled() {
