@@ -7,6 +7,7 @@ Row {
 
     required property TunerModel tuner
     required property fit metrics
+    readonly property alias link: link
 
     spacing: 10
 

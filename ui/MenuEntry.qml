@@ -23,6 +23,8 @@ PlainButton {
         anchors.fill: parent
         radius: 7
         color: Qt.rgba(1, 1, 1, root.down ? 0.16 : root.highlighted ? 0.1 : 0)
+        borderColor: TunerTheme.sharp
+        borderWidth: root.visualFocus ? 2 : 0
     }
 
     Symbol {

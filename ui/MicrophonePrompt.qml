@@ -6,8 +6,14 @@ Column {
     id: root
 
     required property TunerModel tuner
+    property Item successor // has the keyboard when what had it is no longer shown
 
     spacing: 8
+
+    onVisibleChanged: {
+        if (!visible && button.activeFocus && successor)
+            successor.forceActiveFocus(Qt.OtherFocusReason);
+    }
 
     Label {
         width: root.width

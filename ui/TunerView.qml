@@ -54,9 +54,12 @@ Item {
             width: column.inner
             visible: root.tuner.errorText !== ""
             tuner: root.tuner
+            successor: footer.link
         }
 
         Footer {
+            id: footer
+
             anchors.horizontalCenter: parent.horizontalCenter
             tuner: root.tuner
             metrics: root.metrics

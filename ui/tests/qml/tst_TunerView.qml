@@ -232,4 +232,17 @@ ScreenTest {
         hearForLong(442);
         tryVerify(() => frames.count > 0);
     }
+
+    function test_the_keyboard_goes_on_when_the_prompt_that_has_it_is_gone() {
+        tuner.loseMicrophone();
+        const view = make(subject);
+        const prompt = all(view, MicrophonePrompt)[0];
+        const button = buttonOf(prompt, "Allow Microphone");
+        button.forceActiveFocus(Qt.TabFocusReason);
+        verify(button.activeFocus);
+        tuner.findMicrophone();
+        keyClick(Qt.Key_Space);
+        verify(!prompt.visible);
+        compare(view.Window.activeFocusItem?.Accessible.name, "Privacy Policy");
+    }
 }
