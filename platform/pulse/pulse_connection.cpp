@@ -30,6 +30,7 @@ void PulseConnection::connect(Settled settled) {
     return mainQueue.async([settled = std::move(settled)] { settled(State::connected); });
   }
   waiting.push_back(std::move(settled));
+  recordingRefused = false;
   if (attempt == nullptr) open();
 }
 
@@ -69,6 +70,11 @@ void PulseConnection::settle(State state, const ServerFacts& facts) {
   if (attempt == nullptr) tryLater();
 }
 
+void PulseConnection::refuse() {
+  recordingRefused = true;
+  settle(State::refused, {});
+}
+
 std::shared_ptr<const void> PulseConnection::watch(std::function<void()> changed) {
   const auto watcher = std::make_shared<const std::function<void()>>(std::move(changed));
   watchers.push_back(watcher);
@@ -89,7 +95,7 @@ bool PulseConnection::isWatched() const {
 }
 
 void PulseConnection::tryLater() {
-  if (!isWatched()) return;
+  if (!isWatched() || recordingRefused) return;
   const auto again = [this, &queue = mainQueue, weak = std::weak_ptr(lifetime)] {
     queue.async([this, weak] {
       if (!weak.expired()) tryAgain();

@@ -45,8 +45,9 @@ class PulseConnection {
   /// and seeks a server that has gone, or refused us, until there is one again.
   [[nodiscard]] std::shared_ptr<const void> watch(std::function<void()> changed);
 
-  /// Takes the server's word, given to a stream, that this program may not listen.
-  void refuse() { settle(State::refused, {}); }
+  /// Takes the server's word, given to a stream, that this program may not listen. It stands until
+  /// `connect` is called: the server would let us in again, and refuse the next stream.
+  void refuse();
 
   /// Runs `job` on the loop's thread, with null when no server is connected.
   void async(std::function<void(PulseSession*)> job);
@@ -65,6 +66,7 @@ class PulseConnection {
   ServerFacts currentFacts;
   std::vector<Settled> waiting;
   std::vector<std::weak_ptr<const std::function<void()>>> watchers;
+  bool recordingRefused = false;
   std::chrono::milliseconds pause;        ///< before the next attempt that nobody asks for
   std::shared_ptr<void> attempt;          ///< from `open` until its session has ended
   std::shared_ptr<void> lifetime;         ///< of this object

@@ -3,6 +3,7 @@
 #include <sys/timerfd.h>
 #include <unistd.h>
 
+#include <cstdint>
 #include <utility>
 
 #include "base/require.h"
@@ -50,6 +51,9 @@ void Timer::disarm() {
 
 void Timer::onTime(pa_mainloop_api*, pa_io_event*, int, pa_io_event_flags_t, void* timer) {
   auto* const self = static_cast<Timer*>(timer);
+  // Armed anew by another callback since the loop saw that the time had come, it has not come yet.
+  std::uint64_t expirations = 0;
+  if (read(self->descriptor, &expirations, sizeof expirations) != sizeof expirations) return;
   // Moved out, because what is called may end this timer.
   const auto job = std::exchange(self->job, nullptr);
   set(self->descriptor, {});

@@ -87,6 +87,19 @@ TEST_F(Refusal, TheWordThatARecordingWasGivenCountsToo) {
   EXPECT_EQ(read(), RecordPermission::denied);
 }
 
+TEST_F(Refusal, TheWordThatARecordingWasGivenStandsWhileNobodyAsksAnew) {
+  writeSecret(ours, 'a');
+  ASSERT_EQ(client.ask(), true);
+  int changes = 0;
+  const auto watching = client.connection->watch([&changes] { ++changes; });
+  client.connection->refuse();
+  // A server that had gone would be sought after 0.2 s, and found.
+  const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(1000);
+  client.pumpUntil([&] { return changes > 1 || std::chrono::steady_clock::now() >= end; });
+  EXPECT_EQ(changes, 1);
+  EXPECT_EQ(client.ask(), true);
+}
+
 TEST_F(Refusal, AServerThatKeepsUsOutHasNoLoudspeakersUntilItLetsUsIn) {
   ASSERT_EQ(client.ask(), false);
   PulseAudioOutput output(*client.connection);

@@ -1,9 +1,12 @@
 #include "platform/pulse/timer.h"
 
 #include <gtest/gtest.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
 
 #include <future>
 #include <memory>
+#include <thread>
 
 #include "platform/pulse/pulse_loop.h"
 
@@ -49,6 +52,30 @@ TEST_F(TimerTest, CallsOnceAfterTheDelay) {
     timer->arm(30ms, call());
   });
   EXPECT_GE(called.get_future().get() - start, 30ms);
+}
+
+/// The other callback, for which there is an event made later, is called first.
+TEST_F(TimerTest, ArmedAnewByACallbackOfTheSameMomentItWaitsAllOfTheDelay) {
+  const int other = eventfd(1, EFD_CLOEXEC | EFD_NONBLOCK);
+  pa_io_event* event = nullptr;
+  Clock::time_point start;
+  const std::function<void()> rearm = [&] {
+    loop.api()->io_free(event);
+    start = Clock::now();
+    timer->arm(50ms, call());
+  };
+  onLoop([&] {
+    event = loop.api()->io_new(
+        loop.api(), other, PA_IO_EVENT_INPUT,
+        [](pa_mainloop_api*, pa_io_event*, int, pa_io_event_flags_t, void* job) {
+          (*static_cast<const std::function<void()>*>(job))();
+        },
+        const_cast<std::function<void()>*>(&rearm));
+    timer->arm(1ms, [] { ADD_FAILURE() << "the first job ran"; });
+    std::this_thread::sleep_for(5ms);  // Both are ready when the loop looks next.
+  });
+  EXPECT_GE(called.get_future().get() - start, 50ms);
+  close(other);
 }
 
 TEST_F(TimerTest, ArmedAnewItForgetsTheJobBefore) {
