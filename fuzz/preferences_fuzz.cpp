@@ -23,7 +23,7 @@ QString someFolder() {
   return (QDir(memory).exists() ? memory : QDir::tempPath()) + QStringLiteral("/corvane-fuzz");
 }
 
-/// A file of its own for each input, for QSettings remembers files by their names.
+/// A file of its own for each input.
 class SettingsFile {
  public:
   SettingsFile(const std::uint8_t* data, std::size_t size) {

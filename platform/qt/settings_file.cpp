@@ -48,8 +48,8 @@ std::optional<SettingsText::Values> SettingsFile::read() const {
   if (!info.isFile()) return std::nullopt;
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
-  const QByteArray text = file.read(largestFile);
-  if (file.error() != QFile::NoError) return std::nullopt;
+  const QByteArray text = file.read(largestFile + 1);
+  if (file.error() != QFile::NoError || text.size() > largestFile) return std::nullopt;
   return SettingsText::parse(text);
 }
 
