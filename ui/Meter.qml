@@ -72,7 +72,7 @@ Column {
             height: root.bar
             color: root.tuner.needleColor
 
-            // For a move that nobody sees, the screen would be drawn five times.
+            // For a move that nobody sees, the screen would be drawn three times.
             onTargetChanged: {
                 if (root.tuner.needleMoves(track.width, track.height, root.span, goal, target))
                     goal = target;

@@ -122,8 +122,8 @@ class TunerModel : public QObject {
   Q_INVOKABLE static QString scaleText(double span);
 
  signals:
-  // The two that every reading changes have signals of their own, so that it does not make the
-  // screen ask for all the rest.
+  // What every reading changes has signals of its own, so that it does not make the screen ask for
+  // all the rest.
   void readoutChanged();
   void centsChanged();
   void frequencyChanged();

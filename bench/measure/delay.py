@@ -1,7 +1,6 @@
 """From the onset of a string at the microphone to its name on the screen."""
 
 import array
-import statistics
 import time
 from typing import NamedTuple
 

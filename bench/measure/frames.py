@@ -25,7 +25,10 @@ def measure(subject: Subject, room: PipedRoom, seconds: float) -> Frames:
         time.sleep(2)
         shown = _changes(subject, seconds)
         room.hear_no_more()
-    return Frames(shown, math.floor(seconds * RATE / HOP))
+    expected = math.floor(seconds * RATE / HOP)
+    if shown > expected + 1:  # one more may begin or end within the time
+        raise RuntimeError(f"{shown} levels were seen of {expected} blocks")
+    return Frames(min(shown, expected), expected)
 
 
 def _restless(seconds: float) -> array.array:
@@ -43,11 +46,14 @@ def _restless(seconds: float) -> array.array:
 
 
 def _changes(subject: Subject, seconds: float) -> int:
-    changes, last = 0, subject.pixels(LEVEL)
+    """A picture counts once it has been seen twice: one that was just being drawn may be torn."""
+    changes, shown = 0, subject.pixels(LEVEL)
+    before = shown
     end = time.monotonic() + seconds
     while time.monotonic() < end:
         time.sleep(POLL_SECONDS)
         now = subject.pixels(LEVEL)
-        changes += now != last
-        last = now
+        changes += now == before != shown
+        shown = now if now == before else shown
+        before = now
     return changes

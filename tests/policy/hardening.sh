@@ -14,7 +14,7 @@ is "read-only after relocation" --program-headers "GNU_RELRO"
 is "bound at once" --dynamic "FLAGS.*\bNOW\b"
 is "without an executable stack" --program-headers "GNU_STACK\s.*\bRW\s"
 is "protected against smashed stacks" --dyn-syms "__stack_chk_fail"
-is "built with checked library calls" --dyn-syms "__[a-z]+_chk"
+is "built with checked library calls" --dyn-syms "__[a-z]+_chk(@|\s|$)"
 case $(uname -m) in
   x86_64)
     # The linker does not mark the program as a whole, because the C library's own start-up code,

@@ -28,6 +28,7 @@ FONTS_BUT_THE_ROUND_ONE = """<?xml version="1.0"?>
   <cachedir>{cache}</cachedir>
 </fontconfig>
 """
+LEVELS_OFF = 8
 STILL_SECONDS = 0.7  # ten frames of a slow machine
 
 LARGE_FONT = """[General]
@@ -190,7 +191,14 @@ class OtherUsers(DisplayTest):
 
     def assert_looks_as_usual(self, screen: Screen) -> None:
         screen.activate()
-        wait_until(lambda: screen.pixels() == self.picture, ANSWER_SECONDS, lambda: "not the same")
+        wait_until(lambda: looks_the_same(screen.pixels(), self.picture), ANSWER_SECONDS,
+                   lambda: "not the same")
+
+
+def looks_the_same(one: bytes, other: bytes) -> bool:
+    """But for what is lost in rounding where a curve is painted in parts, as after a move of the
+    mouse over it: up to 4 of 255 levels were seen."""
+    return len(one) == len(other) and all(abs(a - b) <= LEVELS_OFF for a, b in zip(one, other))
 
 
 def xprop(*arguments: str) -> str:
