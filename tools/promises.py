@@ -70,7 +70,8 @@ GROUPS: dict[str, list[Promise]] = {
         Promise("It talks to the display, the audio server and D-Bus alone, writes its preferences "
                 "alone, starts no program but the privacy page's opener, and loads no code from "
                 "the working directory or the user's home", r"system\.privacy"),
-        Promise("It is built with every protection that the compiler offers", r"policy\.hardening"),
+        Promise("It is position independent, read-only after relocation, bound at once, without an "
+                "executable stack, and built with stack, library call and control flow checks", r"policy\.hardening"),
     ],
     "It does what C++ defines": [
         Promise("Every plain C++ test under AddressSanitizer and UndefinedBehaviorSanitizer",
