@@ -11,6 +11,8 @@ namespace {
 constexpr std::size_t firstSilentBuffers = 2;
 /// PipeWire gives the first quantum of a device and loses the second, without a word.
 constexpr double secondsToSettle = 0.05;
+/// A PipeWire that was stopped goes on losing some quanta after it has begun again.
+constexpr std::size_t stallsTakeLonger = 4;
 
 }  // namespace
 
@@ -33,7 +35,10 @@ void MicrophoneFeed::expectSound(pa_mainloop_api& api) {
 }
 
 void MicrophoneFeed::append(const float* interleaved, std::size_t frames) {
-  if (std::exchange(silence, {}) > silence.zero()) interrupt();
+  if (std::exchange(silence, {}) > silence.zero()) {
+    interrupt();
+    unsettled *= stallsTakeLonger;
+  }
   if (timer) timer->arm(longestBreath, [this] { quiet(); });
   if (unsettled > 0) {
     unsettled -= std::min(unsettled, frames);
