@@ -8,6 +8,7 @@ PlainButton {
     required property string title
     required property bool chosen
     required property bool highlighted
+    required property bool ringed // the keyboard is here, and is used
     required property real indent // of the title
 
     activeFocusOnTab: false
@@ -24,7 +25,7 @@ PlainButton {
         radius: 7
         color: Qt.rgba(1, 1, 1, root.down ? 0.16 : root.highlighted ? 0.1 : 0)
         borderColor: TunerTheme.sharp
-        borderWidth: root.visualFocus ? 2 : 0
+        borderWidth: root.ringed ? 2 : 0
     }
 
     Symbol {

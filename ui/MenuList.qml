@@ -23,8 +23,10 @@ MenuView {
     function highlightAt(place: point): void {
         const inList = contentItem.mapFromItem(null, place);
         const row = itemAt(inList.x, inList.y) as MenuRow;
-        if (row && row.isEntryAt(inList.y - row.y))
-            currentIndex = row.index;
+        if (!row?.isEntryAt(inList.y - row.y))
+            return;
+        byKeyboard = false;
+        currentIndex = row.index;
     }
 
     // As far as there are entries.
@@ -39,6 +41,7 @@ MenuView {
     }
 
     Keys.onPressed: event => {
+        byKeyboard = true;
         if (event.key === Qt.Key_Home)
             moveBy(-count);
         else if (event.key === Qt.Key_End)

@@ -37,6 +37,7 @@ MouseArea {
     Keys.onBacktabPressed: event => event.accepted = true
 
     Component.onCompleted: {
+        list.byKeyboard = (control as PlainButton)?.visualFocus ?? false;
         list.showChosen();
         list.forceActiveFocus(Qt.PopupFocusReason);
     }

@@ -36,6 +36,7 @@ FocusScope {
         chosen: root.chosen
         indent: root.list?.indent ?? 0
         highlighted: root.ListView.isCurrentItem
+        ringed: highlighted && root.list.byKeyboard
         onClicked: root.list.pick(root.index, Qt.MouseFocusReason)
 
         Keys.onReturnPressed: root.list.pick(root.index, Qt.TabFocusReason)

@@ -4,6 +4,7 @@ import Corvane
 // What the rows of a menu know of the menu they stand in.
 ListView {
     required property MenuModel entries
+    property bool byKeyboard: false // was the highlight moved last
     readonly property real entryHeight: 28
     // Room for a checkmark before the titles, where an entry can have one.
     readonly property real indent: entries.chosenRow < 0 ? 10 : 30

@@ -227,6 +227,22 @@ ScreenTest {
         }
     }
 
+    function rings(list) {
+        return all(list, MenuEntry).filter(each => groundOf(each).borderWidth > 0).map(each => each.title);
+    }
+
+    function test_a_ring_shows_where_the_keyboard_is_while_it_is_used() {
+        const list = watched();
+        list.showChosen();
+        compare(rings(list), []);
+        keyClick(Qt.Key_Down);
+        compare(rings(list), ["Half step down"]);
+        const place = entryOf(list, "Drop D").mapToItem(null, 20, 10);
+        list.highlightAt(place);
+        compare(list.currentItem.title, "Drop D");
+        compare(rings(list), []);
+    }
+
     function test_a_pointer_that_lies_where_the_list_opens_leaves_the_highlight_alone() {
         mouseMove(test, 100, 100);
         const list = watched();

@@ -166,6 +166,16 @@ ScreenTest {
         verify(next.activeFocus);
     }
 
+    function test_a_list_that_a_key_opens_shows_where_the_keyboard_is() {
+        const opened = menu();
+        opened.control.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Space);
+        verify(listOf(opened).byKeyboard);
+        keyClick(Qt.Key_Escape);
+        mouseClick(opened.control);
+        verify(!listOf(opened).byKeyboard);
+    }
+
     function test_a_choice_by_a_press_gives_the_keyboard_back_unseen() {
         const opened = menu();
         mouseClick(opened.control);
