@@ -22,6 +22,17 @@ class Listening : public EngineTest {
     world.mainQueue->runAll();
   }
 
+  /// `analysed` counts the blocks.
+  void startExpectingBlocksOfOneValue(std::size_t& analysed) {
+    capture = PitchCapture::create(std::make_unique<InlineQueue>(), [&](auto block, double) {
+      ++analysed;
+      for (const float sample : block) EXPECT_EQ(sample, block.front());
+      return std::nullopt;
+    });
+    makeEngine();
+    engine->start();
+  }
+
   void push(std::size_t frames, float value, bool afterGap = false) {
     const std::vector<float> samples(frames, value);
     const float* channels[] = {samples.data()};
@@ -265,13 +276,7 @@ TEST_F(Listening, StopWhileStoppedIsHarmless) {
 
 TEST_F(Listening, SamplesFromBeforeAPauseNeverJoinThoseAfterIt) {
   std::size_t analysed = 0;
-  capture = PitchCapture::create(std::make_unique<InlineQueue>(), [&](auto block, double) {
-    ++analysed;
-    for (const float sample : block) EXPECT_EQ(sample, block.front());
-    return std::nullopt;
-  });
-  makeEngine();
-  engine->start();
+  startExpectingBlocksOfOneValue(analysed);
   push(4096, 0.25F);
   engine->stop();
   engine->start();
@@ -283,13 +288,7 @@ TEST_F(Listening, SamplesFromBeforeAPauseNeverJoinThoseAfterIt) {
 
 TEST_F(Listening, SamplesFromBeforeAGapNeverJoinThoseAfterIt) {
   std::size_t analysed = 0;
-  capture = PitchCapture::create(std::make_unique<InlineQueue>(), [&](auto block, double) {
-    ++analysed;
-    for (const float sample : block) EXPECT_EQ(sample, block.front());
-    return std::nullopt;
-  });
-  makeEngine();
-  engine->start();
+  startExpectingBlocksOfOneValue(analysed);
   push(4096, 0.25F);
   push(4096, 0.5F, true);
   EXPECT_EQ(analysed, 0U);

@@ -13,12 +13,12 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QTemporaryDir>
 #include <array>
 #include <cerrno>
 #include <cstring>
 
 #include "platform/qt/qt_preferences.h"
+#include "platform/qt/tests/settings_folder.h"
 #include "tests/support/figure.h"
 
 namespace corvane {
@@ -28,19 +28,10 @@ using testing::Optional;
 
 const QByteArray saved = "[General]\ntuner.a4=415\ntuner.instrument=bass\n";
 
-class PreferencesFaults : public testing::Test {
+class PreferencesFaults : public SettingsFolderTest {
  protected:
   PreferencesFaults() { QDir(folder.path()).mkdir("corvane"); }
 
-  void write(const QByteArray& content) const {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(content);
-  }
-  QByteArray read() const {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-  }
   QStringList files() const { return QDir(folder.filePath("corvane")).entryList(QDir::Files); }
 
   void expectSavedChoices() const {
@@ -56,11 +47,6 @@ class PreferencesFaults : public testing::Test {
     QCoreApplication::processEvents();
     EXPECT_THAT(preferences.number("tuner.a4"), Optional(a4));
   }
-
-  int argc = 0;
-  QCoreApplication app{argc, nullptr};
-  QTemporaryDir folder;
-  QString path = folder.filePath("corvane/corvane.conf");
 };
 
 /// Runs `body` as another program, whose failures are those of the test.

@@ -3,41 +3,25 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QLocale>
-#include <QTemporaryDir>
 #include <cmath>
+
+#include "platform/qt/tests/settings_folder.h"
 
 namespace corvane {
 namespace {
 
 using testing::Optional;
 
-class QtPreferencesTest : public testing::Test {
+class QtPreferencesTest : public SettingsFolderTest {
  protected:
-  void write(const QByteArray& content) const {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(content);
-  }
-  QByteArray read() const {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-  }
-
   void expectNothingStored() const {
     const QtPreferences preferences(path);
     EXPECT_EQ(preferences.string("tuner.instrument"), std::nullopt);
     EXPECT_EQ(preferences.number("tuner.a4"), std::nullopt);
     EXPECT_EQ(preferences.boolean("tuner.left"), std::nullopt);
   }
-
-  int argc = 0;
-  QCoreApplication app{argc, nullptr};
-  QTemporaryDir folder;
-  QString path = folder.filePath("corvane/corvane.conf");
 };
 
 TEST_F(QtPreferencesTest, AnAbsentFileHoldsNothing) {
