@@ -70,12 +70,14 @@ void Spoken::look() {
       emit announced();
     }
   }
-  if (now - wordsAt >= betweenWords) {
-    wordsAt = now;
-    setWords(current());
-  } else if (current() != words) {
+  if (Words latest = current(); latest != words) {
     const auto rest = wordsAt + betweenWords - now;
-    again = again ? std::min(*again, rest) : rest;
+    if (rest <= 0ms) {
+      wordsAt = now;
+      setWords(std::move(latest));
+    } else {
+      again = again ? std::min(*again, rest) : rest;
+    }
   }
   if (again) next.start(*again);
 }
@@ -96,8 +98,9 @@ Spoken::Words Spoken::current() const {
           meterInWords(now.heard, now.note, now.cents, 10.0), levelInWords(tuner.level())};
 }
 
-void Spoken::setWords(const Words& now) {
-  if (now == std::exchange(words, now)) return;
+void Spoken::setWords(Words now) {
+  if (now == words) return;
+  words = std::move(now);
   emit wordsChanged();
 }
 

@@ -58,7 +58,7 @@ class Spoken : public QObject, private QAccessible::ActivationObserver {
   void look();
   Commentary::Situation situation() const;
   Words current() const;
-  void setWords(const Words& next);
+  void setWords(Words now);
 
   const TunerModel& tuner;
   bool active = false;
