@@ -12,34 +12,12 @@ bool isDigit(QChar character) {
   return character >= u'0' && character <= u'9';
 }
 
-class Advances {
- public:
-  explicit Advances(const QFont& font) : metrics(font) {
-    for (const QChar digit : QStringLiteral("0123456789")) {
-      widestDigit = std::max(widestDigit, metrics.horizontalAdvance(digit));
-    }
+std::array<double, 10> measureDigits(const QFontMetricsF& metrics) {
+  std::array<double, 10> advances{};
+  for (char16_t digit = u'0'; digit <= u'9'; ++digit) {
+    advances[digit - u'0'] = metrics.horizontalAdvance(QChar(digit));
   }
-
-  double of(QChar character) const {
-    return isDigit(character) ? widestDigit : metrics.horizontalAdvance(character);
-  }
-
-  /// How far a digit is moved to stand in the middle of its place.
-  double indent(QChar character) const {
-    return (of(character) - metrics.horizontalAdvance(character)) / 2.0;
-  }
-
- private:
-  QFontMetricsF metrics;
-  double widestDigit = 0.0;
-};
-
-/// How wide `text` is when every digit takes the widest digit's place.
-double widthOf(const QString& text, const QFont& font) {
-  const Advances advances(font);
-  double width = 0.0;
-  for (const QChar character : text) width += advances.of(character);
-  return width;
+  return advances;
 }
 
 }  // namespace
@@ -54,6 +32,7 @@ void FixedDigits::setText(const QString& text) {
 void FixedDigits::setFont(const QFont& font) {
   if (font == drawnIn) return;
   drawnIn = font;
+  digitAdvances.reset();
   layOut();
   emit textChanged();
 }
@@ -74,19 +53,28 @@ void FixedDigits::componentComplete() {
 void FixedDigits::layOut() {
   if (!isComponentComplete()) return;
   const QFontMetricsF metrics(drawnIn);
-  setImplicitSize(std::ceil(widthOf(shown, drawnIn)), std::ceil(metrics.height()));
+  if (!digitAdvances) digitAdvances = measureDigits(metrics);
+  const double widestDigit = *std::ranges::max_element(*digitAdvances);
+  places.clear();
+  double x = 0.0;
+  for (const QChar character : shown) {
+    const double advance = isDigit(character)
+                               ? (*digitAdvances)[static_cast<std::size_t>(character.digitValue())]
+                               : metrics.horizontalAdvance(character);
+    const double width = isDigit(character) ? widestDigit : advance;
+    places.push_back({character, x + (width - advance) / 2.0});
+    x += width;
+  }
+  setImplicitSize(std::ceil(x), std::ceil(metrics.height()));
   setBaselineOffset(metrics.ascent());
   update();
 }
 
 void FixedDigits::paint(QPainter* painter) const {
-  const Advances advances(drawnIn);
   painter->setFont(drawnIn);
   painter->setPen(ink);
-  double x = 0.0;
-  for (const QChar character : shown) {
-    painter->drawText(QPointF(x + advances.indent(character), baselineOffset()), character);
-    x += advances.of(character);
+  for (const Place& place : places) {
+    painter->drawText(QPointF(place.x, baselineOffset()), place.character);
   }
 }
 

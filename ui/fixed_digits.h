@@ -5,6 +5,9 @@
 #include <QColor>
 #include <QFont>
 #include <QString>
+#include <array>
+#include <optional>
+#include <vector>
 
 #include "ui/vector_item.h"
 
@@ -40,11 +43,19 @@ class FixedDigits : public corvane::VectorItem {
   void componentComplete() override;
 
  private:
+  struct Place {
+    QString character;
+    double x;
+  };
+
   void layOut();
 
   QString shown;
   QFont drawnIn;
   QColor ink = Qt::white;
+  /// Of `drawnIn`, once it was needed: to measure ten digits takes longer than to draw a number.
+  std::optional<std::array<double, 10>> digitAdvances;
+  std::vector<Place> places;
 };
 
 }  // namespace corvane

@@ -42,7 +42,9 @@ class Picture:
 class Shape:
     """What stands out from a dark ground, whatever its colour."""
 
-    SAME = 0.02  # of the pixels: the edges of a letter come out a little different in each colour
+    # Of the pixels. The edges of a letter come out different in each colour, in up to 0.03 of them; two
+    # letters differ in more than 0.3.
+    SAME = 0.1
 
     def __init__(self, pixels: bytes):
         brightness = pixels[1::BYTES_PER_PIXEL]  # green, which every colour of a note has
