@@ -2,7 +2,9 @@
 """record.py README PROGRAM DETECTOR: puts what bench/program and bench/detector printed between the
 two marks in the readme."""
 
+import os
 import pathlib
+import platform
 import re
 import sys
 
@@ -13,7 +15,8 @@ END = "<!-- until here -->\n"
 def main(readme: str, program: str, detector: str) -> None:
     path = pathlib.Path(readme)
     before, between, after = parts(path.read_text())
-    tables = [pathlib.Path(program).read_text().strip(),
+    tables = [machine(pathlib.Path("/proc/cpuinfo").read_text()),
+              pathlib.Path(program).read_text().strip(),
               "```\n" + detector_table(pathlib.Path(detector).read_text()) + "\n```"]
     path.write_text(before + BEGIN + "\n" + "\n\n".join(tables) + "\n\n" + END + after)
 
@@ -26,9 +29,19 @@ def parts(text: str) -> tuple[str, str, str]:
     return before, between, after
 
 
+def machine(processors: str) -> str:
+    model = re.search(r"^model name\s*: (.+)$", processors, re.MULTILINE)
+    virtual = re.search(r"^flags\s*:.* hypervisor( |$)", processors, re.MULTILINE)
+    system = platform.freedesktop_os_release()["PRETTY_NAME"]
+    return (f"Measured on {os.cpu_count()} processors ({model[1] if model else platform.machine()}), "
+            f"{system}, Linux {platform.release()}{', in a virtual machine' if virtual else ''}:")
+
+
 def detector_table(printed: str) -> str:
-    """From its heading on; what comes before tells about the machine's clock."""
-    found = re.search(r"^one block of .*", printed, re.MULTILINE | re.DOTALL)
+    """With what it says of paths that were not measured; what comes before tells about the machine's
+    clock."""
+    found = re.search(r"^(?:Not measured: .*\n)*one block of .*", printed,
+                      re.MULTILINE | re.DOTALL)
     if found is None:
         raise SystemExit("record.py: the detector's table is missing")
     return found[0].strip()
