@@ -36,9 +36,8 @@ function(corvane_tests name)
   include(GoogleTest)
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE ${arg_USES} corvane_options GTest::gmock GTest::gtest_main)
-  # What is tested is compiled as it is used. The tests around it take much longer to optimise than to
-  # run; fortified library calls would need that they are.
-  target_compile_options(${name} PRIVATE -O0 -U_FORTIFY_SOURCE)
+  # What is tested is compiled as it is used; the tests around it take longer to optimise than to run.
+  target_compile_options(${name} PRIVATE -O0)
   corvane_precompile_test_headers(${name})
   gtest_discover_tests(${name} TEST_PREFIX ${name}. DISCOVERY_TIMEOUT 60
                        PROPERTIES TIMEOUT 120 ${arg_PROPERTIES})

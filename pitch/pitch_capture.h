@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "base/audio_buffer.h"
-#include "pitch/in_place_function.h"
+#include "base/in_place_function.h"
 #include "pitch/pitch_detector.h"
 #include "pitch/serial_queue.h"
 

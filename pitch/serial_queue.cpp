@@ -1,9 +1,10 @@
 #include "pitch/serial_queue.h"
 
 #include <condition_variable>
-#include <list>
 #include <mutex>
 #include <utility>
+
+#include "base/job_list.h"
 
 #if defined(__linux__)
 #include <pthread.h>
@@ -23,15 +24,12 @@ void nameThisThread([[maybe_unused]] const std::string& label) {
 struct SerialQueue::State {
   std::mutex lock;
   std::condition_variable changed;
-  std::list<Job> jobs;
-  std::list<Job> spare;  ///< empty places, used again instead of allocating new ones
+  JobList<Job> jobs;
   bool ending = false;
 
   void add(Job job) {
     const std::lock_guard held(lock);
-    if (spare.empty()) spare.emplace_front();
-    spare.front() = std::move(job);
-    jobs.splice(jobs.end(), spare, spare.begin());
+    jobs.add(std::move(job));
   }
 
   /// The next job, waited for; nothing once the queue is ending and empty.
@@ -39,9 +37,7 @@ struct SerialQueue::State {
     std::unique_lock held(lock);
     changed.wait(held, [this] { return ending || !jobs.empty(); });
     if (jobs.empty()) return nullptr;
-    Job job = std::move(jobs.front());
-    spare.splice(spare.begin(), jobs, jobs.begin());
-    return job;
+    return jobs.take();
   }
 };
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <thread>
 
-#include "pitch/in_place_function.h"
+#include "base/in_place_function.h"
 
 namespace corvane {
 

@@ -3,10 +3,10 @@
 #include <functional>
 
 #include "pitch/normalised_difference.h"
-#include "pitch/tests/allocation_count.h"
 #include "pitch/tests/capture_probe.h"
 #include "pitch/tests/difference_paths.h"
 #include "pitch/tests/threads.h"
+#include "tests/support/allocation_count.h"
 
 namespace corvane {
 namespace {

@@ -47,8 +47,8 @@ void PulseConnection::open() {
 PulseSession::Observer PulseConnection::observer() {
   const auto post = [this, &queue = mainQueue, weak = std::weak_ptr(attempt)](
                         State state, const ServerFacts& facts) {
-    queue.async([this, weak, state, facts] {
-      if (!weak.expired()) settle(state, facts);
+    queue.async([this, weak, state, facts = std::make_shared<const ServerFacts>(facts)] {
+      if (!weak.expired()) settle(state, *facts);
     });
   };
   return {.facts = [post](const ServerFacts& facts) { post(State::connected, facts); },

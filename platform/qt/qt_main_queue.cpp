@@ -1,12 +1,61 @@
 #include "platform/qt/qt_main_queue.h"
 
-#include <QMetaObject>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <QSocketNotifier>
+#include <cstdint>
+#include <mutex>
 #include <utility>
+
+#include "base/job_list.h"
+#include "base/require.h"
 
 namespace corvane {
 
-void QtMainQueue::async(std::function<void()> job) {
-  QMetaObject::invokeMethod(receiver.get(), std::move(job), Qt::QueuedConnection);
+/// Wakes the main thread through a descriptor: an event of Qt's would be allocated for every job.
+class QtMainQueue::Inbox final : public QObject {
+ public:
+  Inbox() {
+    require(wake >= 0, "the program starts with descriptors to spare");
+    connect(&notifier, &QSocketNotifier::activated, this, &Inbox::run);
+  }
+
+  ~Inbox() override { ::close(wake); }
+
+  void add(Job job) {
+    const std::lock_guard held(lock);
+    jobs.add(std::move(job));
+    if (!std::exchange(awake, true)) ::eventfd_write(wake, 1);
+  }
+
+ private:
+  void run() {
+    while (Job job = next()) job();
+  }
+
+  Job next() {
+    const std::lock_guard held(lock);
+    if (!jobs.empty()) return jobs.take();
+    eventfd_t count = 0;
+    ::eventfd_read(wake, &count);
+    awake = false;
+    return nullptr;
+  }
+
+  std::mutex lock;
+  JobList<Job> jobs;   ///< under `lock`
+  bool awake = false;  ///< under `lock`: the main thread was woken and has not found all done since
+  int wake = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+  QSocketNotifier notifier{wake, QSocketNotifier::Read};
+};
+
+QtMainQueue::QtMainQueue() : inbox(new Inbox) {}
+
+QtMainQueue::~QtMainQueue() = default;
+
+void QtMainQueue::async(Job job) {
+  inbox->add(std::move(job));
 }
 
 }  // namespace corvane

@@ -27,7 +27,7 @@ class ManualClock final : public Clock {
 /// Keeps jobs from any thread until the test, as the main thread, runs them.
 class ManualMainQueue final : public MainQueue {
  public:
-  void async(std::function<void()> job) override {
+  void async(Job job) override {
     const std::lock_guard held(lock);
     jobs.push_back(std::move(job));
   }
@@ -43,7 +43,7 @@ class ManualMainQueue final : public MainQueue {
   }
 
  private:
-  std::function<void()> take() {
+  Job take() {
     const std::lock_guard held(lock);
     if (jobs.empty()) return nullptr;
     auto job = std::move(jobs.front());
@@ -52,7 +52,7 @@ class ManualMainQueue final : public MainQueue {
   }
 
   std::mutex lock;
-  std::deque<std::function<void()>> jobs;
+  std::deque<Job> jobs;
 };
 
 /// A microphone that delivers what the test pushes into its tap.

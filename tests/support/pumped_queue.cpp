@@ -7,7 +7,7 @@ namespace corvane::support {
 
 using Clock = std::chrono::steady_clock;
 
-void PumpedQueue::async(std::function<void()> job) {
+void PumpedQueue::async(Job job) {
   {
     const std::lock_guard held(lock);
     jobs.push_back(std::move(job));
@@ -28,7 +28,7 @@ bool PumpedQueue::pumpUntil(const std::function<bool()>& condition, Duration lim
   return true;
 }
 
-std::function<void()> PumpedQueue::next() {
+MainQueue::Job PumpedQueue::next() {
   std::unique_lock held(lock);
   submitted.wait_for(held, std::chrono::milliseconds(5), [this] { return !jobs.empty(); });
   if (jobs.empty()) return nullptr;

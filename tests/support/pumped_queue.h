@@ -15,7 +15,7 @@ class PumpedQueue final : public MainQueue {
  public:
   using Duration = std::chrono::steady_clock::duration;
 
-  void async(std::function<void()> job) override;
+  void async(Job job) override;
 
   /// Runs jobs until `condition`, which it looks at after each job and every few milliseconds,
   /// holds; false when it does not within `limit`.
@@ -25,11 +25,11 @@ class PumpedQueue final : public MainQueue {
   Duration longestJob() const { return longest; }
 
  private:
-  std::function<void()> next();
+  Job next();
 
   std::mutex lock;
   std::condition_variable submitted;
-  std::deque<std::function<void()>> jobs;  ///< under `lock`
+  std::deque<Job> jobs;  ///< under `lock`
   Duration longest{0};
 };
 

@@ -67,14 +67,14 @@ class NoUrlOpener final : public UrlOpener {
 /// Runs its jobs when it is told to, on the one thread there is.
 class PumpedQueue final : public MainQueue {
  public:
-  void async(std::function<void()> job) override { jobs.push_back(std::move(job)); }
+  void async(Job job) override { jobs.push_back(std::move(job)); }
 
   void pump() {
     for (; !jobs.empty(); jobs.pop_front()) jobs.front()();
   }
 
  private:
-  std::deque<std::function<void()>> jobs;
+  std::deque<Job> jobs;
 };
 
 }  // namespace corvane::replay

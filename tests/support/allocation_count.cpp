@@ -1,7 +1,7 @@
 // Replaces the global operators of the whole program, each form of them: those of the standard
 // library come down to a few, but those of a sanitizer do not.
 
-#include "pitch/tests/allocation_count.h"
+#include "tests/support/allocation_count.h"
 
 #include <cstdlib>
 #include <new>

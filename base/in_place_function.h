@@ -27,11 +27,11 @@ class InPlaceFunction<Result(Arguments...), capacity> {
   requires(!std::same_as<std::remove_cvref_t<F>, InPlaceFunction> &&
            std::is_invocable_r_v<Result, std::decay_t<F>&, Arguments...>)
       InPlaceFunction(F&& callable) {
-    using Held = std::decay_t<F>;
-    static_assert(sizeof(Held) <= capacity && alignof(Held) <= alignof(void*));
-    static_assert(std::is_nothrow_move_constructible_v<Held>);
-    new (storage) Held(std::forward<F>(callable));
-    operations = &operationsOf<Held>;
+    using Callable = std::decay_t<F>;
+    static_assert(sizeof(Callable) <= capacity && alignof(Callable) <= alignof(void*));
+    static_assert(std::is_nothrow_move_constructible_v<Callable>);
+    new (storage) Callable(std::forward<F>(callable));
+    operations = &operationsOf<Callable>;
   }
 
   InPlaceFunction(const InPlaceFunction& other) : operations(other.operations) {
@@ -71,17 +71,17 @@ class InPlaceFunction<Result(Arguments...), capacity> {
     void (*destroy)(void*);
   };
 
-  template <class Held>
+  template <class Callable>
   static constexpr Operations operationsOf = {
       [](void* held, Arguments&&... arguments) -> Result {
-        return std::invoke(*static_cast<Held*>(held), std::forward<Arguments>(arguments)...);
+        return std::invoke(*static_cast<Callable*>(held), std::forward<Arguments>(arguments)...);
       },
-      [](void* to, const void* from) { new (to) Held(*static_cast<const Held*>(from)); },
+      [](void* to, const void* from) { new (to) Callable(*static_cast<const Callable*>(from)); },
       [](void* to, void* from) {
-        new (to) Held(std::move(*static_cast<Held*>(from)));
-        static_cast<Held*>(from)->~Held();
+        new (to) Callable(std::move(*static_cast<Callable*>(from)));
+        static_cast<Callable*>(from)->~Callable();
       },
-      [](void* held) { static_cast<Held*>(held)->~Held(); },
+      [](void* held) { static_cast<Callable*>(held)->~Callable(); },
   };
 
   const Operations* operations = nullptr;

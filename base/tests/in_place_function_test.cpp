@@ -1,4 +1,4 @@
-#include "pitch/in_place_function.h"
+#include "base/in_place_function.h"
 
 #include <gtest/gtest.h>
 
