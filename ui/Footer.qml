@@ -45,7 +45,11 @@ Row {
             Accessible.ignored: true
         }
 
-        HoverHandler {
+        // Not a handler of hover: while the pointer rests on the window, Qt 6.4 adds each one to a list
+        // of its own with every frame.
+        MouseArea {
+            anchors.fill: parent
+            acceptedButtons: Qt.NoButton
             cursorShape: Qt.PointingHandCursor
         }
     }
