@@ -28,9 +28,9 @@ void MicrophoneFeed::begin(const AudioFormat& format) {
   if (tap) collector.emplace(bufferFrames, format, tap);
 }
 
-void MicrophoneFeed::expectSound(pa_mainloop_api& api) {
+void MicrophoneFeed::expectSound(Timers& timers) {
   if (timer) return;
-  timer.emplace(api);
+  timer.emplace(timers);
   timer->arm(longestBreath, [this] { quiet(); });
 }
 

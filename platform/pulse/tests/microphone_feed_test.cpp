@@ -120,7 +120,7 @@ TEST_F(MicrophoneFeedTest, WhereSoundIsExpectedAndDoesNotComeThereIsSilence) {
   begin();
   settle();
   append(1, 15);
-  onLoop([this] { feed.expectSound(*loop.api()); });
+  onLoop([this] { feed.expectSound(loop.timers()); });
   ASSERT_TRUE(waitForBuffers(5));
   const auto all = delivered();
   EXPECT_TRUE(all[1].afterGap);
@@ -134,7 +134,7 @@ TEST_F(MicrophoneFeedTest, WhereSoundIsExpectedAndDoesNotComeThereIsSilence) {
 
 TEST_F(MicrophoneFeedTest, SoundAfterSilenceIsNotJoinedToIt) {
   begin();
-  onLoop([this] { feed.expectSound(*loop.api()); });
+  onLoop([this] { feed.expectSound(loop.timers()); });
   ASSERT_TRUE(waitForBuffers(2));
   const std::size_t before = delivered().size();
   // After a stall it settles four times as long.
