@@ -1,7 +1,5 @@
 #include "platform/qt/settings_writer.h"
 
-#include <pthread.h>
-
 #include <system_error>
 #include <utility>
 
@@ -49,7 +47,6 @@ void SettingsWriter::start() try {
 }
 
 void SettingsWriter::run() {
-  pthread_setname_np(pthread_self(), "corvane.saving");
   BackOff pauses(shortestPause, longestPause);
   std::optional<milliseconds> pause;
   while (takeChanges(pause)) {
