@@ -11,8 +11,9 @@ namespace {
 constexpr std::size_t firstSilentBuffers = 2;
 /// PipeWire gives the first quantum of a device and loses the second, without a word.
 constexpr double secondsToSettle = 0.05;
-/// A PipeWire that was stopped goes on losing some quanta after it has begun again.
-constexpr std::size_t stallsTakeLonger = 4;
+/// A PipeWire that was stopped goes on losing some quanta after it has begun again, for 0.4 s on a
+/// busy machine.
+constexpr std::size_t stallsTakeLonger = 10;
 
 }  // namespace
 

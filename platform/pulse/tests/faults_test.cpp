@@ -224,16 +224,22 @@ TEST_P(Faults, TheMicrophoneIsMuted) {
   });
 }
 
+/// PipeWire's own microphones give zeros from then on, which nobody can tell from muted ones, until
+/// they are opened anew, of several channels only the first even then; those that it makes of other
+/// sources take no notice.
 TEST_P(Faults, TheMicrophoneIsSuspended) {
-  if (GetParam() == support::AudioServer::Kind::pipeWire) {
-    GTEST_SKIP() << "PipeWire's virtual microphone then goes on with zeros for ever, which nobody "
-                    "can tell from a muted one; the next start hears it again";
-  }
-  goThrough([this](std::uint32_t) {
-    server.pactl({"suspend-source", "mic", "1"});
+  const bool staysSilent = GetParam() == support::AudioServer::Kind::pipeWire;
+  server.addMicrophone("other", 48000, 1);
+  play("other", 2, {48000.0, 1}, 20.0 + 5.0 * roundCount());
+  ASSERT_NO_FATAL_FAILURE(expectSound(2));
+  goThrough([this, staysSilent](std::uint32_t) {
+    server.pactl({"suspend-source", "other", "1"});
     ASSERT_NO_FATAL_FAILURE(expectSilence());
-    server.pactl({"suspend-source", "mic", "0"});
-    ASSERT_NO_FATAL_FAILURE(expectSound(1));
+    server.pactl({"suspend-source", "other", "0"});
+    if (staysSilent) {
+      ASSERT_EQ(client.listen(), true);
+    }
+    ASSERT_NO_FATAL_FAILURE(expectSound(2));
   });
 }
 

@@ -34,10 +34,11 @@ std::string Joints::fault(const CodedFrame& frame) const {
   const bool wentOn = frame.number == frameAfter(last.number, heard.silence + 1);
   if (frame.room == last.room && (waited || wentOn)) return {};
   return text(frame) + " follows " + text(last) + " after " + std::to_string(heard.silence) +
-         " of silence";
+         " of silence, " + std::to_string(position) + " frames into the stretch";
 }
 
 void Joints::take(const CodedFrame& frame) {
+  ++position;
   if (!frame.isSilence()) {
     heard = {frame};
   } else {

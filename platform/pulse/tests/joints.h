@@ -35,6 +35,7 @@ class Joints {
   bool begun = false;
   double sampleRate = 0.0;
   std::size_t channels = 0;
+  std::size_t position = 0;  ///< in the stretch
   Heard heard;
 };
 

@@ -137,8 +137,8 @@ TEST_F(MicrophoneFeedTest, SoundAfterSilenceIsNotJoinedToIt) {
   onLoop([this] { feed.expectSound(loop.timers()); });
   ASSERT_TRUE(waitForBuffers(2));
   const std::size_t before = delivered().size();
-  // After a stall it settles four times as long.
-  append(9000, 200);
+  // After a stall it settles ten times as long.
+  append(9000, 500);
   append(1, 10);
   ASSERT_GT(delivered().size(), before);
   EXPECT_TRUE(delivered()[before].afterGap);
