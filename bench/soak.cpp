@@ -6,12 +6,14 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <vector>
 
 #include "bench/soak_session.h"
+#include "tests/support/figure.h"
 
 namespace {
 
@@ -99,12 +101,13 @@ int main(int argc, char** argv) {
   const double growth = residentMemory() - memory;
   const double took = secondsSince(begun);
 
-  std::printf(
-      "%d hours of %g minutes, %zu buffers, a note heard in %.0f %% of them, in %.0f s "
-      "(%.0f times as fast as they sound): every hour equals the first to the bit; memory "
-      "%.0f kB after the first, %+.0f kB after the last (at most %.0f allowed)\n",
-      count, minutes, static_cast<std::size_t>(count) * hours.buffers(), 100.0 * share, took,
-      60.0 * minutes * count / took, memory, growth, mostGrowth);
+  corvane::figure("hours of audio", count * minutes / 60.0);
+  corvane::figure("buffers", static_cast<std::size_t>(count) * hours.buffers());
+  corvane::figure("of them with a note heard, %", std::lround(100.0 * share));
+  corvane::figure("hours equal to the first to the bit", count - 1);
+  corvane::figure("kB in memory after the first hour", memory);
+  corvane::figure("kB grown until the last", growth);
+  corvane::figure("times as fast as it sounds", std::lround(60.0 * minutes * count / took));
   if (!(memory > 0.0)) return fail("the system does not tell what is in memory", 0);
   if (!(growth <= mostGrowth)) return fail("memory grows, in kB", static_cast<std::size_t>(growth));
   return 0;

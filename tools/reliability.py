@@ -8,10 +8,11 @@ reliability.py --names BUILD
 reliability.py RESULTS DOCUMENT
     writes DOCUMENT. The directory RESULTS has PRESET.xml, in the format of JUnit, from each run of
     ctest, and, of each command that was run, what it printed in a file of its name with "-" for "/"
-    and ".log" behind it; a command that was not keeps the figures that DOCUMENT has of it. Fails,
-    naming them, when there are promises that nothing shows.
+    and ".log" behind it, or ".failed" when it failed; a command that was not run keeps the figures
+    that DOCUMENT has of it. Fails, naming them, when there are promises that nothing shows, and says
+    for each of them why.
 
-A test tells a figure in a line "figure: WHAT = VALUE".
+A test tells a figure in a line "figure: WHAT = VALUE", or "figure: CASE: WHAT = VALUE".
 """
 
 import json
@@ -21,29 +22,47 @@ import subprocess
 import sys
 import xml.etree.ElementTree
 from collections.abc import Iterable
+from typing import NamedTuple
 
 from promises import GROUPS, PROMISES, Promise
 
-FIGURE = re.compile(r"^(?:.*[ \t])?figure: (.+) = (.+)$", re.MULTILINE)
+FIGURE = re.compile(r"^(?:.*[ \t])?figure: (?:.+: )?(.+) = (.+)$", re.MULTILINE)
+# What a test says when it is skipped: GoogleTest in the line below the place, unittest behind "skipped".
+REASON = re.compile(r"(?:: Skipped\n|\bskipped ['\"])([^\n'\"]+)")
 HEAD = """# What the program can be relied on for
 
 Written by `tools/reliability`, which runs the tests, from what they print; not by hand. Where several
-tests tell the same figure, the least and the largest of it are given.
+tests, or cases of one, tell the same figure, the least and the largest of it are given.
 """
 
 
+class Cell(NamedTuple):
+    """What stands beside a promise, and why that does not show it, which is nothing when it does."""
+
+    told: list[str]
+    fault: str = ""
+
+
 class Run:
-    """What one run of ctest has told: the output of each test that was run and passed."""
+    """What one run of ctest has told of each test, by its name."""
 
     def __init__(self, file: pathlib.Path):
-        self.passed: dict[str, str] = {}
+        self.passed: dict[str, str] = {}  # what it printed
+        self.skipped: dict[str, str] = {}  # why
         self.failed: list[str] = []
         cases = xml.etree.ElementTree.parse(file).iter("testcase") if file.exists() else ()
         for case in cases:
-            if case.get("status") == "run":
-                self.passed[case.get("name")] = case.findtext("system-out") or ""
-            elif case.get("status") == "fail":
-                self.failed.append(case.get("name"))
+            # GoogleTest says behind "#" with what it was run.
+            name = case.get("name").partition("  #")[0]
+            output = case.findtext("system-out") or ""
+            match case.get("status"):
+                case "run":
+                    self.passed[name] = output
+                case "notrun":
+                    reason = REASON.search(output)
+                    self.skipped[name] = reason[1].strip() if reason else "it does not say why"
+                case _:
+                    self.failed.append(name)
 
 
 def names_matching(promise: Promise, names: Iterable[str]) -> list[str]:
@@ -69,35 +88,46 @@ def spread(values: list[str]) -> str:
     return low if low == high else f"{low} to {high}"
 
 
-def figures_from_tests(promise: Promise, run: Run) -> list[str] | None:
-    """None when nothing shows the promise."""
+def from_tests(promise: Promise, run: Run) -> Cell:
     passed = names_matching(promise, run.passed)
-    if not passed or names_matching(promise, run.failed):
-        return None
-    return [f"{len(passed)} passed"] + figures(run.passed[name] for name in passed)
+    skipped = [f"skipped: {name.rpartition('.')[2]}, for {run.skipped[name]}"
+               for name in names_matching(promise, run.skipped)]
+    failed = names_matching(promise, run.failed)
+    if failed:
+        return Cell([f"{len(failed)} FAILED"], f"failed: {', '.join(failed)}")
+    if not passed:
+        return Cell(skipped or ["none"], "no such test has passed")
+    return Cell([f"{len(passed)} passed"] + skipped + figures(run.passed[name] for name in passed))
 
 
-def figures_from_command(promise: Promise, results: pathlib.Path, before: str) -> list[str] | None:
+def from_command(promise: Promise, results: pathlib.Path, before: str) -> Cell:
     log = results / (promise.command.replace("/", "-") + ".log")
+    failure = log.with_suffix(".failed")
+    if failure.exists():
+        return Cell(["FAILED"], f"it failed, see {failure.name}")
     if log.exists():
-        return figures([log.read_text(errors="replace")]) or None
+        told = figures([log.read_text(errors="replace")])
+        return Cell(told) if told else Cell(["none"], f"no figure stands in {log.name}")
     row = re.search(rf"^\| .* \| `{re.escape(promise.command)}` \| (.+) \|$", before, re.MULTILINE)
-    return row[1].split("; ") if row and row[1] != "none" else None
+    if row and row[1] not in ("none", "FAILED"):
+        return Cell(row[1].split("; "))
+    return Cell(["none"], "it was never run")
 
 
 def write(results: pathlib.Path, document: pathlib.Path) -> list[str]:
-    """The promises that nothing shows."""
+    """The promises that nothing shows, and why."""
     before = document.read_text(encoding="utf-8") if document.exists() else ""
     runs = {preset: Run(results / f"{preset}.xml") for preset in {p.preset for p in PROMISES}}
     lines, unshown = [HEAD], []
     for title, promises in GROUPS.items():
         lines += [f"## {title}\n", "| Promise | Shown by | Last figures |", "|---|---|---|"]
         for promise in promises:
-            told = (figures_from_command(promise, results, before) if promise.command
-                    else figures_from_tests(promise, runs[promise.preset]))
-            unshown += [promise.text] if told is None else []
+            cell = (from_command(promise, results, before) if promise.command
+                    else from_tests(promise, runs[promise.preset]))
+            unshown += [f"{promise.shown_by}: {cell.fault}"] if cell.fault else []
             shown_by = promise.shown_by.replace("|", "\\|")
-            lines.append(f"| {promise.text} | `{shown_by}` | {'; '.join(told or ['none'])} |")
+            told = "; ".join(cell.told).replace("|", "\\|")
+            lines.append(f"| {promise.text} | `{shown_by}` | {told} |")
         lines.append("")
     document.write_text("\n".join(lines), encoding="utf-8")
     return unshown
@@ -119,8 +149,8 @@ def main(arguments: list[str]) -> int:
         case ["--names", build]:
             lacking = missing(build)
         case [results, document]:
-            lacking = [f"nothing shows: {text}"
-                       for text in write(pathlib.Path(results), pathlib.Path(document))]
+            lacking = [f"not shown by {reason}"
+                       for reason in write(pathlib.Path(results), pathlib.Path(document))]
         case _:
             print(__doc__, file=sys.stderr)
             return 2

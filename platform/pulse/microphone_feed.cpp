@@ -11,8 +11,9 @@ namespace {
 constexpr std::size_t firstSilentBuffers = 2;
 /// PipeWire gives the first quantum of a device and loses the second, without a word.
 constexpr double secondsToSettle = 0.05;
-/// A PipeWire that was stopped goes on losing some quanta after it has begun again.
-constexpr std::size_t stallsTakeLonger = 4;
+/// A PipeWire that was stopped goes on losing some quanta after it has begun again, for 0.4 s on a
+/// busy machine.
+constexpr std::size_t stallsTakeLonger = 10;
 
 }  // namespace
 
@@ -28,9 +29,9 @@ void MicrophoneFeed::begin(const AudioFormat& format) {
   if (tap) collector.emplace(bufferFrames, format, tap);
 }
 
-void MicrophoneFeed::expectSound(pa_mainloop_api& api) {
+void MicrophoneFeed::expectSound(Timers& timers) {
   if (timer) return;
-  timer.emplace(api);
+  timer.emplace(timers);
   timer->arm(longestBreath, [this] { quiet(); });
 }
 

@@ -30,7 +30,7 @@ class MicrophoneFeed {
   /// What comes from now on is in `format`.
   void begin(const AudioFormat& format);
   /// Sound should come from now on, so that its absence counts.
-  void expectSound(pa_mainloop_api& api);
+  void expectSound(Timers& timers);
   /// `interleaved` frames of the format of `begin`, or silence when it is null.
   void append(const float* interleaved, std::size_t frames);
   /// What comes next does not follow what has come.

@@ -6,17 +6,9 @@
 #include <utility>
 
 namespace corvane {
-namespace {
-
-/// Soon enough that a server that was restarted is back in no time, seldom enough for one that
-/// never comes.
-constexpr std::chrono::milliseconds shortestPause{200};
-constexpr std::chrono::milliseconds longestPause{1000};
-
-}  // namespace
 
 PulseConnection::PulseConnection(MainQueue& queue)
-    : mainQueue(queue), pause(shortestPause), lifetime(std::make_shared<char>()) {}
+    : mainQueue(queue), lifetime(std::make_shared<char>()) {}
 
 PulseConnection::~PulseConnection() {
   loop.async([this] {
@@ -38,7 +30,7 @@ void PulseConnection::open() {
   attempt = std::make_shared<char>();
   loop.async([this, watching = observer()] {
     if (loop.api() == nullptr) return watching.ended(PA_ERR_INTERNAL);
-    session = std::make_unique<PulseSession>(*loop.api(), watching);
+    session = std::make_unique<PulseSession>(*loop.api(), loop.timers(), watching);
   });
 }
 
@@ -64,7 +56,7 @@ void PulseConnection::settle(State state, const ServerFacts& facts) {
   if (state != State::connected && std::exchange(attempt, nullptr) != nullptr) {
     loop.async([this] { session.reset(); });
   }
-  if (state == State::connected) pause = shortestPause;
+  if (state == State::connected) pauses.reset();
   for (const auto& settled : std::exchange(waiting, {})) settled(state);
   tellWatchers();
   if (attempt == nullptr) tryLater();
@@ -101,12 +93,10 @@ void PulseConnection::tryLater() {
       if (!weak.expired()) tryAgain();
     });
   };
-  loop.async([this, again, delay = pause] {
-    if (loop.api() == nullptr) return;
-    if (!nextAttempt) nextAttempt.emplace(*loop.api());
+  loop.async([this, again, delay = pauses.next()] {
+    if (!nextAttempt) nextAttempt.emplace(loop.timers());
     nextAttempt->arm(delay, again);
   });
-  pause = std::min(2 * pause, longestPause);
 }
 
 void PulseConnection::tryAgain() {

@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "platform/back_off.h"
 #include "platform/main_queue.h"
 #include "platform/pulse/pulse_loop.h"
 #include "platform/pulse/pulse_session.h"
@@ -67,7 +68,9 @@ class PulseConnection {
   std::vector<Settled> waiting;
   std::vector<std::weak_ptr<const std::function<void()>>> watchers;
   bool recordingRefused = false;
-  std::chrono::milliseconds pause;        ///< before the next attempt that nobody asks for
+  /// Before an attempt that nobody asks for: soon enough that a server that was restarted is back
+  /// in no time, seldom enough for one that never comes.
+  BackOff pauses{std::chrono::milliseconds(200), std::chrono::milliseconds(1000)};
   std::shared_ptr<void> attempt;          ///< from `open` until its session has ended
   std::shared_ptr<void> lifetime;         ///< of this object
   std::unique_ptr<PulseSession> session;  ///< on the loop's thread only

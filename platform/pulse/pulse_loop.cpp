@@ -1,19 +1,21 @@
 #include "platform/pulse/pulse_loop.h"
 
-#include <poll.h>
 #include <pthread.h>
-#include <pulse/mainloop.h>
 #include <signal.h>
 #include <sys/eventfd.h>
 #include <unistd.h>
 
-#include <memory>
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
 #include <utility>
 
 #include "base/require.h"
 
 namespace corvane {
 namespace {
+
+constexpr std::chrono::milliseconds breather{10};
 
 /// A thread that takes no signals: they are the business of the threads that expect them.
 std::thread startWithoutSignals(std::function<void()> body) {
@@ -26,6 +28,23 @@ std::thread startWithoutSignals(std::function<void()> body) {
   return started;
 }
 
+/// For `poll`: no earlier than `moment`, and -1 for the end of time.
+int millisecondsUntil(std::optional<Timers::Clock::time_point> moment) {
+  if (!moment) return -1;
+  const auto left =
+      std::chrono::ceil<std::chrono::milliseconds>(*moment - Timers::Clock::now()).count();
+  return static_cast<int>(std::clamp<std::int64_t>(left, 0, 1'000'000));
+}
+
+int sooner(int one, int other) {
+  return one < 0 || other < 0 ? std::max(one, other) : std::min(one, other);
+}
+
+void forget(int wakeup) {
+  eventfd_t count = 0;
+  eventfd_read(wakeup, &count);
+}
+
 }  // namespace
 
 PulseLoop::PulseLoop() : wakeup(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
@@ -34,10 +53,7 @@ PulseLoop::PulseLoop() : wakeup(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
 }
 
 PulseLoop::~PulseLoop() {
-  async([this] {
-    over = true;
-    if (mainloopApi != nullptr) mainloopApi->quit(mainloopApi, 0);
-  });
+  async([this] { over = true; });
   thread.join();
   close(wakeup);
 }
@@ -50,47 +66,64 @@ void PulseLoop::async(Job job) {
   eventfd_write(wakeup, 1);
 }
 
+pa_mainloop_api* PulseLoop::api() const {
+  return mainloop == nullptr ? nullptr : pa_mainloop_get_api(mainloop.get());
+}
+
 void PulseLoop::run() {
   pthread_setname_np(pthread_self(), "corvane.pulse");
   while (!over) {
-    if (runMainloop()) continue;
+    if (mainloop == nullptr) openMainloop();
     runJobs();
-    if (!over) waitForJobs();
+    if (over) break;
+    mainloop != nullptr ? iterate() : waitForJobs();
+    loopTimers.callDue();
   }
+  mainloop.reset();
 }
 
-/// False when the system has no loop for us: descriptors are short.
-bool PulseLoop::runMainloop() {
-  const std::unique_ptr<pa_mainloop, decltype(&pa_mainloop_free)> mainloop(pa_mainloop_new(),
-                                                                           pa_mainloop_free);
-  if (mainloop == nullptr) return false;
-  mainloopApi = pa_mainloop_get_api(mainloop.get());
-  const auto wake = [](pa_mainloop_api*, pa_io_event*, int, pa_io_event_flags_t, void* loop) {
-    static_cast<PulseLoop*>(loop)->runJobs();
-  };
-  pa_io_event* const event =
-      mainloopApi->io_new(mainloopApi, wakeup, PA_IO_EVENT_INPUT, wake, this);
-  const bool ran = pa_mainloop_run(mainloop.get(), nullptr) >= 0;
-  require(ran || !used, "a loop that has begun goes on");
-  mainloopApi->io_free(event);
-  mainloopApi = nullptr;
-  return ran;
+void PulseLoop::iterate() {
+  pa_mainloop_iterate(mainloop.get(), 1, nullptr);
 }
 
-void PulseLoop::waitForJobs() const {
+void PulseLoop::waitForJobs() {
   pollfd jobsWaiting{.fd = wakeup, .events = POLLIN, .revents = 0};
-  poll(&jobsWaiting, 1, -1);
+  wait(&jobsWaiting, 1, -1);
+  forget(wakeup);
+}
+
+/// Leaves none when the system has none for us: descriptors are short.
+void PulseLoop::openMainloop() {
+  mainloop.reset(pa_mainloop_new());
+  if (mainloop == nullptr) return;
+  pa_mainloop_set_poll_func(
+      mainloop.get(),
+      [](pollfd* descriptors, unsigned long count, int milliseconds, void* loop) {
+        return static_cast<PulseLoop*>(loop)->wait(descriptors, count, milliseconds);
+      },
+      this);
+  const auto wake = [](pa_mainloop_api*, pa_io_event*, int descriptor, pa_io_event_flags_t, void*) {
+    forget(descriptor);
+  };
+  api()->io_new(api(), wakeup, PA_IO_EVENT_INPUT, wake, nullptr);
+}
+
+/// Until something happens, a timer is due, or the time is up. A system that cannot tell what has
+/// happened is asked again.
+int PulseLoop::wait(pollfd* descriptors, unsigned long count, int milliseconds) {
+  const int longest = sooner(milliseconds, millisecondsUntil(loopTimers.next()));
+  const int ready = poll(descriptors, count, longest);
+  if (ready >= 0) return ready;
+  if (errno != EINTR) std::this_thread::sleep_for(breather);
+  return 0;
 }
 
 void PulseLoop::runJobs() {
-  eventfd_t count = 0;
-  eventfd_read(wakeup, &count);
   std::vector<Job> ready;
   {
     const std::lock_guard held(lock);
     ready.swap(jobs);
   }
-  used = used || (mainloopApi != nullptr && !ready.empty());
   for (const Job& job : ready) job();
 }
 

@@ -1,11 +1,15 @@
 #pragma once
 
-#include <pulse/mainloop-api.h>
+#include <poll.h>
+#include <pulse/mainloop.h>
 
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <thread>
 #include <vector>
+
+#include "platform/pulse/timer.h"
 
 namespace corvane {
 
@@ -26,20 +30,25 @@ class PulseLoop {
   void async(Job job);
 
   /// For jobs and callbacks on the loop's thread; null while the system has no loop for us, which
-  /// is asked for again with every job.
-  pa_mainloop_api* api() const { return mainloopApi; }
+  /// is asked for again with every job and timer.
+  pa_mainloop_api* api() const;
+
+  /// For the loop's thread; they work without a loop too.
+  Timers& timers() { return loopTimers; }
 
  private:
   void run();
-  bool runMainloop();
+  void openMainloop();
   void runJobs();
-  void waitForJobs() const;
+  void iterate();
+  void waitForJobs();
+  int wait(pollfd* descriptors, unsigned long count, int milliseconds);
 
   std::mutex lock;
   std::vector<Job> jobs;  ///< under `lock`
   int wakeup;             ///< an eventfd, readable while jobs wait
-  pa_mainloop_api* mainloopApi = nullptr;
-  bool used = false;  ///< a job has had the loop
+  Timers loopTimers;
+  std::unique_ptr<pa_mainloop, decltype(&pa_mainloop_free)> mainloop{nullptr, pa_mainloop_free};
   bool over = false;  ///< on the loop's thread
   std::thread thread;
 };

@@ -12,7 +12,6 @@
 namespace corvane {
 namespace {
 
-constexpr std::chrono::milliseconds secondThought{200};
 constexpr const char* desktopId = "org.corvane.Corvane";
 
 /// How the mixer shows this program.
@@ -28,12 +27,12 @@ pa_context* newContext(pa_mainloop_api& api) {
 
 }  // namespace
 
-PulseSession::PulseSession(pa_mainloop_api& api, Observer watching)
-    : mainloopApi(api),
+PulseSession::PulseSession(pa_mainloop_api& api, Timers& timers, Observer watching)
+    : loopTimers(timers),
       observer(std::move(watching)),
       context(newContext(api)),
-      deadline(api),
-      again(api) {
+      deadline(timers),
+      again(timers) {
   deadline.arm(patience, [this] { end(PA_ERR_TIMEOUT); });
   connect();
 }
@@ -100,8 +99,9 @@ void PulseSession::report(const ServerFacts& facts) {
   if (facts != reported) observer.facts(facts);
   reported = facts;
   if (outdated) return survey();
-  // PipeWire chooses the default after it has told of the device, and at times without a word.
-  if (!answers->isConclusive()) again.arm(secondThought, [this] { survey(); });
+  // PipeWire chooses the default after it has told of the device, and at times without a word; one
+  // that has nobody to choose never does.
+  if (!answers->isConclusive()) again.arm(secondThoughts.next(), [this] { survey(); });
 }
 
 /// The answer comes by callback; without an operation there will be none.
@@ -123,7 +123,9 @@ void PulseSession::onState(pa_context*, void* session) {
 
 void PulseSession::onEvent(pa_context*, pa_subscription_event_type_t, std::uint32_t,
                            void* session) {
-  static_cast<PulseSession*>(session)->survey();
+  auto* const self = static_cast<PulseSession*>(session);
+  self->secondThoughts.reset();
+  self->survey();
 }
 
 void PulseSession::onServer(pa_context* context, const pa_server_info* server, void* session) {

@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 
+#include "platform/back_off.h"
 #include "platform/pulse/server_facts.h"
 #include "platform/pulse/timer.h"
 
@@ -25,12 +26,13 @@ class PulseSession {
     std::function<void(int error)> ended;
   };
 
-  PulseSession(pa_mainloop_api& api, Observer observer);
+  /// With both of a loop that has an api.
+  PulseSession(pa_mainloop_api& api, Timers& timers, Observer observer);
   ~PulseSession();
   PulseSession(const PulseSession&) = delete;
   PulseSession& operator=(const PulseSession&) = delete;
 
-  pa_mainloop_api& api() const { return mainloopApi; }
+  Timers& timers() const { return loopTimers; }
   /// Ready for streams; null while connecting and after the end.
   pa_context* readyContext() const;
 
@@ -48,11 +50,12 @@ class PulseSession {
   static void onServer(pa_context*, const pa_server_info* server, void* session);
   static void onSource(pa_context*, const pa_source_info* source, int last, void* session);
 
-  pa_mainloop_api& mainloopApi;
+  Timers& loopTimers;
   Observer observer;
   pa_context* const context;  ///< null when there is none to be had
   Timer deadline;
   Timer again;  ///< asks once more a server that has not made up its mind
+  BackOff secondThoughts{std::chrono::milliseconds(200), std::chrono::milliseconds(1000)};
   bool surveying = false;
   bool outdated = false;  ///< something has changed since the survey under way began
   std::optional<ServerSurvey> answers;

@@ -33,8 +33,8 @@ void PulseStream::open(PulseSession* server) {
   current = pa_stream_new_with_proplist(context, nullptr, &sampleSpec, &order, properties.get());
   if (current == nullptr) return end(pa_context_errno(context));
   self = shared_from_this();
-  loopApi = &server->api();
-  deadline.emplace(*loopApi);
+  loopTimers = &server->timers();
+  deadline.emplace(*loopTimers);
   // Disconnecting makes the server forget the stream too, should it ever answer.
   armDeadline([context] { pa_context_disconnect(context); });
   pa_stream_set_state_callback(

@@ -38,7 +38,7 @@ class PulseStream : public std::enable_shared_from_this<PulseStream> {
 
   pa_stream* stream() const { return current; }
   /// Once opened.
-  pa_mainloop_api& api() const { return *loopApi; }
+  Timers& timers() const { return *loopTimers; }
   const pa_sample_spec& spec() const { return sampleSpec; }
   /// Calls `then` unless the stream has ended within the server's time to answer, which begins
   /// after `busy`.
@@ -64,7 +64,7 @@ class PulseStream : public std::enable_shared_from_this<PulseStream> {
   const pa_sample_spec sampleSpec;
   const pa_channel_map order;
   std::unique_ptr<pa_proplist, decltype(&pa_proplist_free)> properties;
-  pa_mainloop_api* loopApi = nullptr;
+  Timers* loopTimers = nullptr;
   pa_stream* current = nullptr;
   std::optional<Timer> deadline;
   std::shared_ptr<PulseStream> self;  ///< while `current` exists

@@ -42,7 +42,7 @@ bool RecordStream::connect() {
 }
 
 void RecordStream::ready() {
-  feed->expectSound(api());
+  feed->expectSound(timers());
   observer.ready();
 }
 

@@ -1,18 +1,37 @@
 #pragma once
 
-#include <pulse/mainloop-api.h>
-
 #include <chrono>
 #include <functional>
+#include <map>
+#include <optional>
 
 namespace corvane {
 
-/// Calls once, later. On the loop's thread; needs no connection, unlike libpulse's own timers that
-/// the wall clock cannot disturb.
+class Timer;
+
+/// The timers of one thread, which asks when to wake up and calls what is due by then. They take
+/// nothing from the system, so that they also measure the pause before the next attempt when the
+/// system has had nothing left to give.
+class Timers {
+ public:
+  using Clock = std::chrono::steady_clock;
+
+  /// When the first of them is due; nothing when none is armed.
+  std::optional<Clock::time_point> next() const;
+
+  /// Calls what is due by now; what is armed meanwhile is not.
+  void callDue();
+
+ private:
+  friend class Timer;
+  std::multimap<Clock::time_point, Timer*> armed;
+};
+
+/// Calls once, later, on the thread of its timers.
 class Timer {
  public:
-  explicit Timer(pa_mainloop_api& mainloop);
-  ~Timer();
+  explicit Timer(Timers& timers) : all(timers) {}
+  ~Timer() { disarm(); }
   Timer(const Timer&) = delete;
   Timer& operator=(const Timer&) = delete;
 
@@ -22,11 +41,11 @@ class Timer {
   void disarm();
 
  private:
-  static void onTime(pa_mainloop_api*, pa_io_event*, int, pa_io_event_flags_t, void* timer);
+  friend class Timers;
+  void call();
 
-  pa_mainloop_api& api;
-  const int descriptor;
-  pa_io_event* const event;
+  Timers& all;
+  std::optional<std::multimap<Timers::Clock::time_point, Timer*>::iterator> place;
   std::function<void()> job;  ///< none while disarmed
 };
 

@@ -1,17 +1,12 @@
 #include "platform/qt/qt_preferences.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QLocale>
 #include <QStandardPaths>
-#include <QThread>
+#include <utility>
 
 namespace corvane {
 namespace {
-
-/// In milliseconds. Another program takes a few to write.
-constexpr int pauseWhileBusy = 10;
-constexpr int patienceInTheEnd = 1000;
 
 /// Whatever is not plain was not written by us.
 SettingsText::Values plainValues(const SettingsFile& file) {
@@ -31,16 +26,14 @@ QString QtPreferences::defaultPath() {
          QStringLiteral("/corvane/corvane.conf");
 }
 
-QtPreferences::QtPreferences(const QString& path) : file(path), values(plainValues(file)) {
+QtPreferences::QtPreferences(const QString& path)
+    : values(plainValues(SettingsFile(path))), writer(SettingsFile(path)) {
   saving.setSingleShot(true);
-  saving.callOnTimeout([this] { saveNow(); });
+  saving.callOnTimeout([this] { save(); });
 }
 
 QtPreferences::~QtPreferences() {
-  const QDeadlineTimer end(patienceInTheEnd);
-  while (save() == SettingsFile::Outcome::busy && !end.hasExpired()) {
-    QThread::msleep(pauseWhileBusy);
-  }
+  save();
 }
 
 std::optional<QByteArray> QtPreferences::text(std::string_view key) const {
@@ -93,15 +86,8 @@ void QtPreferences::set(std::string_view key, const QByteArray& value) {
   if (QCoreApplication::instance() != nullptr) saving.start(0);
 }
 
-void QtPreferences::saveNow() {
-  if (save() == SettingsFile::Outcome::busy) saving.start(pauseWhileBusy);
-}
-
-SettingsFile::Outcome QtPreferences::save() {
-  if (unsaved.empty()) return SettingsFile::Outcome::done;
-  const auto outcome = file.change(unsaved);
-  if (outcome == SettingsFile::Outcome::done) unsaved.clear();
-  return outcome;
+void QtPreferences::save() {
+  if (!unsaved.empty()) writer.write(std::exchange(unsaved, {}));
 }
 
 }  // namespace corvane

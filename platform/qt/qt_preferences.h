@@ -4,14 +4,16 @@
 #include <QTimer>
 
 #include "platform/preferences.h"
-#include "platform/qt/settings_file.h"
+#include "platform/qt/settings_writer.h"
 
 namespace corvane {
 
-/// Preferences in an INI file, read once. What has changed since is written when the event loop
-/// next runs, and at the latest in the end; nothing else of the file changes, so that another
-/// program's choices stay. A file that cannot be read is left as it is, and so is one that cannot
-/// be written: then the choices last as long as the program.
+/// Preferences in an INI file, read once. What has changed since is handed over when the event loop
+/// next runs, and written on another thread, at the latest in the end. All other settings of the
+/// file keep the values that they have by then, which may be another program's choices; what is no
+/// setting of the group "General", as a remark or another group, is not kept. A file that cannot be
+/// read is left as it is, and so is one that cannot be written: then the choices last as long as
+/// the program.
 class QtPreferences final : public Preferences {
  public:
   /// `corvane/corvane.conf` in the user's configuration folder.
@@ -34,13 +36,12 @@ class QtPreferences final : public Preferences {
  private:
   std::optional<QByteArray> text(std::string_view key) const;
   void set(std::string_view key, const QByteArray& value);
-  SettingsFile::Outcome save();
-  void saveNow();
+  void save();
 
-  SettingsFile file;
   SettingsText::Values values;
-  SettingsText::Values unsaved;
+  SettingsText::Values unsaved;  ///< not handed over yet
   QTimer saving;
+  SettingsWriter writer;
 };
 
 }  // namespace corvane

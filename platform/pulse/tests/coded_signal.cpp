@@ -7,18 +7,19 @@ namespace {
 
 constexpr float fullScale = 16777216.0F;
 
-std::uint32_t codeOf(std::uint32_t room, std::uint32_t channel, std::uint32_t frame) {
-  return room << 20U | channel << 16U | frame;
-}
-
-std::uint32_t frameIn(float sample) {
-  return static_cast<std::uint32_t>(sample * fullScale) & 0xFFFFU;
+CodedFrame frameIn(float sample) {
+  const auto code = static_cast<std::uint32_t>(sample * fullScale);
+  return {code >> 20U, code & 0xFFFFU};
 }
 
 }  // namespace
 
-std::uint32_t frameAfter(std::uint32_t frame) {
-  return frame % coded_signal::period + 1;
+std::uint32_t frameAfter(std::uint32_t number, std::uint32_t count) {
+  return (number + count - 1) % coded_signal::period + 1;
+}
+
+float coded_signal::sample(const CodedFrame& frame, std::uint32_t channel) {
+  return static_cast<float>(frame.room << 20U | channel << 16U | frame.number) / fullScale;
 }
 
 void coded_signal::write(const std::filesystem::path& file, std::uint32_t room, std::uint32_t rate,
@@ -29,7 +30,7 @@ void coded_signal::write(const std::filesystem::path& file, std::uint32_t room, 
   std::uint32_t frame = 1;
   for (std::size_t i = 0; i < frames; ++i, frame = frameAfter(frame)) {
     for (std::uint32_t c = 0; c < channels; ++c) {
-      samples.push_back(static_cast<float>(codeOf(room, c, frame)) / fullScale);
+      samples.push_back(sample({room, frame}, c));
     }
   }
   std::ofstream(file, std::ios::binary)
@@ -47,7 +48,7 @@ RecordedBuffer::RecordedBuffer(const AudioBuffer& buffer)
 std::set<std::uint32_t> RecordedBuffer::rooms() const {
   std::set<std::uint32_t> found;
   for (const float sample : channels.at(0)) {
-    if (sample != 0.0F) found.insert(static_cast<std::uint32_t>(sample * fullScale) >> 20U);
+    if (sample != 0.0F) found.insert(frameIn(sample).room);
   }
   return found;
 }
@@ -56,7 +57,7 @@ std::string RecordedBuffer::faultAgainst(std::uint32_t room) const {
   std::uint32_t frame = firstFrame();
   for (std::size_t i = 0; i < frames; ++i, frame = frameAfter(frame)) {
     for (std::uint32_t c = 0; c < channels.size(); ++c) {
-      const float played = static_cast<float>(codeOf(room, c, frame)) / fullScale;
+      const float played = coded_signal::sample({room, frame}, c);
       if (channels[c][i] == played) continue;
       return "frame " + std::to_string(i) + " of channel " + std::to_string(c) + " is " +
              std::to_string(channels[c][i] * fullScale) + " instead of " +
@@ -66,18 +67,18 @@ std::string RecordedBuffer::faultAgainst(std::uint32_t room) const {
   return {};
 }
 
-std::vector<std::uint32_t> RecordedBuffer::frameNumbers() const {
-  std::vector<std::uint32_t> numbers;
-  for (const float sample : channels.at(0)) numbers.push_back(frameIn(sample));
-  return numbers;
+std::vector<CodedFrame> RecordedBuffer::codedFrames() const {
+  std::vector<CodedFrame> found;
+  for (const float sample : channels.at(0)) found.push_back(frameIn(sample));
+  return found;
 }
 
 std::uint32_t RecordedBuffer::firstFrame() const {
-  return frameIn(channels.at(0).front());
+  return frameIn(channels.at(0).front()).number;
 }
 
 std::uint32_t RecordedBuffer::lastFrame() const {
-  return frameIn(channels.at(0).back());
+  return frameIn(channels.at(0).back()).number;
 }
 
 }  // namespace corvane

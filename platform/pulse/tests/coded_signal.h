@@ -13,9 +13,19 @@ namespace corvane {
 /// A sound each of whose samples says which room it was played in, on which channel and as which
 /// frame. Every code is a 24-bit integer, which a float holds exactly, so a recording of it that
 /// was resampled, scaled, mixed or reordered cannot pass for the original.
+struct CodedFrame {
+  std::uint32_t room = 0;
+  std::uint32_t number = 0;  ///< 1 to `coded_signal::period`; 0 in silence
+
+  bool isSilence() const { return number == 0; }
+};
+
 namespace coded_signal {
 
 constexpr std::uint32_t period = 65535;  ///< frames, after which the numbering starts again
+
+/// What is played as `frame` on a channel.
+float sample(const CodedFrame& frame, std::uint32_t channel);
 
 /// Interleaved samples that last `seconds`; `room` is 0 to 15.
 void write(const std::filesystem::path& file, std::uint32_t room, std::uint32_t rate,
@@ -32,8 +42,8 @@ struct RecordedBuffer {
   /// Empty when the buffer is one stretch of the coded signal of `room`, whole and unchanged; else
   /// what is wrong with it.
   std::string faultAgainst(std::uint32_t room) const;
-  /// The numbers of all frames, 0 where there is silence.
-  std::vector<std::uint32_t> frameNumbers() const;
+  /// All frames, as the first channel has them.
+  std::vector<CodedFrame> codedFrames() const;
   /// The number of the first and of the last frame; 0 in silence.
   std::uint32_t firstFrame() const;
   std::uint32_t lastFrame() const;
@@ -44,7 +54,7 @@ struct RecordedBuffer {
   std::vector<std::vector<float>> channels;
 };
 
-/// The frame that follows `frame`.
-std::uint32_t frameAfter(std::uint32_t frame);
+/// The number of the frame that comes `count` frames after the one with that number.
+std::uint32_t frameAfter(std::uint32_t number, std::uint32_t count = 1);
 
 }  // namespace corvane

@@ -72,7 +72,6 @@ static bool fails(const char* function) {
   static_assert(true)
 
 CORVANE_WRAP(pa_mainloop*, pa_mainloop_new, (), (), nullptr);
-CORVANE_WRAP(int, pa_mainloop_run, (pa_mainloop * loop, int* result), (loop, result), -1);
 
 // A map that could not be made is at least empty.
 CORVANE_WRAP(pa_channel_map*, pa_channel_map_init_extend,

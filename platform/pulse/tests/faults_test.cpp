@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "platform/pulse/tests/held.h"
+#include "platform/pulse/tests/joints.h"
 #include "platform/pulse/tests/output_fixture.h"
 #include "tests/support/figure.h"
 
@@ -19,19 +20,6 @@ int roundCount() {
   return wanted == nullptr ? 2 : std::stoi(wanted);
 }
 
-/// What is wrong when the frames of a buffer, or those of two that are said to follow each other,
-/// are not one stretch of sound; silence may come before, between and after them.
-std::string joint(const RecordedBuffer& buffer, std::uint32_t before) {
-  if (buffer.rooms().size() > 1) return "two devices in one buffer";
-  for (const std::uint32_t frame : buffer.frameNumbers()) {
-    if (frame != 0 && before != 0 && frame != frameAfter(before)) {
-      return "frame " + std::to_string(frame) + " follows " + std::to_string(before);
-    }
-    before = frame;
-  }
-  return {};
-}
-
 /// A program that listens and plays through everything that happens to the server and its devices.
 /// Room 1 is that of the microphone, whose loudspeakers are those of the program too.
 class Faults : public OutputTest {
@@ -40,8 +28,11 @@ class Faults : public OutputTest {
     listenToMicrophone(stereo, support::AudioServer::Pace::eager, 20.0 + 5.0 * roundCount());
   }
 
-  /// Goes through the fault as often as asked and looks what it has left.
+  /// Goes through the fault as often as asked and looks what it has left, and at every buffer that
+  /// has come, from before the first fault until before the tone, which the microphone hears too.
   void goThrough(const std::function<void(std::uint32_t room)>& fault) {
+    expectNothingIsJoined();
+    EXPECT_GT(looked, 0U) << "nothing was heard before the first fault";
     ASSERT_NO_FATAL_FAILURE(fault(2));
     const Held before = heldByThisProcess();
     const long memory = memoryWithoutRecordings();
@@ -56,6 +47,7 @@ class Faults : public OutputTest {
     EXPECT_LT(growth, 1024) << "kB";
     expectTheToneWorks();
     figure("rounds", roundCount());
+    figure("buffers without a joint", looked);
     figure("s until sound is back", inSeconds(slowestSound));
     if (slowestSilence.count() > 0) {
       figure("s until there is silence", inSeconds(slowestSilence));
@@ -66,7 +58,7 @@ class Faults : public OutputTest {
   }
 
   long memoryWithoutRecordings() {
-    client.recording.clear();
+    expectNothingIsJoined();
     malloc_trim(0);
     return memoryOfThisProcess();
   }
@@ -96,10 +88,9 @@ class Faults : public OutputTest {
   /// A note that has gone is not taken for a sounding one for longer than a second.
   void expectSilence() {
     const auto begun = Clock::now();
-    client.recording.clear();
     ASSERT_TRUE(client.pumpUntil(
-        [this] {
-          const auto buffers = client.recording.buffers();
+        [this, from = client.recording.size()] {
+          const auto buffers = client.recording.buffers(from);
           return !buffers.empty() && buffers.back().rooms().empty();
         },
         1s))
@@ -107,12 +98,11 @@ class Faults : public OutputTest {
     slowestSilence = std::max(slowestSilence, Clock::now() - begun);
   }
 
+  /// In what has come since the last look, nor with the last that was looked at then.
   void expectNothingIsJoined() {
-    std::uint32_t before = 0;
-    for (const RecordedBuffer& buffer : client.recording.buffers()) {
-      EXPECT_EQ(joint(buffer, buffer.afterGap ? 0 : before), "");
-      before = buffer.lastFrame();
-    }
+    const auto buffers = client.recording.take();
+    for (const RecordedBuffer& buffer : buffers) EXPECT_EQ(joints.in(buffer), "");
+    looked += buffers.size();
   }
 
   void expectTheToneWorks() {
@@ -147,6 +137,8 @@ class Faults : public OutputTest {
     return list.substr(begin, end - begin);
   }
 
+  Joints joints;
+  std::size_t looked = 0;  ///< buffers
   Clock::duration slowestSound{0};
   Clock::duration slowestSilence{0};
 
@@ -184,6 +176,7 @@ TEST_P(Faults, TheServerHangsUntilWeGiveItUp) {
       [this] { return client.connection->state() == PulseConnection::State::unknown; }));
   server.resume();
   ASSERT_NO_FATAL_FAILURE(expectSound(1));
+  expectNothingIsJoined();
 }
 
 TEST_P(Faults, TheOnlyMicrophoneIsUnpluggedAndAnotherIsPluggedIn) {
@@ -231,16 +224,22 @@ TEST_P(Faults, TheMicrophoneIsMuted) {
   });
 }
 
+/// PipeWire's own microphones give zeros from then on, which nobody can tell from muted ones, until
+/// they are opened anew, of several channels only the first even then; those that it makes of other
+/// sources take no notice.
 TEST_P(Faults, TheMicrophoneIsSuspended) {
-  if (GetParam() == support::AudioServer::Kind::pipeWire) {
-    GTEST_SKIP() << "PipeWire's virtual microphone then goes on with zeros for ever, which nobody "
-                    "can tell from a muted one; the next start hears it again";
-  }
-  goThrough([this](std::uint32_t) {
-    server.pactl({"suspend-source", "mic", "1"});
+  const bool staysSilent = GetParam() == support::AudioServer::Kind::pipeWire;
+  server.addMicrophone("other", 48000, 1);
+  play("other", 2, {48000.0, 1}, 20.0 + 5.0 * roundCount());
+  ASSERT_NO_FATAL_FAILURE(expectSound(2));
+  goThrough([this, staysSilent](std::uint32_t) {
+    server.pactl({"suspend-source", "other", "1"});
     ASSERT_NO_FATAL_FAILURE(expectSilence());
-    server.pactl({"suspend-source", "mic", "0"});
-    ASSERT_NO_FATAL_FAILURE(expectSound(1));
+    server.pactl({"suspend-source", "other", "0"});
+    if (staysSilent) {
+      ASSERT_EQ(client.listen(), true);
+    }
+    ASSERT_NO_FATAL_FAILURE(expectSound(2));
   });
 }
 

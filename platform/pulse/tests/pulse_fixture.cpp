@@ -1,6 +1,7 @@
 #include "platform/pulse/tests/pulse_fixture.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace corvane {
 
@@ -11,9 +12,9 @@ AudioInput::Tap Recording::tap() {
   };
 }
 
-std::vector<RecordedBuffer> Recording::buffers() const {
+std::vector<RecordedBuffer> Recording::buffers(std::size_t from) const {
   const std::lock_guard held(lock);
-  return kept;
+  return {kept.begin() + static_cast<std::ptrdiff_t>(std::min(from, kept.size())), kept.end()};
 }
 
 std::size_t Recording::size() const {
@@ -24,6 +25,11 @@ std::size_t Recording::size() const {
 void Recording::clear() {
   const std::lock_guard held(lock);
   kept.clear();
+}
+
+std::vector<RecordedBuffer> Recording::take() {
+  const std::lock_guard held(lock);
+  return std::exchange(kept, {});
 }
 
 Client::Client() {
@@ -79,9 +85,8 @@ void Client::stop() {
 }
 
 bool Client::hear(std::uint32_t room, std::size_t count, std::chrono::seconds limit) {
-  recording.clear();
-  const auto isHeard = [this, room, count] {
-    const auto buffers = recording.buffers();
+  const auto isHeard = [this, room, count, from = recording.size()] {
+    const auto buffers = recording.buffers(from);
     const auto heard = std::count_if(
         buffers.begin(), buffers.end(),
         [room](const RecordedBuffer& buffer) { return buffer.faultAgainst(room).empty(); });

@@ -32,9 +32,12 @@ inline void PrintTo(AudioServer::Kind kind, std::ostream* out) {
 class Recording {
  public:
   AudioInput::Tap tap();
-  std::vector<RecordedBuffer> buffers() const;
+  /// All but the first `from` of those that have been kept since the last `clear`.
+  std::vector<RecordedBuffer> buffers(std::size_t from = 0) const;
   std::size_t size() const;
   void clear();
+  /// Gives away all that has been kept.
+  std::vector<RecordedBuffer> take();
 
  private:
   mutable std::mutex lock;

@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 #include <pthread.h>
 #include <signal.h>
+#include <sys/resource.h>
 
+#include <future>
 #include <memory>
 #include <string>
 #include <vector>
@@ -54,6 +56,27 @@ TEST(PulseLoop, LeavesSignalsToTheOtherThreads) {
   sigset_t here;
   pthread_sigmask(SIG_BLOCK, nullptr, &here);
   EXPECT_FALSE(sigismember(&here, SIGTERM));
+}
+
+/// It refuses to look at more descriptors than a program may have, which the administrator may
+/// change while the program runs.
+TEST(PulseLoop, RunsItsJobsWhileTheSystemRefusesToWaitForAnything) {
+  PulseLoop loop;
+  const auto runsAJob = [&loop] {
+    const auto ran = std::make_shared<std::promise<void>>();
+    loop.async([ran] { ran->set_value(); });
+    return ran->get_future().wait_for(std::chrono::seconds(10)) == std::future_status::ready;
+  };
+  ASSERT_TRUE(runsAJob());
+  rlimit before{};
+  ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);
+  const rlimit nothing{.rlim_cur = 0, .rlim_max = before.rlim_max};
+  ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &nothing), 0);
+  const bool first = runsAJob();
+  const bool second = runsAJob();
+  setrlimit(RLIMIT_NOFILE, &before);
+  EXPECT_TRUE(first);
+  EXPECT_TRUE(second);
 }
 
 TEST(PulseLoop, KeepsNothingOfAJobThatHasRun) {

@@ -20,7 +20,7 @@ using Clock = std::chrono::steady_clock;
 class TimerTest : public testing::Test {
  protected:
   TimerTest() {
-    onLoop([this] { timer = std::make_unique<Timer>(*loop.api()); });
+    onLoop([this] { timer = std::make_unique<Timer>(loop.timers()); });
   }
   ~TimerTest() override {
     onLoop([this] { timer.reset(); });
@@ -54,7 +54,7 @@ TEST_F(TimerTest, CallsOnceAfterTheDelay) {
   EXPECT_GE(called.get_future().get() - start, 30ms);
 }
 
-/// The other callback, for which there is an event made later, is called first.
+/// The other callback is called first: whatever has happened comes before the timers.
 TEST_F(TimerTest, ArmedAnewByACallbackOfTheSameMomentItWaitsAllOfTheDelay) {
   const int other = eventfd(1, EFD_CLOEXEC | EFD_NONBLOCK);
   pa_io_event* event = nullptr;
@@ -91,7 +91,7 @@ TEST_F(TimerTest, DisarmedItCallsNobody) {
   onLoop([&] {
     timer->arm(1ms, [] { ADD_FAILURE() << "it ran all the same"; });
     timer->disarm();
-    other = new Timer(*loop.api());
+    other = new Timer(loop.timers());
     other->arm(20ms, call());
   });
   called.get_future().wait();

@@ -62,8 +62,7 @@ TEST_F(QtPreferencesTest, ValuesReachTheFileWhileTheProgramRuns) {
   { QtPreferences(path).setString("other.key", "kept"); }
   QtPreferences preferences(path);
   preferences.setString("tuner.tuning", "g6-dropd");
-  QCoreApplication::processEvents();
-  EXPECT_THAT(read().toStdString(), testing::HasSubstr("tuner.tuning=g6-dropd"));
+  EXPECT_TRUE(saves("tuner.tuning=g6-dropd"));
   EXPECT_THAT(read().toStdString(), testing::HasSubstr("other.key=kept"));
 }
 
@@ -111,6 +110,13 @@ TEST_F(QtPreferencesTest, OnlyTheGeneralSectionIsRead) {
       "; a remark\r\n[other]\r\ntuner.a4=500\r\n[General]\r\n tuner.a4 = 415 "
       "\r\n[last\r\ntuner.a4=390\r\n");
   EXPECT_THAT(QtPreferences(path).number("tuner.a4"), Optional(415.0));
+}
+
+TEST_F(QtPreferencesTest, WhatIsNoSettingIsNotKeptByASave) {
+  ASSERT_TRUE(QDir(folder.path()).mkdir("corvane"));
+  write("; a remark\n[other]\nkey=1\n[General]\ntuner.a4=415\n");
+  { QtPreferences(path).setBoolean("tuner.left", true); }
+  EXPECT_EQ(read(), "[General]\ntuner.a4=415\ntuner.left=true\n");
 }
 
 TEST_F(QtPreferencesTest, WhatStandsBeforeAnySectionIsGeneral) {

@@ -4,9 +4,12 @@
 
 #include <QByteArray>
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QString>
 #include <QTemporaryDir>
+#include <QThread>
+#include <functional>
 
 namespace corvane {
 
@@ -21,6 +24,20 @@ class SettingsFolderTest : public testing::Test {
   QByteArray read() const {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+
+  /// Lets the program run until `condition` holds; false when that takes longer than ten seconds.
+  static bool runUntil(const std::function<bool()>& condition) {
+    const QDeadlineTimer end(10000);
+    while (!condition() && !end.hasExpired()) {
+      QCoreApplication::processEvents();
+      QThread::msleep(1);
+    }
+    return condition();
+  }
+  /// Lets the program run until the file holds the line.
+  bool saves(const QByteArray& line) const {
+    return runUntil([&] { return read().contains('\n' + line + '\n'); });
   }
 
   int argc = 0;

@@ -1,0 +1,29 @@
+#include "platform/back_off.h"
+
+#include <gtest/gtest.h>
+
+namespace corvane {
+namespace {
+
+using namespace std::chrono_literals;
+
+TEST(BackOff, EachPauseIsTwiceTheOneBeforeUpToTheLongest) {
+  BackOff pauses(200ms, 1000ms);
+  EXPECT_EQ(pauses.next(), 200ms);
+  EXPECT_EQ(pauses.next(), 400ms);
+  EXPECT_EQ(pauses.next(), 800ms);
+  EXPECT_EQ(pauses.next(), 1000ms);
+  EXPECT_EQ(pauses.next(), 1000ms);
+}
+
+TEST(BackOff, AfterAResetItBeginsWithTheShortest) {
+  BackOff pauses(200ms, 1000ms);
+  pauses.next();
+  pauses.next();
+  pauses.reset();
+  EXPECT_EQ(pauses.next(), 200ms);
+  EXPECT_EQ(pauses.next(), 400ms);
+}
+
+}  // namespace
+}  // namespace corvane

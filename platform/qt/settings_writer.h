@@ -1,0 +1,43 @@
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <optional>
+#include <thread>
+#include <utility>
+
+#include "platform/qt/settings_file.h"
+
+namespace corvane {
+
+/// Puts changes into a settings file on a thread of its own, so that nobody waits for the disk,
+/// which may take seconds while it has other work. What is changed meanwhile is written together.
+class SettingsWriter {
+ public:
+  explicit SettingsWriter(SettingsFile settings) : file(std::move(settings)) {}
+  /// Saves what is not in the file yet, also what the disk has had no room for. Waits for a save
+  /// that is under way, and up to a second for another program that writes.
+  ~SettingsWriter();
+  SettingsWriter(const SettingsWriter&) = delete;
+  SettingsWriter& operator=(const SettingsWriter&) = delete;
+
+  /// Returns at once; the changes will be in the file soon. One thread only.
+  void write(const SettingsText::Values& changes);
+
+ private:
+  void start();
+  void run();
+  bool takeChanges(std::optional<std::chrono::milliseconds> limit);
+  SettingsFile::Outcome save();
+
+  const SettingsFile file;
+  std::mutex gate;
+  std::condition_variable changed;
+  SettingsText::Values handedOver;  ///< under `gate`
+  bool ending = false;              ///< under `gate`
+  SettingsText::Values unsaved;     ///< of the thread, while there is one
+  std::thread thread;               ///< from the first change on
+};
+
+}  // namespace corvane
