@@ -7,12 +7,12 @@ set(CORVANE_WINDOW_ICON_SIZES 16 32 48)
 set(drawings ${PROJECT_SOURCE_DIR}/packaging/icons)
 
 # corvane_icons(): has the program's icon drawn as SIZE.png in the folder CORVANE_ICONS. Where there are
-# few pixels, from a drawing of its own without the details that would blur.
+# few pixels, from a drawing of that size, with bolder shapes that lie on whole pixels.
 function(corvane_icons)
   foreach(size IN LISTS CORVANE_ICON_SIZES)
-    set(drawing ${drawings}/org.corvane.Corvane.svg)
-    if(size LESS 32)
-      set(drawing ${drawings}/small.svg)
+    set(drawing ${drawings}/${size}.svg)
+    if(NOT EXISTS ${drawing})
+      set(drawing ${drawings}/org.corvane.Corvane.svg)
     endif()
     set(picture ${CORVANE_ICONS}/${size}.png)
     add_custom_command(OUTPUT ${picture} DEPENDS ${drawing} VERBATIM

@@ -22,6 +22,7 @@ import time
 from collections.abc import Iterator, Sequence
 from xml.sax.saxutils import escape
 
+# As in debian/control, whose address can belong to nobody (RFC 2606).
 MAINTAINER = "The Corvane developers <developers@corvane.example>"
 
 HEADING = re.compile(r"## (?:(?P<version>\d+\.\d+\.\d+) - (?P<date>\d{4}-\d\d-\d\d)|Unreleased)")

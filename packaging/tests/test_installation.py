@@ -3,6 +3,7 @@
 import configparser
 import os
 import pathlib
+import re
 import shutil
 import struct
 import subprocess
@@ -33,6 +34,10 @@ def files_below(folder: pathlib.Path) -> set[str]:
     return {str(path.relative_to(folder)) for path in folder.rglob("*") if not path.is_dir()}
 
 
+def options(text: str) -> set[str]:
+    return set(re.findall(r"--\w+", text))
+
+
 def size_of(png: pathlib.Path) -> tuple[int, int]:
     """From the picture's header, which follows the format's mark of eight bytes."""
     _, kind, width, height = struct.unpack(">I4sII", png.read_bytes()[8:24])
@@ -58,6 +63,13 @@ class AnInstallation(unittest.TestCase):
         done = subprocess.run([self.prefix / "bin/corvane", "--version"], capture_output=True,
                               text=True, check=True)
         self.assertEqual(done.stdout, f"corvane {VERSION}\n")
+
+    def test_has_manual_pages_of_the_options_that_the_programs_tell(self) -> None:
+        for name in ("corvane", "corvane-replay"):
+            page = (self.share / f"man/man1/{name}.1").read_text(encoding="utf-8").replace("\\-", "-")
+            told = subprocess.run([self.prefix / "bin" / name, "--help"], capture_output=True,
+                                  text=True, check=True).stdout
+            self.assertEqual(options(page), options(told) | {"--help"}, name)
 
     def test_has_a_desktop_entry_that_names_its_program_and_its_icon(self) -> None:
         entry = self.entry()

@@ -1,0 +1,9 @@
+#!/usr/bin/env bash
+# readme.sh TREE: fails unless README.md names the packages that "run" installs to build the tuner, each
+# once and no other.
+set -euo pipefail
+cd "$1"
+. tools/packages.sh
+named=$(sed -n '/^    sudo apt install g++/,/^    cmake/p' README.md | grep -v '^    cmake' |
+  sed 's/sudo apt install//; s/\\$//' | xargs -n 1 | sort)
+diff <(printf '%s\n' $build_packages | sort) - <<<"$named"
