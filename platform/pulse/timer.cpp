@@ -18,9 +18,16 @@ void Timers::callDue() {
 
 void Timer::arm(std::chrono::milliseconds delay, std::function<void()> then) {
   require(delay.count() > 0, "a timer calls later");
-  disarm();
   job = std::move(then);
-  place = all.armed.emplace(Timers::Clock::now() + delay, this);
+  const auto due = Timers::Clock::now() + delay;
+  if (!place) {
+    place = all.armed.emplace(due, this);
+    return;
+  }
+  // Every piece of sound arms the watch over it anew, on a thread that is not to allocate.
+  auto node = all.armed.extract(*place);
+  node.key() = due;
+  place = all.armed.insert(std::move(node));
 }
 
 void Timer::disarm() {
