@@ -24,9 +24,13 @@ class QtMainQueue::Inbox final : public QObject {
   ~Inbox() override { ::close(wake); }
 
   void add(Job job) {
-    const std::lock_guard held(lock);
-    jobs.add(std::move(job));
-    if (!std::exchange(awake, true)) ::eventfd_write(wake, 1);
+    {
+      const std::lock_guard held(lock);
+      jobs.add(std::move(job));
+      if (std::exchange(awake, true)) return;
+    }
+    // Only now, or the main thread would wake up to wait for the lock.
+    ::eventfd_write(wake, 1);
   }
 
  private:
