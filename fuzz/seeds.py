@@ -142,7 +142,8 @@ def engine_seeds() -> None:
         "tuning-up": act(START) + every_string + SILENCE,
         "one-note": b"".join(hear(string) for string in (1, 2, 3, 4, 4, 4, 1, 1, 1, 2, 3, 3, 3)),
         "locked": act(LOCK, 3) + every_string + SILENCE + act(LOCK, 0) + SILENCE,
-        "eight-strings": act(TUNING, 7, 20) + act(LOCK, 8) + every_string + act(TUNING, 7, 0) + act(REFERENCE),
+        "eight-strings": act(TUNING, 7, 20) + act(LOCK, 8) + every_string + act(TUNING, 7, 0) +
+                         act(REFERENCE),
         "instruments": b"".join(act(INSTRUMENT, n) + every_string + act(REFERENCE) for n in (1, 2, 0)),
         "foreign-tuning": act(TUNING, 2, 4) + hear(6) + act(INSTRUMENT, 1) + hear(0),
         "pitches": b"".join(act(PITCH, n) + hear(3) for n in range(6)) +
@@ -184,7 +185,8 @@ def preferences_seeds() -> None:
         "serialised-lists": valid.replace(b"441.7", deep),
         "time": valid.replace(b"true", rb"@DateTime(\0\0\0\x10\0\0\0\0\0\0%\x87\xd8\x1\x2\x3\x4\xff\0)"),
         "escapes": b"[General]\ntuner.instrument=\"gu\\x69tar\"\ntuner.tuning=g6\\\n-dropd\n%74uner.a4=442\n",
-        "sections": b"[other]\nkey=1\n[General]\ntuner.a4=442\n[general]\ntuner.a4=443\n[%General]\ntuner.left=true\n",
+        "sections": b"[other]\nkey=1\n[General]\ntuner.a4=442\n[general]\ntuner.a4=443\n"
+                    b"[%General]\ntuner.left=true\n",
         "comments": b"; one\n# two\n" + valid.replace(b"\n", b"\r\n"),
         "not-settings": b"\x00\xff[[[\n=\n\x7f garbage",
         "marked-utf-16": "[General]\ntuner.a4=442\n".encode("utf-16"),
@@ -215,7 +217,8 @@ def replay_seeds() -> None:
         "tone.wav": wav(tone),
         "mu-law.wav": wav(short, tag=7),
         "stereo-16-bit.wav": wav(short, 44100, 2, 16),
-        "float-not-numbers.wav": wav(floats(math.nan, math.inf, -math.inf, 1e-45, 3e38) * 20, 48000, 1, 32, 3),
+        "float-not-numbers.wav": wav(floats(math.nan, math.inf, -math.inf, 1e-45, 3e38) * 20,
+                                     48000, 1, 32, 3),
         "double.wav": wav(struct.pack("<40d", *([0.5, -0.5] * 20)), 48000, 2, 64, 3),
         "many-channels.wav": wav(short, 8000, 100),
         "no-channels.wav": wav(short, 8000, 0),
@@ -231,7 +234,8 @@ def replay_seeds() -> None:
             chunk(b"data", random.Random(2).randbytes(2048))),
         "tone.au": struct.pack(">4sIIIII", b".snd", 24, 0xFFFFFFFF, 2, 8001, 1) + short,
         "big-endian.wav": b"RIFX" + struct.pack(">I", 44) + b"WAVEfmt " +
-                          struct.pack(">IHHIIHH", 16, 1, 1, 8001, 8001, 1, 8) + b"data" + struct.pack(">I", 8) + short[:8],
+                          struct.pack(">IHHIIHH", 16, 1, 1, 8001, 8001, 1, 8) +
+                          b"data" + struct.pack(">I", 8) + short[:8],
         "aiff": b"FORM" + struct.pack(">I", 62) + b"AIFFCOMM" + struct.pack(">IHIH", 18, 1, 16, 8) +
                 b"\x40\x0b\xfa\0\0\0\0\0\0\0" + b"SSND" + struct.pack(">III", 24, 0, 0) + short[:16],
         "letter": b"This is a letter to a friend.",

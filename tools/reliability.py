@@ -69,11 +69,12 @@ def names_matching(promise: Promise, names: Iterable[str]) -> list[str]:
     return [name for name in names if re.match(promise.tests, name)]
 
 
-def figures(outputs: Iterable[str]) -> list[str]:
+def figures(promise: Promise, outputs: Iterable[str]) -> list[str]:
     told: dict[str, list[str]] = {}
     for output in outputs:
         for what, value in FIGURE.findall(output):
-            told.setdefault(what, []).append(value.strip())
+            if re.match(promise.figures, what):
+                told.setdefault(what, []).append(value.strip())
     return [f"{what}: {spread(values)}" for what, values in told.items()]
 
 
@@ -97,7 +98,8 @@ def from_tests(promise: Promise, run: Run) -> Cell:
         return Cell([f"{len(failed)} FAILED"], f"failed: {', '.join(failed)}")
     if not passed:
         return Cell(skipped or ["none"], "no such test has passed")
-    return Cell([f"{len(passed)} passed"] + skipped + figures(run.passed[name] for name in passed))
+    told = figures(promise, (run.passed[name] for name in passed))
+    return Cell([f"{len(passed)} passed"] + skipped + told)
 
 
 def from_command(promise: Promise, results: pathlib.Path, before: str) -> Cell:
@@ -106,7 +108,7 @@ def from_command(promise: Promise, results: pathlib.Path, before: str) -> Cell:
     if failure.exists():
         return Cell(["FAILED"], f"it failed, see {failure.name}")
     if log.exists():
-        told = figures([log.read_text(errors="replace")])
+        told = figures(promise, [log.read_text(errors="replace")])
         return Cell(told) if told else Cell(["none"], f"no figure stands in {log.name}")
     row = re.search(rf"^\| .* \| `{re.escape(promise.command)}` \| (.+) \|$", before, re.MULTILINE)
     if row and row[1] not in ("none", "FAILED"):

@@ -6,40 +6,52 @@
 
 namespace corvane {
 
+/// The one that is due first; null when none is armed.
+Timer* Timers::first() const {
+  Timer* found = nullptr;
+  for (Timer* const timer : all) {
+    if (timer->due && (found == nullptr || *timer->due < *found->due)) found = timer;
+  }
+  return found;
+}
+
 std::optional<Timers::Clock::time_point> Timers::next() const {
-  if (armed.empty()) return std::nullopt;
-  return armed.begin()->first;
+  const Timer* const timer = first();
+  if (timer == nullptr) return std::nullopt;
+  return timer->due;
 }
 
 void Timers::callDue() {
   const auto now = Clock::now();
-  while (!armed.empty() && armed.begin()->first <= now) armed.begin()->second->call();
+  for (Timer* timer = first(); timer != nullptr && *timer->due <= now; timer = first()) {
+    timer->call();
+  }
+}
+
+Timer::Timer(Timers& all) : timers(all) {
+  timers.all.push_back(this);
+}
+
+Timer::~Timer() {
+  std::erase(timers.all, this);
 }
 
 void Timer::arm(std::chrono::milliseconds delay, std::function<void()> then) {
   require(delay.count() > 0, "a timer calls later");
   job = std::move(then);
-  const auto due = Timers::Clock::now() + delay;
-  if (!place) {
-    place = all.armed.emplace(due, this);
-    return;
-  }
-  // Every piece of sound arms the watch over it anew, on a thread that is not to allocate.
-  auto node = all.armed.extract(*place);
-  node.key() = due;
-  place = all.armed.insert(std::move(node));
+  due = Timers::Clock::now() + delay;
 }
 
 void Timer::disarm() {
   job = nullptr;
-  if (place) all.armed.erase(*std::exchange(place, std::nullopt));
+  due.reset();
 }
 
 /// The job is moved out, because it may end this timer.
 void Timer::call() {
-  const auto due = std::exchange(job, nullptr);
+  const auto last = std::exchange(job, nullptr);
   disarm();
-  due();
+  last();
 }
 
 }  // namespace corvane

@@ -2,8 +2,8 @@
 
 #include <chrono>
 #include <functional>
-#include <map>
 #include <optional>
+#include <vector>
 
 namespace corvane {
 
@@ -24,14 +24,16 @@ class Timers {
 
  private:
   friend class Timer;
-  std::multimap<Clock::time_point, Timer*> armed;
+  Timer* first() const;
+
+  std::vector<Timer*> all;  ///< a handful, armed or not
 };
 
-/// Calls once, later, on the thread of its timers.
+/// Calls once, later, on the thread of its timers. Arming it allocates nothing.
 class Timer {
  public:
-  explicit Timer(Timers& timers) : all(timers) {}
-  ~Timer() { disarm(); }
+  explicit Timer(Timers& timers);
+  ~Timer();
   Timer(const Timer&) = delete;
   Timer& operator=(const Timer&) = delete;
 
@@ -44,9 +46,9 @@ class Timer {
   friend class Timers;
   void call();
 
-  Timers& all;
-  std::optional<std::multimap<Timers::Clock::time_point, Timer*>::iterator> place;
-  std::function<void()> job;  ///< none while disarmed
+  Timers& timers;
+  std::optional<Timers::Clock::time_point> due;  ///< none while disarmed
+  std::function<void()> job;
 };
 
 }  // namespace corvane
