@@ -29,7 +29,7 @@ PlainButton {
         radius: 12
         color: Qt.tint(root.fill, root.light)
         borderWidth: root.selected ? 2 : 1
-        borderColor: root.selected ? TunerTheme.gold : Qt.rgba(1, 1, 1, 0.08)
+        borderColor: root.selected ? TunerTheme.gold : Shades.outline
     }
 
     FocusRing {

@@ -21,8 +21,10 @@ class SpokenTest : public testing::Test {
  protected:
   SpokenTest() {
     engine->start();
-    QObject::connect(&spoken(), &Spoken::announced,
-                     [this] { said.push_back(spoken().announcement().toStdString()); });
+    QObject::connect(&spoken(), &Spoken::announced, [this] {
+      const QString words = spoken().announcement();
+      if (!words.isEmpty()) said.push_back(words.toStdString());
+    });
   }
 
   ~SpokenTest() override { QAccessible::setActive(false); }
@@ -50,6 +52,11 @@ class SpokenTest : public testing::Test {
   void hear(double cents) {
     const double frequency = 110.0 * std::exp2(cents / 1200.0);
     ApplySink(engine, world.mainQueue).deliver(PitchDetector::Reading{frequency, 0.99, 0.05F});
+    world.mainQueue->runAll();
+  }
+
+  void hearNothing() {
+    ApplySink(engine, world.mainQueue).deliver(std::nullopt);
     world.mainQueue->runAll();
   }
 
@@ -92,6 +99,29 @@ TEST_F(SpokenTest, WhenNobodyListensAnyMoreTheWordsGo) {
   EXPECT_TRUE(waitFor([this] { return !spoken().centsMeter().isEmpty(); }));
   QAccessible::setActive(false);
   EXPECT_TRUE(spoken().centsMeter().isEmpty());
+}
+
+TEST_F(SpokenTest, WhatWasSaidGoesWithTheNote) {
+  goToTheWindow();
+  QAccessible::setActive(true);
+  hear(-12.0);
+  ASSERT_TRUE(waitFor([this] { return !said.empty(); }));
+  EXPECT_EQ(spoken().announcement(), "A2, 12 cents flat");
+  hearNothing();
+  EXPECT_TRUE(waitFor([this] { return spoken().announcement().isEmpty(); }));
+  EXPECT_THAT(said, ElementsAre("A2, 12 cents flat", "Play a note"));
+}
+
+TEST_F(SpokenTest, WhoComesBackIsToldAnew) {
+  goToTheWindow();
+  QAccessible::setActive(true);
+  hear(-12.0);
+  ASSERT_TRUE(waitFor([this] { return !said.empty(); }));
+  QAccessible::setActive(false);
+  EXPECT_TRUE(spoken().announcement().isEmpty());
+  QAccessible::setActive(true);
+  EXPECT_TRUE(waitFor([this] { return said.size() == 2; }));
+  EXPECT_EQ(said.back(), "A2, 12 cents flat");
 }
 
 TEST_F(SpokenTest, TheMetersChangeTheirWordsTwiceASecondAtMost) {
