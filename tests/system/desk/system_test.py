@@ -23,9 +23,22 @@ LEAST_SHARE_READ_RIGHT = 0.8
 class SystemTest(unittest.TestCase):
     desktop: ClassVar[PrivateDesktop]
     band: ClassVar[Band]
+    _room: ClassVar[PulseAudioRoom | None] = None
 
-    def enter_room(self) -> Room:
-        return self.enterContext(PulseAudioRoom(self.desktop))
+    def enter_room(self) -> PulseAudioRoom:
+        """All tests of a program are in the same, which takes seconds to hear. It is quiet again
+        when the next one enters."""
+        if not SystemTest._room:
+            SystemTest._room = self.desktop.enter_context(PulseAudioRoom(self.desktop))
+        self.addCleanup(SystemTest._room.hush)
+        return SystemTest._room
+
+    def enter_another_room(self, room: Room) -> Room:
+        """One of a test's own. Two servers of the same kind cannot be on one desktop."""
+        if SystemTest._room:
+            SystemTest._room.close()
+            SystemTest._room = None
+        return self.enterContext(room)
 
     def start_tuner(self, config_home: pathlib.Path, environment: dict[str, str]) -> Tuner:
         program = pathlib.Path(os.environ["CORVANE_PROGRAM"])
