@@ -7,7 +7,7 @@ import sys
 import unittest
 from typing import ClassVar
 
-from .desktop import PrivateDesktop
+from .desktop import SCREEN, PrivateDesktop, Size
 from .instruments import Band, Note
 from .pulse_audio import PulseAudioRoom
 from .readings import Reading, note
@@ -63,9 +63,9 @@ class SystemTest(unittest.TestCase):
         self.assertGreaterEqual(shown[name] / shown.total(), LEAST_SHARE_READ_RIGHT, shown)
 
 
-def main() -> None:
-    """Runs the tests of the calling program on a private desktop."""
-    with PrivateDesktop() as desktop:
+def main(screen: Size = SCREEN) -> None:
+    """Runs the tests of the calling program on a private desktop with a display of this size."""
+    with PrivateDesktop(screen=screen) as desktop:
         SystemTest.desktop = desktop
         SystemTest.band = Band(desktop.folder("notes"))
         result = unittest.main("__main__", verbosity=2, exit=False).result

@@ -236,7 +236,7 @@ std::vector<MarkSeen> marksOf(const Scene& scene) {
 
 std::vector<QString> cutTextsOf(const Scene& scene) {
   Shown shown(scene);
-  atRest(shown.window());
+  shown.window().grabWindow();  // lays out
   const QRectF room(QPointF(), QSizeF(shown.window().size()));
   std::vector<QString> cut;
   for (const QQuickItem* item : itemsInFront(shown.window())) {

@@ -76,6 +76,12 @@ std::vector<Scene> particularScenes() {
           guitar("display-3840x2160", QSize(3840, 2132))};
 }
 
+std::vector<Scene> scenesOfWholeDisplays() {
+  std::vector<Scene> few = particularScenes();
+  std::erase_if(few, [](const Scene& scene) { return !scene.name.startsWith("display-"); });
+  return few;
+}
+
 std::vector<Scene> screenshots() {
   constexpr QSize area(480, 860);
   return {{"guitar", area, Instrument::guitar, "g6-standard", 1.2, false},

@@ -34,6 +34,9 @@ std::vector<Scene> particularScenes();
 /// `presses` times the Tab key.
 std::vector<int> tabs(int presses);
 
+/// Those of them that fill the smallest and the largest display.
+std::vector<Scene> scenesOfWholeDisplays();
+
 /// An instrument each at the window's first size, for software centres.
 std::vector<Scene> screenshots();
 
