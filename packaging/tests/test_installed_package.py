@@ -5,7 +5,6 @@ import pathlib
 import re
 import subprocess
 import sys
-import unittest
 
 # Beside this file where the package is tested, and in the tree's own tests.
 HERE = pathlib.Path(__file__).resolve().parent

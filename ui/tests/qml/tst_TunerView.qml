@@ -245,4 +245,33 @@ ScreenTest {
         verify(!prompt.visible);
         compare(view.Window.activeFocusItem?.Accessible.name, "Privacy Policy");
     }
+
+    function test_the_keyboard_comes_back_with_the_prompt_unless_it_was_moved_data() {
+        return [
+            {
+                tag: "left",
+                key: Qt.Key_Shift,
+                holder: "Allow Microphone"
+            },
+            {
+                tag: "moved",
+                key: Qt.Key_Tab,
+                holder: "Guitar"
+            }
+        ];
+    }
+
+    function test_the_keyboard_comes_back_with_the_prompt_unless_it_was_moved(row) {
+        tuner.loseMicrophone();
+        const view = make(subject);
+        const prompt = only(view, MicrophonePrompt);
+        buttonOf(prompt, "Allow Microphone").forceActiveFocus(Qt.TabFocusReason);
+        tuner.findMicrophone();
+        keyClick(Qt.Key_Space);
+        verify(!prompt.visible);
+        keyClick(row.key);
+        tuner.loseMicrophone();
+        verify(prompt.visible);
+        compare(view.Window.activeFocusItem?.Accessible.name, row.holder);
+    }
 }
