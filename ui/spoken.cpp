@@ -17,7 +17,7 @@ using namespace std::chrono_literals;
 constexpr auto betweenWords = 500ms;
 
 // A voice asks for the words only after it has been told that there are some.
-constexpr auto untilSaid = 1500ms;
+constexpr auto untilSaid = 3000ms;
 
 using Time = Commentary::Time;
 

@@ -56,8 +56,9 @@ class Spoken(SystemTest):
         self.screen.rest_mouse()
 
     def test_a_string_is_tuned_by_what_is_said(self) -> None:
-        strings = {cents: self.plucked(cents, PLUCK_SECONDS) for cents in set(PLUCKS)}
+        # At once, while it can be asked for; what takes long, later.
         self.reader.wait_for(lambda said: SILENCE in said)
+        strings = {cents: self.plucked(cents, PLUCK_SECONDS) for cents in set(PLUCKS)}
         self.screen.focus("Auto")
         self.reader.wait_for(lambda said: "Auto, selected, radio button, on" in said)
         steps = [self.press("Right", "E2, not selected, radio button"),
