@@ -6,7 +6,7 @@ Chip {
     id: root
 
     selected: !(row?.tuner.locked ?? false)
-    fill: selected ? Qt.alpha(TunerTheme.gold, 0.22) : TunerTheme.card
+    fill: selected ? Shades.chosen : TunerTheme.card
     onClicked: row.tuner.releaseLock()
 
     Accessible.name: label.text

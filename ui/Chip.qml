@@ -24,16 +24,21 @@ PlainButton {
     Accessible.checked: selected
     Accessible.onToggleAction: press()
 
+    // On whole points: the side of a chip need not be one, and a line between two pixels is blurred.
     ContinuousRectangle {
-        anchors.fill: parent
+        id: face
+
+        x: Math.round(root.x) - root.x
+        width: Math.round(root.x + root.width) - Math.round(root.x)
+        height: Math.round(root.height)
         radius: 12
         color: Qt.tint(root.fill, root.light)
         borderWidth: root.selected ? 2 : 1
-        borderColor: root.selected ? TunerTheme.gold : Qt.rgba(1, 1, 1, 0.08)
+        borderColor: root.selected ? TunerTheme.gold : Shades.outline
     }
 
     FocusRing {
-        control: root
+        control: face
         radius: 14
         distance: 0
         visible: root.visualFocus

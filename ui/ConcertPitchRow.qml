@@ -36,7 +36,7 @@ Item {
         ContinuousRectangle {
             anchors.fill: parent
             radius: 8
-            color: menu.opened ? Qt.rgba(1, 1, 1, 0.16) : Qt.tint(Qt.rgba(1, 1, 1, 0.08), face.light)
+            color: menu.opened ? Qt.rgba(1, 1, 1, 0.16) : Qt.tint(Shades.track, face.light)
         }
 
         FocusRing {

@@ -24,7 +24,7 @@ Item {
         anchors.right: parent.right
         height: parent.height
         radius: 8
-        color: Qt.rgba(1, 1, 1, 0.08)
+        color: Shades.track
     }
 
     TunerRow {

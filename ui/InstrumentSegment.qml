@@ -23,7 +23,7 @@ PlainButton {
     ContinuousRectangle {
         anchors.fill: parent
         radius: 6
-        color: Qt.tint(Qt.rgba(1, 1, 1, root.checked ? 0.2 : 0), root.light)
+        color: root.checked ? Qt.tint(Shades.raised, root.light) : root.light
     }
 
     FocusRing {

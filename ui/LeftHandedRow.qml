@@ -37,7 +37,7 @@ Item {
 
         Capsule {
             anchors.fill: parent
-            color: Qt.tint(handed.checked ? TunerTheme.gold : Qt.rgba(1, 1, 1, 0.16), handed.light)
+            color: Qt.tint(handed.checked ? TunerTheme.gold : Shades.off, handed.light)
 
             Capsule {
                 x: handed.checked ? parent.width - width - 2 : 2

@@ -6,6 +6,7 @@ PlainButton {
     id: root
 
     required property string title
+    required property bool choosable // it can be the chosen one
     required property bool chosen
     required property bool highlighted
     required property bool ringed // the keyboard is here, and is used
@@ -17,13 +18,13 @@ PlainButton {
     Accessible.role: Accessible.MenuItem
     Accessible.name: title
     Accessible.focusable: true
-    Accessible.checkable: true
+    Accessible.checkable: choosable
     Accessible.checked: chosen
 
     ContinuousRectangle {
         anchors.fill: parent
         radius: 7
-        color: Qt.rgba(1, 1, 1, root.down ? 0.16 : root.highlighted ? 0.1 : 0)
+        color: root.down ? Qt.rgba(1, 1, 1, 0.16) : root.highlighted ? Shades.highlight : "transparent"
         borderColor: TunerTheme.sharp
         borderWidth: root.ringed ? 2 : 0
     }

@@ -75,9 +75,9 @@ MouseArea {
         width: root.listWidth > 0 ? root.listWidth : root.place.width
         height: Math.min(list.implicitHeight + 2 * root.padding, root.height - 2 * root.margin)
         radius: 12
-        color: Qt.lighter(TunerTheme.card, 1.25)
+        color: Shades.menu
         borderWidth: 1
-        borderColor: Qt.rgba(1, 1, 1, 0.14)
+        borderColor: Shades.line
 
         // What is pressed beside the entries does not close the list.
         MouseArea {

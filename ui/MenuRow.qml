@@ -33,6 +33,7 @@ FocusScope {
         width: root.width
         height: root.list?.entryHeight ?? 0
         title: root.title
+        choosable: root.list?.hasChoice ?? false
         chosen: root.chosen
         indent: root.list?.indent ?? 0
         highlighted: root.ListView.isCurrentItem

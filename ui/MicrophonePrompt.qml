@@ -7,12 +7,20 @@ Column {
 
     required property TunerModel tuner
     property Item successor // has the keyboard when what had it is no longer shown
+    property bool lent: false // the keyboard, to the successor
 
     spacing: 8
 
     onVisibleChanged: {
-        if (!visible && button.activeFocus && successor)
+        if (!visible && button.activeFocus && successor) {
             successor.forceActiveFocus(Qt.OtherFocusReason);
+            lent = true;
+        } else if (visible && lent) {
+            // As after a press that was in vain: the keyboard is where it was left.
+            if (successor.activeFocus)
+                button.forceActiveFocus(Qt.OtherFocusReason);
+            lent = false;
+        }
     }
 
     Label {

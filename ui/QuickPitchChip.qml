@@ -8,7 +8,7 @@ PlainButton {
     required property int modelData
     readonly property TunerRow row: parent as TunerRow
     readonly property bool selected: row?.tuner.wholeHertz === modelData
-    readonly property color ground: selected ? Qt.alpha(TunerTheme.gold, 0.22) : Qt.rgba(1, 1, 1, 0.06)
+    readonly property color ground: selected ? Shades.chosen : Shades.capsule
 
     implicitWidth: number.implicitWidth + 20
     implicitHeight: number.implicitHeight + 12

@@ -39,7 +39,7 @@ Item {
     ContinuousRectangle {
         anchors.fill: parent
         radius: 8
-        color: Qt.rgba(1, 1, 1, 0.08)
+        color: Shades.track
     }
 
     StepperButton {
@@ -55,7 +55,7 @@ Item {
         anchors.centerIn: parent
         width: 1
         height: parent.height - 12
-        color: Qt.rgba(1, 1, 1, 0.14)
+        color: Shades.line
     }
 
     StepperButton {

@@ -25,6 +25,6 @@ PlainButton {
         width: 14
         height: width
         kind: root.kind
-        color: Qt.rgba(1, 1, 1, root.enabled ? 1 : 0.3)
+        color: root.enabled ? "white" : Shades.unavailable
     }
 }

@@ -7,6 +7,8 @@ TunerRow {
 
     required property fit metrics
 
+    // So that what stands below is on whole points, which the side of a chip need not be.
+    height: Math.round(metrics.chip)
     spacing: 6
     itemWidth: metrics.chip
 

@@ -11,7 +11,9 @@ Item {
     Column {
         id: column
 
-        anchors.centerIn: parent
+        // On whole points, or every line in it would be blurred.
+        x: Math.round((root.width - width) / 2)
+        y: Math.round((root.height - height) / 2)
         width: Math.min(root.width, 640)
         leftPadding: root.metrics.side
         rightPadding: root.metrics.side

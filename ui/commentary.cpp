@@ -38,7 +38,7 @@ Commentary::Answer Commentary::look(const Situation& now, Time time) {
   const Time settled = newsSince + settling(topic.kind);
   const Time due = saidAt ? std::max(settled, *saidAt + pace) : settled;
   if (time >= due) return say(now, time);
-  return {{}, due - time};
+  return {.lookAgain = due - time};
 }
 
 Commentary::Topic Commentary::topicOf(const Situation& now) {
@@ -68,10 +68,12 @@ Commentary::Answer Commentary::say(const Situation& now, Time time) {
   said = current;
   saidCents = now.cents;
   saidAt = time;
-  if (current.kind == Kind::problem || current.kind == Kind::status) return {current.about, {}};
+  if (current.kind == Kind::problem || current.kind == Kind::status) {
+    return {.words = current.about, .isOnScreen = true};
+  }
   const QString verdict =
       current.kind == Kind::inTune ? QStringLiteral("in tune") : deviationInWords(now.cents);
-  return {current.about + QStringLiteral(", ") + verdict, {}};
+  return {.words = current.about + QStringLiteral(", ") + verdict};
 }
 
 }  // namespace corvane

@@ -25,8 +25,9 @@ class Commentary {
   };
 
   struct Answer {
-    QString words;                  ///< to be said now; empty for nothing
-    std::optional<Time> lookAgain;  ///< after which time something may be due without a change
+    QString words{};                  ///< to be said now; empty for nothing
+    bool isOnScreen = false;          ///< the words are those of a text that can be read there
+    std::optional<Time> lookAgain{};  ///< after which time something may be due without a change
   };
 
   Answer look(const Situation& now, Time time);

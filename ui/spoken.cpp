@@ -16,6 +16,15 @@ using namespace std::chrono_literals;
 // matter when there are too many.
 constexpr auto betweenWords = 500ms;
 
+// A voice asks for the words only after it has been told that there are some.
+constexpr auto untilSaid = 3000ms;
+
+using Time = Commentary::Time;
+
+std::optional<Time> sooner(std::optional<Time> one, std::optional<Time> other) {
+  return one && other ? std::min(*one, *other) : one ? one : other;
+}
+
 }  // namespace
 
 Spoken::Spoken(const TunerModel& shown) : tuner(shown) {
@@ -39,6 +48,7 @@ void Spoken::accessibilityActiveChanged(bool now) {
     tuner.disconnect(this);
     qApp->disconnect(this);
     next.stop();
+    fallSilent();
     setWords({});
   }
   emit activeChanged();
@@ -59,16 +69,13 @@ void Spoken::changed() {
 }
 
 void Spoken::look() {
-  const Commentary::Time now(clock.elapsed());
-  std::optional<Commentary::Time> again;
+  const Time now(clock.elapsed());
+  std::optional<Time> again;
   // Another program's user is not talked to.
   if (QGuiApplication::applicationState() == Qt::ApplicationActive) {
-    const Commentary::Answer answer = commentary.look(situation(), now);
-    again = answer.lookAgain;
-    if (!answer.words.isEmpty()) {
-      said = answer.words;
-      emit announced();
-    }
+    again = tell(now);
+  } else {
+    fallSilent();
   }
   if (Words latest = current(); latest != words) {
     const auto rest = wordsAt + betweenWords - now;
@@ -76,10 +83,37 @@ void Spoken::look() {
       wordsAt = now;
       setWords(std::move(latest));
     } else {
-      again = again ? std::min(*again, rest) : rest;
+      again = sooner(again, rest);
     }
   }
   if (again) next.start(*again);
+}
+
+/// After which time there is more to be done.
+std::optional<Time> Spoken::tell(Time now) {
+  const Commentary::Answer answer = commentary.look(situation(), now);
+  if (!answer.words.isEmpty()) {
+    setAnnouncement(answer.words);
+    if (answer.isOnScreen) takeBackAt = now + untilSaid;
+  }
+  if (!takeBackAt) return answer.lookAgain;
+  if (now < *takeBackAt) return sooner(answer.lookAgain, *takeBackAt - now);
+  // Who reads the screen would find it twice.
+  setAnnouncement({});
+  return answer.lookAgain;
+}
+
+/// Whoever comes back is told what is there then.
+void Spoken::fallSilent() {
+  commentary = {};
+  setAnnouncement({});
+}
+
+void Spoken::setAnnouncement(const QString& now) {
+  takeBackAt.reset();
+  if (now.isEmpty() && said.isEmpty()) return;
+  said = now;
+  emit announced();
 }
 
 Commentary::Situation Spoken::situation() const {

@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
+#include <optional>
 
 #include "ui/commentary.h"
 
@@ -31,7 +32,8 @@ class Spoken : public QObject, private QAccessible::ActivationObserver {
   ~Spoken() override;
 
   bool isActive() const { return active; }  ///< somebody listens
-  /// What was said last, of what changed; empty before the first.
+  /// What was said last, of what changed. Empty before the first, once what is said stands on the
+  /// screen as well and has been said, and while another program has the keyboard.
   QString announcement() const { return said; }
   // What the meters show, no more than half a second ago; empty while nobody listens.
   QString centsMeter() const { return words.cents; }
@@ -40,7 +42,7 @@ class Spoken : public QObject, private QAccessible::ActivationObserver {
 
  signals:
   void activeChanged();
-  void announced();
+  void announced();  ///< also when the announcement is taken back
   void wordsChanged();
 
  private:
@@ -56,6 +58,9 @@ class Spoken : public QObject, private QAccessible::ActivationObserver {
   void watch();
   void changed();
   void look();
+  std::optional<Commentary::Time> tell(Commentary::Time now);
+  void fallSilent();
+  void setAnnouncement(const QString& now);
   Commentary::Situation situation() const;
   Words current() const;
   void setWords(Words now);
@@ -64,6 +69,7 @@ class Spoken : public QObject, private QAccessible::ActivationObserver {
   bool active = false;
   Commentary commentary;
   QString said;
+  std::optional<Commentary::Time> takeBackAt;
   Words words;
   QElapsedTimer clock;
   Commentary::Time wordsAt{-1000};  ///< long ago

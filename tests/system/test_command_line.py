@@ -1,9 +1,7 @@
 """What the program answers in a terminal, where it needs no display."""
 
 import os
-import pathlib
 import subprocess
-import sys
 import unittest
 
 PROGRAM = os.environ["CORVANE_PROGRAM"]

@@ -1,6 +1,5 @@
 """The private desktop itself: sound travels on it, and nothing of it stays behind."""
 
-import os
 import pathlib
 import signal
 import subprocess

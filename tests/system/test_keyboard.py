@@ -11,12 +11,14 @@ from desk.controls import LEFT_HANDED, Controls
 from desk.controls_test import ControlsTest
 from desk.library import BASS, GUITAR, MODERN_PITCHES, OLDER_PITCHES, PIANO, QUICK_PITCHES, Tuning
 from desk.screen import Item, Screen
+from desk.screen_reader import ScreenReader
 
 STEPPER = "Concert pitch in hertz"
 POLICY = "Privacy Policy"
 PLAY = "Play reference"
 ALLOW = "Allow Microphone"
 BACK = "shift+Tab"
+NO_MICROPHONE = "No microphone is available."
 # As they are read: in rows from the top, and from the left in each.
 ORDER = ["Help", "Guitar", "Bass", "Piano", LEFT_HANDED, "Standard", "Auto", *GUITAR[0].chips,
          "440  Modern", STEPPER, *(f"{hertz} Hz" for hertz in QUICK_PITCHES), PLAY, ALLOW, POLICY]
@@ -197,6 +199,18 @@ class EveryAction(KeyboardTest):
         screen.keys("space")
         screen.find(name="Playing")
         screen.find(name=PLAY)
+
+    def test_allow_microphone_which_keeps_the_keyboard_when_it_was_in_vain(self) -> None:
+        screen = self.open()
+        reader = self.enterContext(ScreenReader())
+        screen.focus(ALLOW, BACK)
+        for key in ("space", "Return"):
+            reader.forget()
+            screen.keys(key)
+            # The prompt goes while the server is asked, and comes back with the answer.
+            reader.wait_for(lambda said: said[-1:] == [f"{ALLOW}, button"])
+            self.assertIn(f"{POLICY}, link", reader.words)
+            screen.find(name=NO_MICROPHONE)
 
     def open(self, **variables: str) -> Screen:
         tuner = self.start_tuner(self.desktop.folder("config"), {**os.environ, **variables})

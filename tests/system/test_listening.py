@@ -29,7 +29,7 @@ class Silence(system_test.SystemTest):
 
 class NoMicrophone(system_test.SystemTest):
     def test_a_server_that_only_has_the_sound_of_the_speaker_has_no_microphone(self) -> None:
-        room = self.enterContext(PulseAudioRoom(self.desktop, microphone=False))
+        room = self.enter_another_room(PulseAudioRoom(self.desktop, microphone=False))
         self.assert_says_so(room.environment)
 
     def test_without_a_sound_server_there_is_no_microphone(self) -> None:

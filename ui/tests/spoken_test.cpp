@@ -21,8 +21,10 @@ class SpokenTest : public testing::Test {
  protected:
   SpokenTest() {
     engine->start();
-    QObject::connect(&spoken(), &Spoken::announced,
-                     [this] { said.push_back(spoken().announcement().toStdString()); });
+    QObject::connect(&spoken(), &Spoken::announced, [this] {
+      const QString words = spoken().announcement();
+      if (!words.isEmpty()) said.push_back(words.toStdString());
+    });
   }
 
   ~SpokenTest() override { QAccessible::setActive(false); }
@@ -53,6 +55,11 @@ class SpokenTest : public testing::Test {
     world.mainQueue->runAll();
   }
 
+  void hearNothing() {
+    ApplySink(engine, world.mainQueue).deliver(std::nullopt);
+    world.mainQueue->runAll();
+  }
+
   int argc = 1;
   char name[5] = "test";
   char* argv[2] = {name, nullptr};
@@ -68,7 +75,8 @@ class SpokenTest : public testing::Test {
 TEST_F(SpokenTest, NothingIsWatchedWhileNobodyListens) {
   ASSERT_FALSE(spoken().isActive());
   int words = 0;
-  QObject::connect(&spoken(), &Spoken::wordsChanged, [&words] { ++words; });
+  const QObject watching;  // for as long as there is something to count in
+  QObject::connect(&spoken(), &Spoken::wordsChanged, &watching, [&words] { ++words; });
   hear(-12.0);
   QCoreApplication::processEvents();
   EXPECT_EQ(words, 0);
@@ -94,12 +102,37 @@ TEST_F(SpokenTest, WhenNobodyListensAnyMoreTheWordsGo) {
   EXPECT_TRUE(spoken().centsMeter().isEmpty());
 }
 
+TEST_F(SpokenTest, WhatWasSaidGoesWithTheNote) {
+  goToTheWindow();
+  QAccessible::setActive(true);
+  hear(-12.0);
+  ASSERT_TRUE(waitFor([this] { return !said.empty(); }));
+  EXPECT_EQ(spoken().announcement(), "A2, 12 cents flat");
+  hearNothing();
+  EXPECT_TRUE(waitFor([this] { return spoken().announcement().isEmpty(); }));
+  EXPECT_THAT(said, ElementsAre("A2, 12 cents flat", "Play a note"));
+}
+
+TEST_F(SpokenTest, WhoComesBackIsToldAnew) {
+  goToTheWindow();
+  QAccessible::setActive(true);
+  hear(-12.0);
+  ASSERT_TRUE(waitFor([this] { return !said.empty(); }));
+  QAccessible::setActive(false);
+  EXPECT_TRUE(spoken().announcement().isEmpty());
+  QAccessible::setActive(true);
+  EXPECT_TRUE(waitFor([this] { return said.size() == 2; }));
+  EXPECT_EQ(said.back(), "A2, 12 cents flat");
+}
+
 TEST_F(SpokenTest, TheMetersChangeTheirWordsTwiceASecondAtMost) {
   QAccessible::setActive(true);
   QElapsedTimer clock;
   clock.start();
   std::vector<qint64> changes;
-  QObject::connect(&spoken(), &Spoken::wordsChanged, [&] { changes.push_back(clock.elapsed()); });
+  const QObject watching;  // for as long as there is something to count in
+  QObject::connect(&spoken(), &Spoken::wordsChanged, &watching,
+                   [&] { changes.push_back(clock.elapsed()); });
   bool nearer = false;
   ASSERT_TRUE(waitFor([&] {
     nearer = !nearer;

@@ -24,6 +24,12 @@ TEST(TunerTheme, HasSevenColours) {
   expectColor(TunerTheme::sharp, 0.45F, 0.70F, 1.0F, 1.0F);
 }
 
+TEST(Shades, OfChosenChipsOutlinesAndCapsulesAreThoseOfTheDesign) {
+  expectColor(Shades::chosen, 0.93F, 0.74F, 0.32F, 0.22F);
+  expectColor(Shades::outline, 1.0F, 1.0F, 1.0F, 0.08F);
+  expectColor(Shades::capsule, 1.0F, 1.0F, 1.0F, 0.06F);
+}
+
 TEST(NeedleColor, IsMutedWhileNothingIsHeard) {
   EXPECT_EQ(needleColor(false, true, 37.0), TunerTheme::muted);
 }

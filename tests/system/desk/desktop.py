@@ -6,12 +6,14 @@ import pathlib
 import signal
 import subprocess
 import tempfile
+from collections.abc import Iterator
 
 from .processes import Processes
 from .waiting import wait_until
 
 START_SECONDS = 20
-SCREEN = "2560x1440x24"  # room for a window that is far larger than the tuner needs
+Size = tuple[int, int]  # in pixels
+SCREEN = (2560, 1440)  # room for a window that is far larger than the tuner needs
 
 _DESKTOP_VARIABLES = ("DISPLAY", "WAYLAND_DISPLAY", "XAUTHORITY", "SESSION_MANAGER", "LANGUAGE")
 _DESKTOP_PREFIXES = ("DBUS_", "AT_SPI_", "PULSE_", "PIPEWIRE_", "WIREPLUMBER_", "XDG_", "QT_",
@@ -25,9 +27,10 @@ class PrivateDesktop(contextlib.ExitStack):
 
     Without `read_aloud` nobody asks programs for what a screen reader needs, which costs them."""
 
-    def __init__(self, read_aloud: bool = True):
+    def __init__(self, read_aloud: bool = True, screen: Size = SCREEN):
         super().__init__()
         self._read_aloud = read_aloud
+        self._screen = screen
 
     def __enter__(self) -> "PrivateDesktop":
         super().__enter__()
@@ -54,6 +57,17 @@ class PrivateDesktop(contextlib.ExitStack):
         """What the display shows at every moment: a file in the format of xwd."""
         return self.root / "Xvfb_screen0"
 
+    @contextlib.contextmanager
+    def another_display(self, screen: Size) -> Iterator[None]:
+        """Within the context, what is started or done is on this one."""
+        before = os.environ["DISPLAY"]
+        try:
+            self._start_display(screen)
+            self._start_window_manager()
+            yield
+        finally:
+            os.environ["DISPLAY"] = before
+
     def _open(self) -> None:
         self._end_on_signals()
         self.root = pathlib.Path(self.enter_context(
@@ -61,7 +75,7 @@ class PrivateDesktop(contextlib.ExitStack):
         self.processes = Processes(self.folder("logs"))
         self.callback(self.processes.end_all)
         self._move_in()
-        self._start_display()
+        self._start_display(self._screen, "-fbdir", str(self.root))
         self._start_session_bus()
         self._start_accessibility_bus()
         self._start_window_manager()
@@ -86,10 +100,10 @@ class PrivateDesktop(contextlib.ExitStack):
         if self._read_aloud:
             os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
 
-    def _start_display(self) -> None:
+    def _start_display(self, screen: Size, *options: str) -> None:
         number = self._start_and_read_line(
-            "Xvfb", "-displayfd", "{fd}", "-screen", "0", SCREEN, "-nolisten", "tcp",
-            "-noreset", "-fbdir", str(self.root))
+            "Xvfb", "-displayfd", "{fd}", "-screen", "0", f"{screen[0]}x{screen[1]}x24",
+            "-nolisten", "tcp", "-noreset", *options)
         os.environ["DISPLAY"] = f":{number}"
         # The first key changes the keyboard to that of xdotool. A window manager takes up its own
         # keys anew when that happens, and loses one that is pressed meanwhile.
@@ -108,7 +122,8 @@ class PrivateDesktop(contextlib.ExitStack):
         subprocess.run(
             ["dbus-send", "--session", "--print-reply", "--dest=org.a11y.Bus", "/org/a11y/bus",
              "org.freedesktop.DBus.Properties.Set", "string:org.a11y.Status", "string:IsEnabled",
-             f"variant:boolean:{str(self._read_aloud).lower()}"], check=True, stdout=subprocess.DEVNULL, timeout=START_SECONDS)
+             f"variant:boolean:{str(self._read_aloud).lower()}"],
+            check=True, stdout=subprocess.DEVNULL, timeout=START_SECONDS)
 
     def _start_window_manager(self) -> None:
         self._start_and_wait(["openbox", "--sm-disable"], ["xdotool", "get_num_desktops"])

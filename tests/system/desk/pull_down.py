@@ -1,7 +1,5 @@
 """A list that opens over a control, used as a person does: scrolled with the wheel and clicked."""
 
-import itertools
-
 import pyatspi
 
 from .screen import ANSWER_SECONDS, Item, Screen
@@ -35,7 +33,7 @@ class PullDown:
         """Clicks the entry of this title among `order`, the titles from first to last."""
         while title not in (entries := {entry.name: entry for entry in self._entries()}):
             above = order.index(title) < order.index(next(iter(entries)))
-            self._screen.click_at(self._contents()[0].box, WHEEL_UP if above else WHEEL_DOWN)
+            self._screen.click_at(self._screen.open_list()[0].box, WHEEL_UP if above else WHEEL_DOWN)
         self._screen.click_at(entries[title].box)
         self._wait_until_open(False)
         self._is_done = True
@@ -50,7 +48,7 @@ class PullDown:
 
     def sections(self) -> list[str]:
         """The headings, from top to bottom."""
-        return [item.name for item in _top_to_bottom(self._contents())
+        return [item.name for item in _top_to_bottom(self._screen.open_list())
                 if item.role == pyatspi.ROLE_HEADING]
 
     def _entries(self) -> list[Item]:
@@ -59,22 +57,17 @@ class PullDown:
 
         def are_still() -> bool:
             before = [item.box for item in last]
-            area, *items = self._contents()
-            last[:] = [item for item in items
-                       if item.role in ENTRY_ROLES and area.box.holds(item.box)]
+            area = self._screen.open_list()
+            last[:] = [item for item in area[1:]
+                       if item.role in ENTRY_ROLES and area[0].box.holds(item.box)]
             return bool(last) and [item.box for item in last] == before
 
         wait_until(are_still, ANSWER_SECONDS,
                    lambda: f"the list keeps moving: {[item.name for item in last]}")
         return _top_to_bottom(last)
 
-    def _contents(self) -> list[Item]:
-        """The list, which is the last thing on the screen, and what is in it; empty when closed."""
-        return list(itertools.dropwhile(lambda item: item.role != pyatspi.ROLE_POPUP_MENU,
-                                        self._screen.items()))
-
     def _wait_until_open(self, is_open: bool) -> None:
-        wait_until(lambda: bool(self._contents()) == is_open, ANSWER_SECONDS,
+        wait_until(lambda: bool(self._screen.open_list()) == is_open, ANSWER_SECONDS,
                    lambda: f"whether the list of {self._face.name} is open should be {is_open}")
 
 

@@ -21,6 +21,7 @@ class Room:
         self._desktop = desktop
         self.environment = {**os.environ, "XDG_RUNTIME_DIR": str(desktop.folder("sound"))}
         self._servers: list[subprocess.Popen] = []
+        self._players: list[subprocess.Popen] = []
         self._microphone_module = ""
 
     def __enter__(self) -> "Room":
@@ -57,8 +58,15 @@ class Room:
 
     def start_playing(self, wav: pathlib.Path) -> subprocess.Popen:
         """The process that ends by itself when the last of the sound has been heard."""
-        return self._desktop.processes.start(["paplay", f"--device={SPEAKER}", str(wav)],
-                                             self.environment)
+        player = self._desktop.processes.start(["paplay", f"--device={SPEAKER}", str(wav)],
+                                               self.environment)
+        self._players.append(player)
+        return player
+
+    def hush(self) -> None:
+        """Ends whatever is still played."""
+        while self._players:
+            self._desktop.processes.end(self._players.pop())
 
     def record(self, rate: int) -> subprocess.Popen:
         """A process that prints what the microphone hears: one channel of native 16-bit numbers."""

@@ -2,13 +2,14 @@
 
 import contextlib
 import functools
+from collections.abc import Iterator
 from typing import NamedTuple
 
 import pyatspi
 from gi.repository import GLib
 
 from .waiting import wait_until
-from .window import Window
+from .window import Window, below
 from .xdotool import xdotool
 
 ANSWER_SECONDS = 5
@@ -90,6 +91,23 @@ class Screen(Window):
         except GLib.Error:  # An item went away while it was being asked.
             return []
 
+    def open_list(self) -> list[Item]:
+        """The list that is open, which is the last thing in the window, with what is in it; empty
+        while none is."""
+        try:
+            return [Item(found, states) for found in self._items_of_list()
+                    if (states := found.getState()).contains(pyatspi.STATE_SHOWING)]
+        except GLib.Error:  # It went away while it was being asked.
+            return []
+
+    def _items_of_list(self) -> Iterator[pyatspi.Accessible]:
+        for application in self._applications():
+            window = application.get_child_at_index(0)
+            last = window and window.get_child_at_index(window.get_child_count() - 1)
+            if last and last.getRole() == pyatspi.ROLE_POPUP_MENU:
+                yield last
+                yield from below(last)
+
     def find(self, **wanted) -> Item:
         """The one item that has these values, as soon as there is exactly one."""
         found: list[Item] = []
@@ -117,7 +135,7 @@ class Screen(Window):
 
     def click_at(self, box: Box, button: str = LEFT_BUTTON) -> None:
         xdotool("mousemove", str(box.x + box.width // 2), str(box.y + box.height // 2),
-                 "click", button)
+                 "click", "--delay", "0", button)
 
     def keys(self, *names: str) -> None:
         xdotool("key", *names)

@@ -58,20 +58,21 @@ class ScreenReader:
 
     def wait_for(self, condition: Callable[[list[str]], bool], seconds: float = 5) -> None:
         """Until what was said since the last `forget` fulfils `condition`."""
-        wait_until(lambda: self._listen() or condition(self.words), seconds,
+        wait_until(lambda: self.listen() or condition(self.words), seconds,
                    lambda: f"said is {self.words}")
 
     def listen_while(self, lasting: Callable[[], bool]) -> None:
         while lasting():
-            self._listen()
+            self.listen()
             time.sleep(0.01)
 
     def forget(self) -> None:
-        self._listen()
+        self.listen()
         self.said.clear()
         self.changes.clear()
 
-    def _listen(self) -> None:
+    def listen(self) -> None:
+        """To what has come until now."""
         context = GLib.MainContext.default()
         while context.iteration(False):
             pass

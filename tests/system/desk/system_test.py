@@ -7,7 +7,7 @@ import sys
 import unittest
 from typing import ClassVar
 
-from .desktop import PrivateDesktop
+from .desktop import SCREEN, PrivateDesktop, Size
 from .instruments import Band, Note
 from .pulse_audio import PulseAudioRoom
 from .readings import Reading, note
@@ -23,9 +23,22 @@ LEAST_SHARE_READ_RIGHT = 0.8
 class SystemTest(unittest.TestCase):
     desktop: ClassVar[PrivateDesktop]
     band: ClassVar[Band]
+    _room: ClassVar[PulseAudioRoom | None] = None
 
-    def enter_room(self) -> Room:
-        return self.enterContext(PulseAudioRoom(self.desktop))
+    def enter_room(self) -> PulseAudioRoom:
+        """All tests of a program are in the same, which takes seconds to hear. It is quiet again
+        when the next one enters."""
+        if not SystemTest._room:
+            SystemTest._room = self.desktop.enter_context(PulseAudioRoom(self.desktop))
+        self.addCleanup(SystemTest._room.hush)
+        return SystemTest._room
+
+    def enter_another_room(self, room: Room) -> Room:
+        """One of a test's own. Two servers of the same kind cannot be on one desktop."""
+        if SystemTest._room:
+            SystemTest._room.close()
+            SystemTest._room = None
+        return self.enterContext(room)
 
     def start_tuner(self, config_home: pathlib.Path, environment: dict[str, str]) -> Tuner:
         program = pathlib.Path(os.environ["CORVANE_PROGRAM"])
@@ -50,9 +63,9 @@ class SystemTest(unittest.TestCase):
         self.assertGreaterEqual(shown[name] / shown.total(), LEAST_SHARE_READ_RIGHT, shown)
 
 
-def main() -> None:
-    """Runs the tests of the calling program on a private desktop."""
-    with PrivateDesktop() as desktop:
+def main(screen: Size = SCREEN) -> None:
+    """Runs the tests of the calling program on a private desktop with a display of this size."""
+    with PrivateDesktop(screen=screen) as desktop:
         SystemTest.desktop = desktop
         SystemTest.band = Band(desktop.folder("notes"))
         result = unittest.main("__main__", verbosity=2, exit=False).result

@@ -1,7 +1,6 @@
 """The program under test, running on the private desktop."""
 
 import pathlib
-import subprocess
 import time
 from collections.abc import Callable
 

@@ -3,25 +3,25 @@
 import os
 import subprocess
 
-from .desktop import START_SECONDS, PrivateDesktop
+from .desktop import START_SECONDS, PrivateDesktop, Size
 from .waiting import wait_until
 
 SOCKET = "wayland-corvane"
-SIZE = (3840, 2160)
 
 
 class WaylandDisplay:
     """For as long as the context lasts; `environment` is that of the programs that are to use it."""
 
-    def __init__(self, desktop: PrivateDesktop):
+    def __init__(self, desktop: PrivateDesktop, screen: Size):
         self._desktop = desktop
+        self._screen = screen
         self._folder = desktop.folder("wayland")
         self.environment = {**os.environ, "XDG_RUNTIME_DIR": str(self._folder),
                             "WAYLAND_DISPLAY": SOCKET, "QT_QPA_PLATFORM": "wayland"}
         del self.environment["DISPLAY"]
 
     def __enter__(self) -> "WaylandDisplay":
-        width, height = SIZE
+        width, height = self._screen
         self._weston = self._desktop.processes.start(
             ["weston", "--backend=headless-backend.so", "--use-pixman", "--no-config",
              "--idle-time=0", f"--width={width}", f"--height={height}", f"--socket={SOCKET}"],

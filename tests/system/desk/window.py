@@ -49,7 +49,7 @@ class Window:
         place = button.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
         self.activate()
         xdotool("mousemove", str(place.x + place.width // 2), str(place.y + place.height // 2),
-                 "click", "1")
+                 "click", "--delay", "0", "1")
 
     def minimise(self) -> None:
         xdotool("windowminimize", self._id())
@@ -89,13 +89,17 @@ class Window:
             return []
 
     def _items(self) -> Iterator[pyatspi.Accessible]:
-        for application in pyatspi.Registry.getDesktop(0):
-            if application and application.get_process_id() == self._pid:
-                yield from _below(application)
+        for application in self._applications():
+            yield from below(application)
+
+    def _applications(self) -> list[pyatspi.Accessible]:
+        return [application for application in pyatspi.Registry.getDesktop(0)
+                if application and application.get_process_id() == self._pid]
 
 
-def _below(item: pyatspi.Accessible) -> Iterator[pyatspi.Accessible]:
-    for child in item:
-        if child:
+def below(item: pyatspi.Accessible) -> Iterator[pyatspi.Accessible]:
+    # Not by iteration, which asks for the number of children before each of them.
+    for index in range(item.get_child_count()):
+        if child := item.get_child_at_index(index):
             yield child
-            yield from _below(child)
+            yield from below(child)

@@ -36,5 +36,18 @@ TEST(Appearance, TheScreenIsDarkInALightAndInADarkAppearance) {
   EXPECT_EQ(onLight.pixelColor(0, 0).rgb(), TunerTheme::bg.rgb());
 }
 
+TEST(Appearance, NoTextOfAnyStateIsCut) {
+  QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+  int argc = 1;
+  char name[] = "test";
+  char* argv[] = {name, nullptr};
+  const QGuiApplication app(argc, argv);
+  for (const Scene& scene : scenes()) {
+    for (const QString& text : cutTextsOf(scene)) {
+      ADD_FAILURE() << text.toStdString() << " is cut in " << scene.name.toStdString();
+    }
+  }
+}
+
 }  // namespace
 }  // namespace corvane::sheet

@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QQuickWindow>
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <fstream>
 #include <set>
@@ -47,17 +48,17 @@ struct Pair {
 struct Grounds {
   Layers bg{TunerTheme::bg};
   Layers card{TunerTheme::card};
-  Layers control{TunerTheme::card, white(0.08F)};
-  Layers raised{TunerTheme::card, white(0.08F), white(0.2F)};
+  Layers control{TunerTheme::card, Shades::track};
+  Layers raised{TunerTheme::card, Shades::track, Shades::raised};
   Layers heardChip{TunerTheme::card, chipFill(false, true, false)};
   Layers tunedChip{TunerTheme::card, chipFill(false, true, true)};
-  Layers goldChip{TunerTheme::card, faded(TunerTheme::gold, 0.22F)};
-  Layers quickChip{TunerTheme::card, white(0.06F)};
+  Layers goldChip{TunerTheme::card, Shades::chosen};
+  Layers quickChip{TunerTheme::card, Shades::capsule};
   Layers gold{TunerTheme::gold};
-  Layers menu{TunerTheme::card.lighter(125)};
-  Layers entry{TunerTheme::card.lighter(125), white(0.1F)};
-  Layers band{TunerTheme::card, white(0.08F), faded(TunerTheme::green, 0.35F)};
-  Layers off{TunerTheme::card, white(0.16F)};
+  Layers menu{Shades::menu};
+  Layers entry{Shades::menu, Shades::highlight};
+  Layers band{TunerTheme::card, Shades::track, chipFill(false, true, true)};
+  Layers off{TunerTheme::card, Shades::off};
 };
 
 std::vector<Pair> texts() {
@@ -90,33 +91,47 @@ std::vector<Pair> texts() {
 
 std::vector<Pair> marks() {
   const Grounds on;
-  return {{"needle on its bar: nothing heard", TunerTheme::muted, on.control, leastOfGraphics},
-          {"needle on its bar: flat", TunerTheme::flat, on.control, leastOfGraphics},
-          {"needle on its bar: sharp", TunerTheme::sharp, on.control, leastOfGraphics},
-          {"needle on the band: nothing heard", TunerTheme::muted, on.band, leastOfGraphics},
-          {"needle on the band: flat", TunerTheme::flat, on.band, leastOfGraphics},
-          {"needle on the band: in tune", TunerTheme::green, on.band, leastOfGraphics},
-          {"needle on the band: sharp", TunerTheme::sharp, on.band, leastOfGraphics},
-          {"band on the bar", faded(TunerTheme::green, 0.35F), on.control, leastOfGraphics},
-          {"level on its bar", TunerTheme::gold, on.control, leastOfGraphics},
-          {"bar on the card", white(0.08F), on.card, leastOfGraphics},
-          {"outline of a locked chip", TunerTheme::gold, on.card, leastOfGraphics},
-          {"outline of any other chip", white(0.08F), on.card, leastOfGraphics},
-          {"fill of the string heard", chipFill(false, true, false), on.card, leastOfGraphics},
-          {"fill of the string in tune", chipFill(false, true, true), on.card, leastOfGraphics},
-          {"switch, off", white(0.16F), on.card, leastOfGraphics},
-          {"switch, on", TunerTheme::gold, on.card, leastOfGraphics},
-          {"knob of the switch, off", Qt::white, on.off, leastOfGraphics},
-          {"knob of the switch, on", TunerTheme::bg, on.gold, leastOfGraphics},
-          {"chevrons of the tuning", TunerTheme::muted, on.card, leastOfGraphics},
-          {"chevrons of the presets", TunerTheme::muted, on.control, leastOfGraphics},
-          {"plus and minus", Qt::white, on.control, leastOfGraphics},
-          {"plus and minus at an end of the range", white(0.3F), on.control, leastOfGraphics},
-          {"checkmark", Qt::white, on.menu, leastOfGraphics},
-          {"highlight in a menu", white(0.1F), on.menu, leastOfGraphics},
-          {"loudspeaker", Qt::black, on.gold, leastOfGraphics},
-          {"focus ring on the window", TunerTheme::sharp, on.bg, leastOfGraphics},
-          {"focus ring on a card", TunerTheme::sharp, on.card, leastOfGraphics}};
+  return {
+      {"needle on its bar: nothing heard", TunerTheme::muted, on.control, leastOfGraphics},
+      {"needle on its bar: flat", TunerTheme::flat, on.control, leastOfGraphics},
+      {"needle on its bar: sharp", TunerTheme::sharp, on.control, leastOfGraphics},
+      {"needle on the band: nothing heard", TunerTheme::muted, on.band, leastOfGraphics},
+      {"needle on the band: flat", TunerTheme::flat, on.band, leastOfGraphics},
+      {"needle on the band: in tune", TunerTheme::green, on.band, leastOfGraphics},
+      {"needle on the band: sharp", TunerTheme::sharp, on.band, leastOfGraphics},
+      {"band on the bar", chipFill(false, true, true), on.control, leastOfGraphics},
+      {"level on its bar", TunerTheme::gold, on.control, leastOfGraphics},
+      {"bar, picker, stepper, presets on the card", Shades::track, on.card, leastOfGraphics},
+      {"chosen instrument on its track", Shades::raised, on.control, leastOfGraphics},
+      {"outline of a locked chip", TunerTheme::gold, on.card, leastOfGraphics},
+      {"outline of any other chip", Shades::outline, on.card, leastOfGraphics},
+      {"fill of the string heard", chipFill(false, true, false), on.card, leastOfGraphics},
+      {"fill of the string in tune", chipFill(false, true, true), on.card, leastOfGraphics},
+      {"fill of Auto and of a quick pitch, chosen", Shades::chosen, on.card, leastOfGraphics},
+      {"fill of any other chip, of the tuning", TunerTheme::card, on.card, leastOfGraphics},
+      {"capsule of a quick pitch", Shades::capsule, on.card, leastOfGraphics},
+      {"switch, off", Shades::off, on.card, leastOfGraphics},
+      {"switch, on", TunerTheme::gold, on.card, leastOfGraphics},
+      {"knob of the switch, off", Qt::white, on.off, leastOfGraphics},
+      {"knob of the switch, on", TunerTheme::bg, on.gold, leastOfGraphics},
+      {"chevrons of the tuning", TunerTheme::muted, on.card, leastOfGraphics},
+      {"chevrons of the presets", TunerTheme::muted, on.control, leastOfGraphics},
+      {"plus and minus", Qt::white, on.control, leastOfGraphics},
+      {"plus and minus at an end of the range", Shades::unavailable, on.control, leastOfGraphics},
+      {"line between plus and minus", Shades::line, on.control, leastOfGraphics},
+      {"checkmark", Qt::white, on.menu, leastOfGraphics},
+      {"checkmark, highlighted", Qt::white, on.entry, leastOfGraphics},
+      {"highlight in a menu", Shades::highlight, on.menu, leastOfGraphics},
+      {"outline of a menu", Shades::line, on.menu, leastOfGraphics},
+      {"loudspeaker", Qt::black, on.gold, leastOfGraphics},
+      {"face of Play reference", TunerTheme::gold, on.card, leastOfGraphics},
+      {"face of Allow Microphone", TunerTheme::gold, on.bg, leastOfGraphics},
+      {"card on the window", TunerTheme::card, on.bg, leastOfGraphics},
+      {"focus ring on the window", TunerTheme::sharp, on.bg, leastOfGraphics},
+      {"focus ring on a card", TunerTheme::sharp, on.card, leastOfGraphics},
+      {"focus ring on the track of the picker", TunerTheme::sharp, on.control, leastOfGraphics},
+      {"focus ring in a menu", TunerTheme::sharp, on.menu, leastOfGraphics},
+      {"focus ring on the highlight in a menu", TunerTheme::sharp, on.entry, leastOfGraphics}};
 }
 
 std::string hex(const QColor& color) {
@@ -163,26 +178,65 @@ bool isNear(const QColor& one, const QColor& other) {
          std::abs(one.blue() - other.blue()) <= 2;
 }
 
-TEST(Contrast, IsMeasuredOfEveryTextThatTheScreenShows) {
-  QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+bool isOneOf(const std::vector<Pair>& known, const QColor& ink, const QColor& ground) {
+  return std::ranges::any_of(known, [&](const Pair& pair) {
+    const QColor below = flattened(pair.ground);
+    return isNear(below, ground) && isNear(over(pair.ink, below), over(ink, below));
+  });
+}
+
+class ContrastOfTheScreen : public testing::Test {
+ protected:
+  static void SetUpTestSuite() { QQuickWindow::setGraphicsApi(QSGRendererInterface::Software); }
+
+  /// Every verdict, and what else comes up while the screen is used.
+  static std::vector<Scene> looks() {
+    std::vector<Scene> found = scenes();
+    std::erase_if(found, [](const Scene& scene) {
+      return scene.area != QSize(480, 860) || scene.textZoom != 1.0;
+    });
+    return found;
+  }
+
+  /// With the keyboard at Help, the picker, the switch, the tuning and the stepper.
+  static std::vector<Scene> rings() {
+    std::vector<Scene> found(5, scenes().front());
+    for (std::size_t i = 0; i < found.size(); ++i)
+      found[i].keys = tabs(std::array{1, 2, 5, 6, 15}[i]);
+    return found;
+  }
+
   int argc = 1;
-  char name[] = "test";
-  char* argv[] = {name, nullptr};
-  const QGuiApplication app(argc, argv);
+  char name[5] = "test";
+  char* argv[2] = {name, nullptr};
+  const QGuiApplication app{argc, argv};
+};
+
+TEST_F(ContrastOfTheScreen, IsMeasuredOfEveryTextThatItShows) {
   const auto known = texts();
   std::size_t seen = 0;
-  for (const Scene& scene : scenes()) {
-    if (scene.area != QSize(480, 860)) continue;
+  for (const Scene& scene : looks()) {
     for (const TextSeen& text : textsOf(scene)) {
       ++seen;
-      EXPECT_TRUE(std::ranges::any_of(known,
-                                      [&](const Pair& pair) {
-                                        const QColor below = flattened(pair.ground);
-                                        return isNear(below, text.ground) &&
-                                               isNear(over(pair.ink, below), over(text.ink, below));
-                                      }))
+      EXPECT_TRUE(isOneOf(known, text.ink, text.ground))
           << text.text.toStdString() << " in " << hex(text.ink) << " on " << hex(text.ground)
           << ", " << scene.name.toStdString();
+    }
+  }
+  EXPECT_GT(seen, 200U);
+}
+
+TEST_F(ContrastOfTheScreen, IsMeasuredOfEveryMarkThatItShows) {
+  const auto known = marks();
+  std::size_t seen = 0;
+  auto all = looks();
+  for (const Scene& scene : rings()) all.push_back(scene);
+  for (const Scene& scene : all) {
+    for (const MarkSeen& mark : marksOf(scene)) {
+      ++seen;
+      EXPECT_TRUE(isOneOf(known, mark.ink, mark.ground))
+          << mark.kind.toStdString() << " in " << mark.ink.name(QColor::HexArgb).toStdString()
+          << " on " << hex(mark.ground) << ", " << scene.name.toStdString();
     }
   }
   EXPECT_GT(seen, 200U);

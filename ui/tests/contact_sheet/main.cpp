@@ -4,8 +4,8 @@
 // contact_sheet update SET FOLDER: writes a picture of each state.
 // contact_sheet compare SET FOLDER SEEN: fails where a state looks different from its picture in
 // FOLDER, or has none; writes what it saw to SEEN.
-// SET is "all", "scales" for the few that are drawn for each QT_SCALE_FACTOR, or "screenshots" for
-// those that software centres show.
+// SET is "all", "scales" for the few that are drawn for each QT_SCALE_FACTOR, "displays" for the
+// smallest and the largest display, or "screenshots" for those that software centres show.
 
 #include <QDir>
 #include <QFont>
@@ -25,6 +25,7 @@ QString fileIn(const QString& folder, const Scene& scene) {
 
 std::vector<Scene> scenesOf(const QString& set) {
   if (set == "scales") return scenesOfEveryScale();
+  if (set == "displays") return scenesOfWholeDisplays();
   return set == "screenshots" ? screenshots() : scenes();
 }
 

@@ -4,6 +4,9 @@
 #include <QCursor>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFont>
+#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
@@ -29,6 +32,7 @@ class Stage {
     engine->setTuningID(scene.tuning);
     if (scene.prompt) world.input->input = {};
     engine->start();
+    if (scene.locked) engine->setLockedStringIndex(*scene.locked);
     if (scene.cents) hear(*scene.cents);
   }
 
@@ -37,7 +41,9 @@ class Stage {
  private:
   void hear(double cents) {
     const auto& strings = engine->tuning().strings;
-    const std::int64_t midi = strings.empty() ? 70 : strings[strings.size() / 2].midi;
+    const auto middle = static_cast<std::int64_t>(strings.size() / 2);
+    const auto string = static_cast<std::size_t>(engine->lockedStringIndex().value_or(middle));
+    const std::int64_t midi = strings.empty() ? 70 : strings[string].midi;
     const double frequency = targetFrequency(midi, engine->a4()) * std::exp2(cents / 1200.0);
     ApplySink(engine, world.mainQueue).deliver(PitchDetector::Reading{frequency, 0.99, 0.05F});
     world.mainQueue->runAll();
@@ -53,20 +59,52 @@ class Stage {
 class Shown {
  public:
   explicit Shown(const Scene& scene) : stage(scene) {
-    qml.setInitialProperties({{"tuner", QVariant::fromValue(&stage.tuner())}});
+    if (scene.textZoom > 1.0) drawAsEnlarged();
+    qml.setInitialProperties(
+        {{"tuner", QVariant::fromValue(&stage.tuner())}, {"textZoom", scene.textZoom}});
     qml.load(QUrl("qrc:/qt/qml/Corvane/Main.qml"));
     screen = qobject_cast<QQuickWindow*>(qml.rootObjects().value(0));
     require(screen != nullptr, "the program carries its own screen");
     const int menuBar = screen->minimumHeight() - 680;
-    screen->resize(scene.area + QSize(0, menuBar));
+    screen->resize((scene.area + QSize(0, menuBar)) * scene.textZoom);
     screen->show();
     // Where there is nothing to hover over: at the empty end of the menu bar.
     QCursor::setPos(screen->mapToGlobal(QPoint(screen->width() - 1, 0)));
+    if (!scene.keys.empty()) waitForKeyboard();
+    for (const int key : scene.keys) press(key);
   }
+
+  ~Shown() { QGuiApplication::setFont(font); }
 
   QQuickWindow& window() { return *screen; }
 
  private:
+  /// As the program does it.
+  void drawAsEnlarged() {
+    QFont unfitted = font;
+    unfitted.setHintingPreference(QFont::PreferNoHinting);
+    QGuiApplication::setFont(unfitted);
+  }
+
+  void waitForKeyboard() {
+    screen->requestActivate();
+    QElapsedTimer waiting;
+    waiting.start();
+    while (!screen->isActive() && waiting.elapsed() < 10000) {
+      QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    }
+    require(screen->isActive(), "the window gets the keyboard");
+  }
+
+  void press(int key) {
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+      QKeyEvent event(type, key, Qt::NoModifier);
+      QCoreApplication::sendEvent(screen, &event);
+      QCoreApplication::processEvents();
+    }
+  }
+
+  const QFont font = QGuiApplication::font();
   Stage stage;
   QQmlApplicationEngine qml;
   QQuickWindow* screen = nullptr;
@@ -74,6 +112,11 @@ class Shown {
 
 bool isText(const QQuickItem& item) {
   return item.inherits("QQuickText") || item.inherits("corvane::FixedDigits");
+}
+
+bool isMark(const QQuickItem& item) {
+  return item.inherits("corvane::ContinuousRectangle") || item.inherits("corvane::Symbol") ||
+         item.inherits("QQuickRectangle");
 }
 
 std::vector<QQuickItem*> visibleBelow(const QQuickItem& item) {
@@ -85,6 +128,36 @@ std::vector<QQuickItem*> visibleBelow(const QQuickItem& item) {
     found.insert(found.end(), below.begin(), below.end());
   }
   return found;
+}
+
+/// By more than the rounding of a layout.
+bool isLargerThanItsRoom(const QQuickItem& text) {
+  const QVariant width = text.property("contentWidth");
+  const QVariant height = text.property("contentHeight");
+  return (width.isValid() ? width.toDouble() : text.implicitWidth()) > text.width() + 0.5 ||
+         (height.isValid() ? height.toDouble() : text.implicitHeight()) > text.height() + 0.5;
+}
+
+/// What is to be looked at: the list that is open, else all of the window.
+std::vector<QQuickItem*> itemsInFront(QQuickWindow& window) {
+  const auto all = visibleBelow(*window.contentItem());
+  const auto list = std::ranges::find_if(all, [](const QQuickItem* item) {
+    return QLatin1String(item->metaObject()->className()).startsWith(QLatin1String("MenuList_"));
+  });
+  return list == all.end() ? all : visibleBelow(**list);
+}
+
+QColor withOpacityOf(const QQuickItem& item, const char* property) {
+  QColor ink = item.property(property).value<QColor>();
+  ink.setAlphaF(ink.alphaF() * static_cast<float>(item.opacity()));
+  return ink;
+}
+
+/// The color of the middle of a pixel's square, `x` and `y` of which are inside `item`.
+QColor colorAt(const QImage& picture, const QQuickItem& item, double x, double y) {
+  const QPointF place = item.mapToScene(QPointF(x, y)) * picture.devicePixelRatio();
+  return picture.pixelColor(static_cast<int>(std::floor(place.x())),
+                            static_cast<int>(std::floor(place.y())));
 }
 
 /// The picture that no longer changes.
@@ -116,23 +189,64 @@ QImage picture(const Scene& scene) {
 
 std::vector<TextSeen> textsOf(const Scene& scene) {
   Shown shown(scene);
+  atRest(shown.window());
   std::vector<TextSeen> texts;
   std::vector<QQuickItem*> items;
-  for (QQuickItem* item : visibleBelow(*shown.window().contentItem())) {
+  for (QQuickItem* item : itemsInFront(shown.window())) {
     const QString text = item->property("text").toString();
     if (!isText(*item) || text.isEmpty()) continue;
-    QColor ink = item->property("color").value<QColor>();
-    ink.setAlphaF(ink.alphaF() * static_cast<float>(item->opacity()));
-    texts.push_back({text, ink, {}});
+    texts.push_back({text, withOpacityOf(*item, "color"), {}});
     items.push_back(item);
   }
   for (QQuickItem* item : items) item->setOpacity(0.0);
   const QImage ground = atRest(shown.window());
   for (std::size_t i = 0; i < items.size(); ++i) {
-    texts[i].ground =
-        ground.pixelColor(items[i]->mapToScene(items[i]->boundingRect().center()).toPoint());
+    texts[i].ground = colorAt(ground, *items[i], items[i]->width() / 2, items[i]->height() / 2);
   }
   return texts;
+}
+
+std::vector<MarkSeen> marksOf(const Scene& scene) {
+  Shown shown(scene);
+  atRest(shown.window());
+  auto items = itemsInFront(shown.window());
+  for (QQuickItem* item : items) {
+    if (isText(*item)) item->setOpacity(0.0);
+  }
+  std::vector<MarkSeen> marks;
+  // From the front to the back, so that nothing hides what a mark stands on.
+  std::ranges::reverse(items);
+  for (QQuickItem* item : items) {
+    if (!isMark(*item) || item->width() < 1.0 || item->height() < 1.0) continue;
+    const QColor fill = withOpacityOf(*item, "color");
+    const QColor outline = withOpacityOf(*item, "borderColor");
+    const double width = item->property("borderWidth").toDouble();
+    item->setOpacity(0.0);
+    const QImage ground = shown.window().grabWindow();
+    const QString name = item->metaObject()->className();
+    if (fill.alpha() > 0) {
+      marks.push_back({name, fill, colorAt(ground, *item, item->width() / 2, item->height() / 2)});
+    }
+    if (width > 0.0 && outline.alpha() > 0) {
+      marks.push_back({name, outline, colorAt(ground, *item, width / 2, item->height() / 2)});
+    }
+  }
+  return marks;
+}
+
+std::vector<QString> cutTextsOf(const Scene& scene) {
+  Shown shown(scene);
+  shown.window().grabWindow();  // lays out
+  const QRectF room(QPointF(), QSizeF(shown.window().size()));
+  std::vector<QString> cut;
+  for (const QQuickItem* item : itemsInFront(shown.window())) {
+    if (!isText(*item)) continue;
+    if (isLargerThanItsRoom(*item) || item->property("truncated").toBool() ||
+        !room.contains(item->mapRectToScene(item->boundingRect()))) {
+      cut.push_back(item->property("text").toString());
+    }
+  }
+  return cut;
 }
 
 QImage contactSheet(const std::vector<Scene>& all) {

@@ -10,13 +10,25 @@ namespace corvane::sheet {
 /// The window as it is drawn for a scene, its needles at rest. Needs a running application.
 QImage picture(const Scene& scene);
 
-/// A text of the screen, in its own colour and opacity, and the middle of what it stands on.
+/// A text of the screen, in its own colour and opacity, and the middle of what it stands on. Where
+/// a list is open, those of the list.
 struct TextSeen {
   QString text;
   QColor ink;
   QColor ground;
 };
 std::vector<TextSeen> textsOf(const Scene& scene);
+
+/// A shape or the outline of one, in the same way.
+struct MarkSeen {
+  QString kind;  ///< of the item
+  QColor ink;
+  QColor ground;
+};
+std::vector<MarkSeen> marksOf(const Scene& scene);
+
+/// The texts of which not all is to be seen.
+std::vector<QString> cutTextsOf(const Scene& scene);
 
 /// All pictures side by side, made smaller, under their names.
 QImage contactSheet(const std::vector<Scene>& scenes);

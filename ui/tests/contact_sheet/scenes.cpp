@@ -1,5 +1,6 @@
 #include "scenes.h"
 
+#include <Qt>
 #include <array>
 
 namespace corvane::sheet {
@@ -45,7 +46,40 @@ std::vector<Scene> scenes() {
       all.push_back({nameOf(kind, area, "silent"), area, kind.instrument, kind.tuning, {}, true});
     }
   }
+  for (const Scene& scene : particularScenes()) all.push_back(scene);
   return all;
+}
+
+std::vector<int> tabs(int presses) {
+  return std::vector<int>(static_cast<std::size_t>(presses), Qt::Key_Tab);
+}
+
+std::vector<Scene> particularScenes() {
+  constexpr QSize area(480, 860);
+  const auto guitar = [](const char* name, QSize size) {
+    return Scene{name, size, Instrument::guitar, "g6-standard", -23.4, false};
+  };
+  Scene locked = guitar("locked-chip", area);
+  locked.locked = 1;
+  Scene ringOnChip = guitar("ring-on-a-chip", area);
+  ringOnChip.keys = tabs(9);  // past Help, the instruments, the switch, the tuning and "Auto"
+  Scene list = guitar("open-list", area);
+  list.keys = tabs(6);
+  list.keys.insert(list.keys.end(), {Qt::Key_Space, Qt::Key_Down, Qt::Key_Down});
+  Scene large = guitar("text-at-200-percent", area);
+  large.textZoom = 2.0;
+  return {locked,
+          ringOnChip,
+          list,
+          large,
+          guitar("display-1280x720", QSize(1280, 692)),
+          guitar("display-3840x2160", QSize(3840, 2132))};
+}
+
+std::vector<Scene> scenesOfWholeDisplays() {
+  std::vector<Scene> few = particularScenes();
+  std::erase_if(few, [](const Scene& scene) { return !scene.name.startsWith("display-"); });
+  return few;
 }
 
 std::vector<Scene> screenshots() {

@@ -68,7 +68,15 @@ ScreenTest {
         const list = make(subject);
         compare(entryOf(list, "Drop D").Accessible.role, Accessible.MenuItem);
         compare(entryOf(list, "Drop D").Accessible.name, "Drop D");
+        verify(entryOf(list, "Drop D").Accessible.checkable);
         verify(!entryOf(list, "Drop D").Accessible.checked);
         verify(entryOf(list, "Standard").Accessible.checked);
+    }
+
+    function test_is_not_told_as_something_to_check_in_a_list_without_a_choice() {
+        const list = make(subject, {
+                entries: tuner.helpMenu
+            });
+        verify(!entryOf(list, "Privacy Policy").Accessible.checkable);
     }
 }

@@ -245,4 +245,62 @@ ScreenTest {
         verify(!prompt.visible);
         compare(view.Window.activeFocusItem?.Accessible.name, "Privacy Policy");
     }
+
+    function test_the_keyboard_comes_back_with_the_prompt_unless_it_was_moved_data() {
+        return [
+            {
+                tag: "left",
+                key: Qt.Key_Shift,
+                holder: "Allow Microphone"
+            },
+            {
+                tag: "moved",
+                key: Qt.Key_Tab,
+                holder: "Guitar"
+            }
+        ];
+    }
+
+    function test_the_keyboard_comes_back_with_the_prompt_unless_it_was_moved(row) {
+        tuner.loseMicrophone();
+        const view = make(subject);
+        const prompt = only(view, MicrophonePrompt);
+        buttonOf(prompt, "Allow Microphone").forceActiveFocus(Qt.TabFocusReason);
+        tuner.findMicrophone();
+        keyClick(Qt.Key_Space);
+        verify(!prompt.visible);
+        keyClick(row.key);
+        tuner.loseMicrophone();
+        verify(prompt.visible);
+        compare(view.Window.activeFocusItem?.Accessible.name, row.holder);
+    }
+
+    function test_its_lines_are_on_whole_points_data() {
+        return [
+            {
+                tag: "ideal",
+                size: ideal
+            },
+            {
+                tag: "large",
+                size: large
+            },
+            {
+                tag: "odd",
+                size: Qt.size(531, 907)
+            }
+        ];
+    }
+
+    function test_its_lines_are_on_whole_points(row) {
+        const view = sized(row.size);
+        compare(column(view).scale, 1);
+        const faces = all(view, Chip).map(chip => groundOf(chip));
+        verify(faces.length > 6);
+        for (const item of [...all(view, Card), ...faces]) {
+            const place = item.mapToItem(view, 0, 0, item.width, item.height);
+            for (const edge of [place.x, place.y, place.width, place.height])
+                fuzzyCompare(edge, Math.round(edge), 0.001, `${item} at ${place}`);
+        }
+    }
 }
