@@ -81,15 +81,13 @@ def load_rows(loads: load.Loads) -> list[Row]:
 
 
 def delay_rows(delays: delay.Delays) -> list[Row]:
-    shown = len(delays.values)
-    return [Row("Onset of a string to its name on the screen, median", delays.at(0.5), "ms"),
-            Row("at the 99th percentile", delays.at(0.99), "ms"),
-            Row("its quantile less that of the first block that is all of the string, median",
-                delays.own_at(0.5), "ms", 25),
-            Row("the same, 99th percentile", delays.own_at(0.99), "ms", 40),
-            Row("its quantile less that of the first block that names the string, median",
-                delays.beyond_needed_at(0.5), "ms"),
-            Row("the same, 99th percentile", delays.beyond_needed_at(0.99), "ms"),
+    shown, at = len(delays.values), delay.at
+    return [Row("Onset of a string to its name on the screen, median", at(delays.values, 0.5), "ms"),
+            Row("at the 99th percentile", at(delays.values, 0.99), "ms"),
+            Row("of it the program's own share, median", at(delays.own, 0.5), "ms", 25),
+            Row("the program's own share, 99th percentile", at(delays.own, 0.99), "ms", 40),
+            Row(f"Strings that the first block of their own does not yet name, of {delays.onsets}",
+                delays.late_blocks, ""),
             Row(f"Strings not shown within a second, of {delays.onsets}", delays.onsets - shown,
                 "", 0)]
 

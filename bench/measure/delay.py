@@ -3,11 +3,12 @@
 import array
 import itertools
 import pathlib
+import statistics
 import time
 from typing import NamedTuple
 
 from . import blocks
-from .blocks import BLOCK, HOP
+from .blocks import HOP
 from .microphone import RATE, PipedRoom, silence
 from .picture import Shape
 from .subject import NOTE, Subject, moment_when
@@ -24,25 +25,12 @@ class Delays(NamedTuple):
     """In milliseconds, from shortest to longest; those that were never shown are missing."""
 
     values: list[float]
+    own: list[float]  # less what the blocks themselves take, string by string
     onsets: int
-    needed: list[float]  # what a program that takes no time would come to
-
-    def at(self, share: float) -> float:
-        return _quantile(self.values, share)
-
-    def own_at(self, share: float) -> float:
-        """The quantile less that of the blocks themselves: the first one that is all of the new
-        string ends between one block and a block and a hop after the onset, each moment as
-        likely."""
-        return self.at(share) - 1000 * (BLOCK + share * HOP) / RATE
-
-    def beyond_needed_at(self, share: float) -> float:
-        """The quantile less that of the first blocks in which the detector finds the string, which
-        need not be the first that are all of it: a string begins with the noise of the plectrum."""
-        return self.at(share) - _quantile(self.needed, share)
+    late_blocks: int  # onsets whose first block that is all of the string does not yet name it
 
 
-def _quantile(values: list[float], share: float) -> float:
+def at(values: list[float], share: float) -> float:
     return values[min(int(share * len(values)), len(values) - 1)]
 
 
@@ -51,16 +39,24 @@ def measure(subject: Subject, room: PipedRoom, replay: pathlib.Path,
     """Of `strings`, by their keys (A4 is 69), one after the other and again."""
     keys = [list(strings)[turn % len(strings)] for turn in range(onsets)]
     sound, begins = _sequence([_from_onset(strings[key]) for key in keys])
-    needed = blocks.seconds_needed(replay, sound, list(zip(keys, begins)))
+    phases = blocks.needed(replay, sound, list(zip(keys, begins)))
     with subject.running() as process:
         subject.find_window(process)
         shapes = _learn_all(subject, room, strings)
         start = room.hear(sound)
-        values = [_delay(subject, shapes[key], start + begin / RATE)
+        delays = [_delay(subject, shapes[key], start + begin / RATE)
                   for key, begin in zip(keys, begins)]
         room.hear_no_more()
-    return Delays(sorted(1000 * value for value in values if value is not None), onsets,
-                  sorted(1000 * value for value in needed))
+    needed = min(phases, key=lambda phase: statistics.pstdev(_own(delays, phase)))
+    return Delays(sorted(1000 * delay for delay in delays if delay is not None),
+                  sorted(1000 * own for own in _own(delays, needed)), onsets,
+                  sum(each.named > each.whole for each in needed))
+
+
+def _own(delays: list[float | None], needed: list[blocks.Needed]) -> list[float]:
+    """What the program adds to its blocks. They begin at a phase that is not told, but only at the
+    right one does every string leave about the same."""
+    return [delay - each.named for delay, each in zip(delays, needed) if delay is not None]
 
 
 def _from_onset(string: array.array) -> array.array:

@@ -9,7 +9,7 @@ import time
 
 RATE = 48000
 BYTES_PER_FRAME = 4
-CHUNK_FRAMES = 1024  # what the tuner asks a sound card for
+CHUNK_FRAMES = 2048  # what the tuner asks a sound card for
 LEAD_SECONDS = 0.1
 
 
@@ -23,7 +23,8 @@ def main(sound: str, pipe: str, again: str = "") -> None:
     written = 0
     while True:
         begin = written % len(samples) if again else written
-        chunk = samples[begin:begin + len(silence)] or silence
+        # A sound card knows no shorter ones.
+        chunk = samples[begin:begin + len(silence)].ljust(len(silence), b"\0")
         written += len(chunk)
         # A chunk is there once its last sample has been.
         due = start + written / BYTES_PER_FRAME / RATE

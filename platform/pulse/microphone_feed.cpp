@@ -13,7 +13,7 @@ constexpr std::size_t firstSilentBuffers = 2;
 constexpr double secondsToSettle = 0.05;
 /// A PipeWire that was stopped goes on losing some quanta after it has begun again, for 0.4 s on a
 /// busy machine.
-constexpr std::size_t stallsTakeLonger = 10;
+constexpr double secondsToSettleAfterAStall = 0.5;
 
 }  // namespace
 
@@ -23,8 +23,8 @@ MicrophoneFeed::MicrophoneFeed(std::uint32_t frames, AudioInput::Tap receiver,
 
 void MicrophoneFeed::begin(const AudioFormat& format) {
   pause = std::chrono::milliseconds(std::lround(1000.0 * bufferFrames / format.sampleRate));
-  framesToSettle = static_cast<std::size_t>(format.sampleRate * secondsToSettle);
-  unsettled = framesToSettle;
+  rate = format.sampleRate;
+  unsettled = framesIn(secondsToSettle);
   const std::lock_guard held(gate);
   if (tap) collector.emplace(bufferFrames, format, tap);
 }
@@ -38,7 +38,7 @@ void MicrophoneFeed::expectSound(Timers& timers) {
 void MicrophoneFeed::append(const float* interleaved, std::size_t frames) {
   if (std::exchange(silence, {}) > silence.zero()) {
     interrupt();
-    unsettled *= stallsTakeLonger;
+    unsettled = framesIn(secondsToSettleAfterAStall);
   }
   if (timer) timer->arm(longestBreath, [this] { quiet(); });
   if (unsettled > 0) {
@@ -50,9 +50,15 @@ void MicrophoneFeed::append(const float* interleaved, std::size_t frames) {
 }
 
 void MicrophoneFeed::interrupt() {
-  unsettled = framesToSettle;
+  unsettled = framesIn(secondsToSettle);
   const std::lock_guard held(gate);
   if (collector) collector->drop();
+}
+
+/// In whole buffers, so that the next one ends where a fragment of the server's does, as it would
+/// have without the gap, and need not wait for the rest of a fragment.
+std::size_t MicrophoneFeed::framesIn(double seconds) const {
+  return bufferFrames * static_cast<std::size_t>(std::ceil(seconds * rate / bufferFrames));
 }
 
 void MicrophoneFeed::end() {

@@ -43,6 +43,7 @@ class MicrophoneFeed {
   void mute();
 
  private:
+  std::size_t framesIn(double seconds) const;
   void quiet();
   void keepSilence(std::size_t frames);
 
@@ -50,8 +51,8 @@ class MicrophoneFeed {
   const std::function<void(std::chrono::milliseconds)> silent;
   std::optional<Timer> timer;                ///< from `expectSound` to `end`
   std::chrono::milliseconds pause{0};        ///< of one buffer
-  std::size_t framesToSettle = 0;            ///< of sound that is left out after each gap
-  std::size_t unsettled = 0;                 ///< of them, still to come
+  double rate = 0.0;                         ///< in Hz; 0 before `begin`
+  std::size_t unsettled = 0;                 ///< frames that are still left out after a gap
   std::chrono::milliseconds silence{0};      ///< so far; 0 while there is sound
   std::mutex gate;                           ///< held while the tap runs
   AudioInput::Tap tap;                       ///< under `gate`; none once muted

@@ -8,8 +8,9 @@
 namespace corvane {
 namespace {
 
-/// Small enough that the sound is fresh when a buffer is full, large enough to wake seldom.
-constexpr std::uint32_t fragmentFrames = 1024;
+/// Half a buffer of the tap: small enough that the sound is fresh when one is full, large enough to
+/// wake seldom.
+constexpr std::uint32_t fragmentFrames = 2048;
 constexpr auto serverDefault = static_cast<std::uint32_t>(-1);
 
 }  // namespace
