@@ -20,7 +20,7 @@ Column {
     Capsule {
         width: root.width
         height: 6
-        color: Qt.rgba(1, 1, 1, 0.08)
+        color: Shades.track
 
         Accessible.role: Accessible.ProgressBar
         Accessible.name: "Level"

@@ -52,7 +52,7 @@ Column {
 
         Capsule {
             anchors.fill: parent
-            color: Qt.rgba(1, 1, 1, 0.08)
+            color: Shades.track
         }
 
         Capsule {
