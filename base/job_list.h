@@ -3,6 +3,8 @@
 #include <list>
 #include <utility>
 
+#include "base/require.h"
+
 namespace corvane {
 
 /// Jobs that wait, first in, first out. A place that was left is used again: adding allocates only
@@ -20,6 +22,7 @@ class JobList {
 
   /// The oldest of them, which leaves. There must be one.
   Job take() {
+    require(!jobs.empty(), "a job that is taken waits");
     Job job = std::move(jobs.front());
     spare.splice(spare.begin(), jobs, jobs.begin());
     return job;

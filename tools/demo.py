@@ -64,7 +64,8 @@ def demonstrate(program: pathlib.Path) -> int:
         with Tuner(desktop, program, config_home, room.environment) as tuner:
             tuner.wait_until_listening(room)
             wrong = play_all(tuner, room, Band(desktop.folder("notes")))
-    print(f"\n{verdict(wrong)} The samples themselves are 1 to 3 cents sharp.\nPictures of the window: {PICTURES.relative_to(REPOSITORY)}/")
+    print(f"\n{verdict(wrong)} The samples themselves are 1 to 3 cents sharp.\n"
+          f"Pictures of the window: {PICTURES.relative_to(REPOSITORY)}/")
     return 1 if wrong else 0
 
 

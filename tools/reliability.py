@@ -4,7 +4,7 @@
 reliability.py --patterns PRESET
     prints one pattern for all tests of that preset that show a promise
 reliability.py --names BUILD
-    fails when a promise names tests that the build directory lacks
+    fails when a promise names tests that the build directory lacks, or is not in docs/reliability.md
 reliability.py RESULTS DOCUMENT
     writes DOCUMENT. The directory RESULTS has PRESET.xml, in the format of JUnit, from each run of
     ctest, and, of each command that was run, what it printed in a file of its name with "-" for "/"
@@ -26,6 +26,7 @@ from typing import NamedTuple
 
 from promises import GROUPS, PROMISES, Promise
 
+DOCUMENT = pathlib.Path(__file__).resolve().parent.parent / "docs" / "reliability.md"
 FIGURE = re.compile(r"^(?:.*[ \t])?figure: (?:.+: )?(.+) = (.+)$", re.MULTILINE)
 # What a test says when it is skipped: GoogleTest in the line below the place, unittest behind "skipped".
 REASON = re.compile(r"(?:: Skipped\n|\bskipped ['\"])([^\n'\"]+)")
@@ -127,9 +128,8 @@ def write(results: pathlib.Path, document: pathlib.Path) -> list[str]:
             cell = (from_command(promise, results, before) if promise.command
                     else from_tests(promise, runs[promise.preset]))
             unshown += [f"{promise.shown_by}: {cell.fault}"] if cell.fault else []
-            shown_by = promise.shown_by.replace("|", "\\|")
-            told = "; ".join(cell.told).replace("|", "\\|")
-            lines.append(f"| {promise.text} | `{shown_by}` | {told} |")
+            told = escaped("; ".join(cell.told))
+            lines.append(f"| {promise.text} | `{escaped(promise.shown_by)}` | {told} |")
         lines.append("")
     document.write_text("\n".join(lines), encoding="utf-8")
     return unshown
@@ -143,13 +143,22 @@ def missing(build: str) -> list[str]:
             if promise.tests and promise.preset == "dev" and not names_matching(promise, names)]
 
 
+def escaped(text: str) -> str:
+    return text.replace("|", "\\|")
+
+
+def unwritten(document: str) -> list[str]:
+    return [f"{DOCUMENT.name} does not say: {promise.text}" for promise in PROMISES
+            if f"| {promise.text} | `{escaped(promise.shown_by)}` |" not in document]
+
+
 def main(arguments: list[str]) -> int:
     match arguments:
         case ["--patterns", preset]:
             print("|".join(f"^{p.tests}" for p in PROMISES if p.tests and p.preset == preset))
             return 0
         case ["--names", build]:
-            lacking = missing(build)
+            lacking = missing(build) + unwritten(DOCUMENT.read_text(encoding="utf-8"))
         case [results, document]:
             lacking = [f"not shown by {reason}"
                        for reason in write(pathlib.Path(results), pathlib.Path(document))]

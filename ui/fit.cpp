@@ -29,7 +29,8 @@ Fit Fit::forSize(double width, double height) {
       .side = width < 420.0 ? 12.0 : 18.0,
       .chip = chipSide(width, height),
       .bar = height < 720.0 ? 14.0 : 16.0,
-      .compact = height<900.0, .showsHint = height> 780.0,
+      .compact = (height < 900.0),
+      .showsHint = (height > 780.0),
       .showsVersion = height > 720.0,
   };
 }

@@ -11,6 +11,7 @@ from .microphone import RATE
 
 BLOCK, HOP = 8192, 4096
 STEP = 64  # frames between the phases that are tried
+SOON = 1.0  # seconds: no string of a sequence is shorter
 NAMES = ("C", "C♯", "D", "D♯", "E", "F", "F♯", "G", "G♯", "A", "A♯", "B")
 
 
@@ -31,8 +32,11 @@ def needed(replay: pathlib.Path, sound: array.array,
 
 
 def _needed(blocks: list[tuple[int, int | None]], key: int, begin: int) -> Needed:
-    whole = next(end for end, _ in blocks if end - BLOCK >= begin)
-    named = next(end for end, found in blocks if end > begin and found == key)
+    after = [(end, found) for end, found in blocks if begin < end < begin + SOON * RATE]
+    whole = next(end for end, _ in after if end - BLOCK >= begin)
+    named = next((end for end, found in after if found == key), None)
+    if named is None:
+        raise RuntimeError(f"no block names the string {key} that begins at frame {begin}")
     return Needed((whole - begin) / RATE, (named - begin) / RATE)
 
 

@@ -55,7 +55,8 @@ def measure(subject: Subject, room: PipedRoom, replay: pathlib.Path,
 
 def _own(delays: list[float | None], needed: list[blocks.Needed]) -> list[float]:
     """What the program adds to its blocks. They begin at a phase that is not told, but only at the
-    right one does every string leave about the same."""
+    right one does every string leave about the same: at all others the blocks that name some of them
+    are a whole hop earlier or later."""
     return [delay - each.named for delay, each in zip(delays, needed) if delay is not None]
 
 

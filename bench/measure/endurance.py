@@ -65,7 +65,9 @@ def _turns(subject: Subject, room: PipedRoom, strings: list[array.array], shapes
 
 def _play(turns: Iterator[bool], seconds: float) -> tuple[int, int]:
     end = time.monotonic() + seconds
-    results = list(itertools.takewhile(lambda _: time.monotonic() < end, turns))
+    results = []
+    while time.monotonic() < end:
+        results.append(next(turns))
     return sum(results), len(results)
 
 

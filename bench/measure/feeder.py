@@ -17,12 +17,14 @@ def main(sound: str, pipe: str, again: str = "") -> None:
     with open(sound, "rb") as opened:
         samples = opened.read()
     silence = bytes(CHUNK_FRAMES * BYTES_PER_FRAME)
+    period = len(samples)
+    samples += samples[:len(silence)] if again else b""
     target = os.open(pipe, os.O_WRONLY)
     start = time.monotonic() + LEAD_SECONDS
     print(start, flush=True)
     written = 0
     while True:
-        begin = written % len(samples) if again else written
+        begin = written % period if again else written
         # A sound card knows no shorter ones.
         chunk = samples[begin:begin + len(silence)].ljust(len(silence), b"\0")
         written += len(chunk)

@@ -17,11 +17,16 @@ namespace corvane {
 class QtMainQueue::Inbox final : public QObject {
  public:
   Inbox() {
-    require(wake >= 0, "the program starts with descriptors to spare");
+    require(wake.descriptor >= 0, "the program starts with descriptors to spare");
     connect(&notifier, &QSocketNotifier::activated, this, &Inbox::run);
   }
 
-  ~Inbox() override { ::close(wake); }
+  /// From now on nothing runs.
+  void close() {
+    JobList<Job> dropped;
+    const std::lock_guard held(lock);
+    std::swap(dropped, jobs);
+  }
 
   void add(Job job) {
     {
@@ -30,10 +35,16 @@ class QtMainQueue::Inbox final : public QObject {
       if (std::exchange(awake, true)) return;
     }
     // Only now, or the main thread would wake up to wait for the lock.
-    ::eventfd_write(wake, 1);
+    ::eventfd_write(wake.descriptor, 1);
   }
 
  private:
+  /// Closed only when nothing watches it any more.
+  struct Wake {
+    ~Wake() { ::close(descriptor); }
+    const int descriptor = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+  };
+
   void run() {
     while (Job job = next()) job();
   }
@@ -42,7 +53,7 @@ class QtMainQueue::Inbox final : public QObject {
     const std::lock_guard held(lock);
     if (!jobs.empty()) return jobs.take();
     eventfd_t count = 0;
-    ::eventfd_read(wake, &count);
+    ::eventfd_read(wake.descriptor, &count);
     awake = false;
     return nullptr;
   }
@@ -50,13 +61,15 @@ class QtMainQueue::Inbox final : public QObject {
   std::mutex lock;
   JobList<Job> jobs;   ///< under `lock`
   bool awake = false;  ///< under `lock`: the main thread was woken and has not found all done since
-  int wake = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
-  QSocketNotifier notifier{wake, QSocketNotifier::Read};
+  Wake wake;
+  QSocketNotifier notifier{wake.descriptor, QSocketNotifier::Read};
 };
 
 QtMainQueue::QtMainQueue() : inbox(new Inbox) {}
 
-QtMainQueue::~QtMainQueue() = default;
+QtMainQueue::~QtMainQueue() {
+  inbox->close();
+}
 
 void QtMainQueue::async(Job job) {
   inbox->add(std::move(job));

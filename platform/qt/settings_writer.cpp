@@ -60,7 +60,11 @@ void SettingsWriter::run() {
 bool SettingsWriter::takeChanges(std::optional<milliseconds> limit) {
   std::unique_lock held(gate);
   const auto something = [this] { return ending || !handedOver.empty(); };
-  limit ? (void)changed.wait_for(held, *limit, something) : changed.wait(held, something);
+  if (limit) {
+    changed.wait_for(held, *limit, something);
+  } else {
+    changed.wait(held, something);
+  }
   for (const auto& [key, value] : std::exchange(handedOver, {})) unsaved[key] = value;
   return !ending;
 }

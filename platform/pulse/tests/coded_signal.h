@@ -10,9 +10,7 @@
 
 namespace corvane {
 
-/// A sound each of whose samples says which room it was played in, on which channel and as which
-/// frame. Every code is a 24-bit integer, which a float holds exactly, so a recording of it that
-/// was resampled, scaled, mixed or reordered cannot pass for the original.
+/// What one frame of the coded signal says.
 struct CodedFrame {
   std::uint32_t room = 0;
   std::uint32_t number = 0;  ///< 1 to `coded_signal::period`; 0 in silence
@@ -20,6 +18,9 @@ struct CodedFrame {
   bool isSilence() const { return number == 0; }
 };
 
+/// A sound each of whose samples says which room it was played in, on which channel and as which
+/// frame. Every code is a 24-bit integer, which a float holds exactly, so a recording of it that
+/// was resampled, scaled, mixed or reordered cannot pass for the original.
 namespace coded_signal {
 
 constexpr std::uint32_t period = 65535;  ///< frames, after which the numbering starts again
