@@ -1,5 +1,6 @@
 #include "platform/pulse/tests/coded_signal.h"
 
+#include <algorithm>
 #include <fstream>
 
 namespace corvane {
@@ -51,6 +52,11 @@ std::set<std::uint32_t> RecordedBuffer::rooms() const {
     if (sample != 0.0F) found.insert(frameIn(sample).room);
   }
   return found;
+}
+
+bool RecordedBuffer::holdsSilence() const {
+  return std::any_of(channels.at(0).begin(), channels.at(0).end(),
+                     [](float sample) { return frameIn(sample).isSilence(); });
 }
 
 std::string RecordedBuffer::faultAgainst(std::uint32_t room) const {

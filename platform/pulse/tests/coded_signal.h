@@ -40,6 +40,8 @@ struct RecordedBuffer {
 
   /// The rooms that it holds sound of; none in silence.
   std::set<std::uint32_t> rooms() const;
+  /// Whether any of its frames is silent.
+  bool holdsSilence() const;
   /// Empty when the buffer is one stretch of the coded signal of `room`, whole and unchanged; else
   /// what is wrong with it.
   std::string faultAgainst(std::uint32_t room) const;

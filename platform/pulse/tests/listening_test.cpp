@@ -1,9 +1,9 @@
 #include <gmock/gmock.h>
 
-#include <algorithm>
 #include <atomic>
 #include <tuple>
 
+#include "platform/pulse/tests/joints.h"
 #include "platform/pulse/tests/pulse_fixture.h"
 
 namespace corvane {
@@ -25,16 +25,17 @@ class DeviceFormat : public testing::TestWithParam<Device> {
 };
 
 /// Buffers of the wrong length or format, those that do not continue the one before, and those
-/// that are not what was played, each as a line.
+/// that are not what was played, each as a line. A server that is kept from its work for a moment
+/// gives silence meanwhile, which is no fault as long as the sound goes on where it should.
 std::string faultsIn(const std::vector<RecordedBuffer>& buffers, const AudioFormat& format) {
   std::string faults;
-  for (std::size_t i = 0; i < buffers.size(); ++i) {
-    const RecordedBuffer& buffer = buffers[i];
-    faults += buffer.faultAgainst(1);
+  Joints joints;
+  for (const RecordedBuffer& buffer : buffers) {
+    if (!buffer.holdsSilence()) faults += buffer.faultAgainst(1);
+    faults += joints.in(buffer);
     if (buffer.frames != Client::bufferFrames) faults += " length";
     if (buffer.sampleRate != format.sampleRate) faults += " rate";
     if (buffer.channels.size() != format.channelCount) faults += " channels";
-    if (i > 0 && buffer.firstFrame() != frameAfter(buffers[i - 1].lastFrame())) faults += " gap";
   }
   return faults;
 }
@@ -52,13 +53,7 @@ TEST_P(DeviceFormat, TheSoundOfTheDeviceArrivesUnchangedInWholeBuffers) {
   EXPECT_THAT(server.pactl({"list", "source-outputs"}),
               HasSubstr("float32le " + std::to_string(channels) + "ch " + std::to_string(rate)));
   client.stop();
-  auto buffers = client.recording.buffers();
-  // The player may begin after the recording, within a buffer.
-  const auto whole = std::find_if(buffers.begin(), buffers.end(), [](const RecordedBuffer& buffer) {
-    return buffer.faultAgainst(1).empty();
-  });
-  buffers.erase(buffers.begin(), whole);
-  EXPECT_EQ(faultsIn(buffers, format), "");
+  EXPECT_EQ(faultsIn(client.recording.buffers(), format), "");
 }
 
 using Freshness = PulseTest;

@@ -103,6 +103,16 @@ TEST_F(MicrophoneFeedTest, AnInterruptionDropsWhatIsHalfFullAndWhatHasNotSettled
   EXPECT_EQ(delivered()[1].last, 110.0F);
 }
 
+TEST_F(MicrophoneFeedTest, LeavesOutWholeBuffersSoThatThoseThatFollowEndWhereFragmentsDo) {
+  begin(1100.0);
+  append(1, 55);  // 50 ms of it.
+  append(56, 5);
+  append(61, 10);
+  ASSERT_EQ(delivered().size(), 1U);
+  EXPECT_EQ(delivered()[0].first, 61.0F);
+  EXPECT_EQ(delivered()[0].last, 70.0F);
+}
+
 TEST_F(MicrophoneFeedTest, AnotherFormatComesInBuffersOfItsOwn) {
   begin();
   settle();
