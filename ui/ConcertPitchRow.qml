@@ -36,7 +36,7 @@ Item {
         ContinuousRectangle {
             anchors.fill: parent
             radius: 8
-            color: menu.opened ? Qt.rgba(1, 1, 1, 0.16) : Qt.tint(Shades.track, face.light)
+            color: menu.opened ? Shades.held : Qt.tint(Shades.track, face.light)
         }
 
         FocusRing {

@@ -32,7 +32,7 @@ Item {
         ContinuousRectangle {
             anchors.fill: parent
             radius: 6
-            color: menu.opened ? Qt.rgba(1, 1, 1, 0.16) : help.light
+            color: menu.opened ? Shades.held : help.light
         }
 
         FocusRing {

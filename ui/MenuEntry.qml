@@ -24,7 +24,7 @@ PlainButton {
     ContinuousRectangle {
         anchors.fill: parent
         radius: 7
-        color: root.down ? Qt.rgba(1, 1, 1, 0.16) : root.highlighted ? Shades.highlight : "transparent"
+        color: root.down ? Shades.held : root.highlighted ? Shades.highlight : "transparent"
         borderColor: TunerTheme.sharp
         borderWidth: root.ringed ? 2 : 0
     }

@@ -29,6 +29,7 @@ const QColor Shades::raised = white(0.2F);
 const QColor Shades::chosen = faded(TunerTheme::gold, 0.22F);
 const QColor Shades::off = white(0.16F);
 const QColor Shades::highlight = white(0.1F);
+const QColor Shades::held = white(0.16F);
 const QColor Shades::unavailable = white(0.3F);
 const QColor Shades::line = white(0.14F);
 const QColor Shades::menu = TunerTheme::card.lighter(125);

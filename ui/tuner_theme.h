@@ -42,6 +42,7 @@ class Shades : public QObject {
   Q_PROPERTY(QColor chosen MEMBER chosen CONSTANT)
   Q_PROPERTY(QColor off MEMBER off CONSTANT)
   Q_PROPERTY(QColor highlight MEMBER highlight CONSTANT)
+  Q_PROPERTY(QColor held MEMBER held CONSTANT)
   Q_PROPERTY(QColor unavailable MEMBER unavailable CONSTANT)
   Q_PROPERTY(QColor line MEMBER line CONSTANT)
   Q_PROPERTY(QColor menu MEMBER menu CONSTANT)
@@ -54,6 +55,7 @@ class Shades : public QObject {
   static const QColor chosen;       ///< "Auto" and a quick pitch while they are
   static const QColor off;          ///< a switch
   static const QColor highlight;    ///< where one is in a menu
+  static const QColor held;         ///< an entry while it is pressed, a menu while its list is open
   static const QColor unavailable;  ///< a symbol that does nothing
   static const QColor line;         ///< around a menu, and between two buttons
   static const QColor menu;         ///< opaque
