@@ -26,13 +26,18 @@ class DeviceFormat : public testing::TestWithParam<Device> {
 
 /// Buffers of the wrong length or format, those that do not continue the one before, and those
 /// that are not what was played, each as a line. A server that is kept from its work for a moment
-/// gives silence meanwhile, which is no fault as long as the sound goes on where it should.
+/// gives silence meanwhile, which is no fault as long as the sound goes on where it should; nothing
+/// else makes a gap.
 std::string faultsIn(const std::vector<RecordedBuffer>& buffers, const AudioFormat& format) {
   std::string faults;
   Joints joints;
+  bool gapExpected = true;
   for (const RecordedBuffer& buffer : buffers) {
-    if (!buffer.holdsSilence()) faults += buffer.faultAgainst(1);
+    const bool silent = buffer.holdsSilence();
+    if (!silent) faults += buffer.faultAgainst(1);
     faults += joints.in(buffer);
+    if (buffer.afterGap && !gapExpected && !silent) faults += " gap";
+    gapExpected = silent;
     if (buffer.frames != Client::bufferFrames) faults += " length";
     if (buffer.sampleRate != format.sampleRate) faults += " rate";
     if (buffer.channels.size() != format.channelCount) faults += " channels";
