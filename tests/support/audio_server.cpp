@@ -60,6 +60,9 @@ void AudioServer::startPipeWire() {
   run({"pipewire"});
   appears("pipewire-0");
   run({"wireplumber"});
+  // It ends when a client that already looks for it makes this folder at the same moment.
+  fs::create_directory(home() / "pulse");
+  fs::permissions(home() / "pulse", fs::perms::owner_all);
   run({"pipewire-pulse"});
 }
 

@@ -26,6 +26,8 @@ class PipeWireRoom(Room):
         # The two others end at once when there is nothing to connect to.
         self._wait_for_answer("pw-link", "--output")
         self._start_server("wireplumber")
+        # It ends when a client that already looks for it makes this folder at the same moment.
+        pathlib.Path(self.environment["XDG_RUNTIME_DIR"], "pulse").mkdir(0o700, exist_ok=True)
         self._start_server("pipewire-pulse")
         self._wait_for_answer("pactl", "info")
         self.control("load-module", "module-null-sink", f"sink_name={SPEAKER}")
