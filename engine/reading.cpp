@@ -93,10 +93,7 @@ void TunerEngine::fallSilent() {
 /// Against the newest raw value, not the last median: a new note must not wait for old ones to
 /// leave.
 double TunerEngine::smooth(double raw) {
-  if (!history.empty() && isJump(history.back(), raw)) {
-    history = {raw};
-    return raw;
-  }
+  if (!history.empty() && isJump(history.back(), raw)) history.clear();
   history.push_back(raw);
   if (history.size() > historyLength) history.erase(history.begin());
   return median(history);
