@@ -50,7 +50,7 @@ GROUPS: dict[str, list[Promise]] = {
                 r"system\.faults"),
         Promise("Whatever call of the audio library fails, once or for good, ends in listening or "
                 "in one of the four messages, and leaks nothing",
-                r"pulse_failing_calls_test\..*"),
+                r"pulse_(test\.FailingCalls\.|unit_test\.every_call).*"),
         Promise("An hour of a guitar: nothing grows, and every string is shown",
                 command="bench/hour"),
         Promise("24 hours of audio through pipeline and engine: memory flat, and the last hour's "
@@ -59,15 +59,15 @@ GROUPS: dict[str, list[Promise]] = {
     "It loses nothing": [
         Promise("The preferences file is corrupt, empty, a folder, a pipe, unreadable or read-only: "
                 "the program starts with valid values and loses none that was saved",
-                r"preferences_faults_test\.(PreferencesFaults\.(AnEmpty|WhatIsStill|AFolder|APipe|"
+                r"qt_test\.(PreferencesFaults\.(AnEmpty|WhatIsStill|AFolder|APipe|"
                 r"ALink)|OfAnotherUser).*"),
         Promise("The disk is full, or so slow that a choice is made while it writes",
-                r"(preferences_faults_test\..*AFullDisk|settings_writer_test\..*Disk).*"),
+                r"qt_test\..*(AFullDisk|SettingsWriterTest.*Disk).*"),
         Promise("Two programs save at once",
-                r"((preferences_faults|settings_writer)_test\..*(OfTwoPrograms|WhatThisProgram|Another).*|"
+                r"(qt_test\.(Preferences|SettingsWriter).*(OfTwoPrograms|WhatThisProgram|Another).*|"
                 r"system\.shell)"),
         Promise("The program is killed while it saves",
-                r"preferences_faults_test\..*IsKilledWhileItWrites.*"),
+                r"qt_test\..*IsKilledWhileItWrites.*"),
         Promise("The whole program starts with whatever stands in the file", r"system\.settings"),
         Promise("Any input to the detector, the pipeline, the engine, the preferences and the "
                 "replay tool", command="fuzz/run"),

@@ -23,6 +23,6 @@ foreach(file ${files})
   get_filename_component(test ${file} NAME_WE)
   string(REGEX REPLACE "^tst_" "" test ${test})
   add_test(NAME qml_tests.${test} COMMAND qml_tests -input ${file})
-  set_tests_properties(qml_tests.${test} PROPERTIES TIMEOUT 120
+  set_tests_properties(qml_tests.${test} PROPERTIES LABELS qml TIMEOUT 120
                                                     ENVIRONMENT QT_QPA_PLATFORM=offscreen)
 endforeach()

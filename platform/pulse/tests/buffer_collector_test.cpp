@@ -2,28 +2,9 @@
 
 #include <gmock/gmock.h>
 
-#include <cstdlib>
-#include <new>
 #include <vector>
 
-namespace {
-
-thread_local std::size_t allocations = 0;
-
-}  // namespace
-
-// Not inlined, or the compiler sees memory from new go to free and warns.
-[[gnu::noinline]] void* operator new(std::size_t size) {
-  ++allocations;
-  if (void* const memory = std::malloc(size)) return memory;
-  throw std::bad_alloc();
-}
-[[gnu::noinline]] void operator delete(void* memory) noexcept {
-  std::free(memory);
-}
-[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept {
-  std::free(memory);
-}
+#include "tests/support/allocation_count.h"
 
 namespace corvane {
 namespace {
@@ -104,18 +85,18 @@ TEST_F(BufferCollectorTest, CollectingAllocatesNothing) {
   std::size_t taps = 0;
   BufferCollector eight(4096, {96000.0, 8}, [&taps](const AudioBuffer&) { ++taps; });
   const std::vector<float> fragment(1000 * 8, 0.5F);
-  const std::size_t before = allocations;
+  const std::size_t before = allocationsOfThisThread();
   for (int i = 0; i < 41; ++i) eight.append(fragment.data(), 1000);
   eight.append(nullptr, 100000);
-  EXPECT_EQ(allocations, before);
+  EXPECT_EQ(allocationsOfThisThread(), before);
   EXPECT_EQ(taps, (41 * 1000 + 100000) / 4096U);
 }
 
 TEST_F(BufferCollectorTest, MakingACollectorDoesAllocate) {
   // Or the test before would pass because nothing is counted.
-  const std::size_t before = allocations;
+  const std::size_t before = allocationsOfThisThread();
   const auto made = collector(4096, 2);
-  EXPECT_GT(allocations, before);
+  EXPECT_GT(allocationsOfThisThread(), before);
 }
 
 }  // namespace

@@ -1,0 +1,40 @@
+# What --all builds beyond the default target: tests of real audio servers, and benchmarks.
+add_custom_target(everything)
+
+if(NOT CORVANE_TESTS)
+  # corvane_tests(...): nothing without tests.
+  function(corvane_tests)
+  endfunction()
+  return()
+endif()
+
+find_package(GTest REQUIRED)
+include(GoogleTest)
+
+# The tested code is compiled as it is used. The tests around it take longer to optimise than to run.
+add_library(corvane_test_options INTERFACE)
+# The precompiled header fits only programs that are compiled alike: Qt asks for -fPIC, libpulse for
+# the definition.
+target_compile_options(corvane_test_options INTERFACE -O0 -fPIC)
+target_compile_definitions(corvane_test_options INTERFACE _REENTRANT)
+target_link_libraries(corvane_test_options INTERFACE corvane_options GTest::gmock GTest::gtest_main)
+
+# Reading the test framework takes longer than compiling most tests: all programs share one reading.
+# It belongs to a program because libraries are compiled with other flags.
+file(WRITE ${PROJECT_BINARY_DIR}/test_headers.cpp "")
+add_executable(corvane_test_headers ${PROJECT_BINARY_DIR}/test_headers.cpp)
+target_link_libraries(corvane_test_headers PRIVATE corvane_test_options)
+target_precompile_headers(corvane_test_headers PRIVATE
+  <gmock/gmock.h> <gtest/gtest.h> <chrono> <cmath> <condition_variable> <filesystem> <functional>
+  <map> <memory> <mutex> <optional> <ranges> <span> <string> <thread> <vector>)
+
+# corvane_tests(NAME LABEL label SOURCES ... USES ... [PROPERTIES ...]): the GoogleTest program of one
+# module; each of its tests becomes one CTest test with that label. PROPERTIES are CTest properties.
+function(corvane_tests name)
+  cmake_parse_arguments(arg "" "LABEL" "SOURCES;USES;PROPERTIES" ${ARGN})
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE ${arg_USES} corvane_test_options)
+  target_precompile_headers(${name} REUSE_FROM corvane_test_headers)
+  gtest_discover_tests(${name} TEST_PREFIX ${name}. DISCOVERY_TIMEOUT 60
+                       PROPERTIES LABELS ${arg_LABEL} TIMEOUT 120 ${arg_PROPERTIES})
+endfunction()
