@@ -1,5 +1,6 @@
 # What --all builds beyond the default target: tests of real audio servers, and benchmarks.
 add_custom_target(everything)
+add_custom_target(unit_tests)
 
 if(NOT CORVANE_TESTS)
   # corvane_tests(...): nothing without tests.
@@ -21,7 +22,7 @@ target_link_libraries(corvane_test_options INTERFACE corvane_options GTest::gmoc
 
 # Reading the test framework takes longer than compiling most tests: all programs share one reading.
 # It belongs to a program because libraries are compiled with other flags.
-file(WRITE ${PROJECT_BINARY_DIR}/test_headers.cpp "")
+file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/test_headers.cpp CONTENT "")
 add_executable(corvane_test_headers ${PROJECT_BINARY_DIR}/test_headers.cpp)
 target_link_libraries(corvane_test_headers PRIVATE corvane_test_options)
 target_precompile_headers(corvane_test_headers PRIVATE
@@ -29,11 +30,18 @@ target_precompile_headers(corvane_test_headers PRIVATE
   <map> <memory> <mutex> <optional> <ranges> <span> <string> <thread> <vector>)
 
 # corvane_tests(NAME LABEL label SOURCES ... USES ... [PROPERTIES ...]): the GoogleTest program of one
-# module; each of its tests becomes one CTest test with that label. PROPERTIES are CTest properties.
+# module; each of its tests becomes one CTest test with that label, which under a sanitizer is
+# "sanitizer". PROPERTIES are CTest properties.
 function(corvane_tests name)
   cmake_parse_arguments(arg "" "LABEL" "SOURCES;USES;PROPERTIES" ${ARGN})
+  if(CORVANE_SANITIZE)
+    set(arg_LABEL sanitizer)
+  endif()
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE ${arg_USES} corvane_test_options)
+  if(arg_LABEL STREQUAL unit)
+    add_dependencies(unit_tests ${name})
+  endif()
   target_precompile_headers(${name} REUSE_FROM corvane_test_headers)
   gtest_discover_tests(${name} TEST_PREFIX ${name}. DISCOVERY_TIMEOUT 60
                        PROPERTIES LABELS ${arg_LABEL} TIMEOUT 120 ${arg_PROPERTIES})
