@@ -4,6 +4,7 @@
 
 #include "base/require.h"
 #include "engine/equal_temperament.h"
+#include "engine/rules.h"
 #include "engine/tuner_engine.h"
 #include "pitch/pitch_math.h"
 
@@ -11,13 +12,7 @@ namespace corvane {
 namespace {
 
 constexpr double acceptedConfidence = 0.82;
-constexpr double inTuneCents = 5.0;
-constexpr double jumpCents = 80.0;
 constexpr std::size_t historyLength = 5;
-
-bool isJump(double from, double to) {
-  return from > 0.0 && to > 0.0 && std::abs(centsBetween(to, from)) > jumpCents;
-}
 
 /// With an even count, the higher of the two middle values.
 double median(std::vector<double> values) {
@@ -72,7 +67,7 @@ void TunerEngine::showTarget(double smoothed, const PitchMath::Note& note) {
 }
 
 void TunerEngine::showVerdict() {
-  if (std::abs(cents()) <= inTuneCents) {
+  if (isInTune(cents())) {
     inTune = true;
     status = "In tune";
     return;
@@ -93,7 +88,7 @@ void TunerEngine::fallSilent() {
 /// Against the newest raw value, not the last median: a new note must not wait for old ones to
 /// leave.
 double TunerEngine::smooth(double raw) {
-  if (!history.empty() && isJump(history.back(), raw)) history.clear();
+  if (!history.empty() && isJump(centsBetween(raw, history.back()))) history.clear();
   history.push_back(raw);
   if (history.size() > historyLength) history.erase(history.begin());
   return median(history);

@@ -1,7 +1,7 @@
-#include <algorithm>
 #include <chrono>
 
 #include "engine/equal_temperament.h"
+#include "engine/rules.h"
 #include "engine/tone_buffer.h"
 #include "engine/tuner_engine.h"
 #include "pitch/pitch_math.h"
@@ -17,9 +17,8 @@ constexpr auto suppression = std::chrono::milliseconds(1350);
 double TunerEngine::referenceFrequency() const {
   const auto count = static_cast<std::int64_t>(tuning().strings.size());
   if (instrument() != Instrument::piano && count > 0) {
-    const std::int64_t byDefault = std::min<std::int64_t>(count, 2) - 1;
     const auto chosen = lockedStringIndex() ? lockedStringIndex() : highlightedString();
-    return targetFrequency(stringAt(chosen.value_or(byDefault)).midi, a4());
+    return targetFrequency(stringAt(chosen.value_or(defaultString(count))).midi, a4());
   }
   const auto note = heard() ? PitchMath::describe(frequency(), a4()) : std::nullopt;
   return note ? targetFrequency(note->midi, a4()) : a4();
