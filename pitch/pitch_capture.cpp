@@ -28,15 +28,15 @@ void mix(const AudioBuffer& buffer, std::span<float> mono) {
 
 }  // namespace
 
-std::optional<PitchDetector::Reading> PitchCapture::detectMusicalPitch(std::span<const float> block,
-                                                                       double rate) {
-  return PitchDetector::detect(block, rate, lowestPitch, highestPitch, threshold);
-}
-
 PitchCapture::Detect PitchCapture::musicalPitchDetector() {
   return [memory = NormalisedDifference()](std::span<const float> block, double rate) mutable {
     return PitchDetector::detect(block, rate, lowestPitch, highestPitch, threshold, memory);
   };
+}
+
+std::optional<PitchDetector::Reading> PitchCapture::detectMusicalPitch(std::span<const float> block,
+                                                                       double rate) {
+  return musicalPitchDetector()(block, rate);
 }
 
 std::shared_ptr<PitchCapture> PitchCapture::create(std::unique_ptr<TaskQueue> detectQueue,

@@ -29,12 +29,13 @@ class PitchCapture : public std::enable_shared_from_this<PitchCapture> {
   using Detect =
       std::function<std::optional<PitchDetector::Reading>(std::span<const float>, double rate)>;
 
-  /// 27 to 4300 Hz (below the lowest and above the highest piano key), threshold 0.15.
+  /// The program's detector: 27 to 4300 Hz (below the lowest and above the highest piano key),
+  /// threshold 0.15. Keeps its memory from block to block. One thread at a time.
+  static Detect musicalPitchDetector();
+
+  /// One call of a new `musicalPitchDetector`. Any thread.
   static std::optional<PitchDetector::Reading> detectMusicalPitch(std::span<const float> block,
                                                                   double rate);
-
-  /// The same in memory of its own, which it keeps from block to block. One thread at a time.
-  static Detect musicalPitchDetector();
 
   /// `detectQueue` runs the detection and must be serial; `detect` is what runs there.
   static std::shared_ptr<PitchCapture> create(
