@@ -1,42 +1,55 @@
-#include "engine/apply_sink.h"
-
 #include "engine/tests/engine_fixture.h"
+#include "tests/support/allocation_count.h"
 
 namespace corvane {
 namespace {
 
-class ApplySinkTest : public EngineTest {};
+class ApplySinkTest : public EngineTest {
+ protected:
+  const PitchDetector::Reading a2{110.0, 0.99, 0.05F};
+};
 
 TEST_F(ApplySinkTest, AppliesOnTheMainThreadInTheOrderOfDelivery) {
-  sink->deliver(PitchDetector::Reading{110.0, 0.99, 0.05F});
+  sink->deliver(a2);
   sink->deliver(PitchDetector::Reading{220.0, 0.99, 0.05F});
   EXPECT_FALSE(engine->heard());
   EXPECT_EQ(world.mainQueue->runAll(), 2U);
   EXPECT_EQ(engine->frequency(), 220.0);
-}
-
-TEST_F(ApplySinkTest, PassesAnAbsentReadingOn) {
-  hear(110.0);
-  sink->deliver(std::nullopt);
-  world.mainQueue->runAll();
-  EXPECT_FALSE(engine->heard());
+  EXPECT_TRUE(engine->heard());
+  hear(std::nullopt);
+  EXPECT_FALSE(engine->heard()) << "an absent reading is passed on";
 }
 
 TEST_F(ApplySinkTest, ReleasingTheEngineWhileAResultIsInFlightAppliesNothing) {
   int published = 0;
   const auto observation = engine->observe([&](Field) { ++published; });
   const std::weak_ptr<TunerEngine> released = engine;
-  sink->deliver(PitchDetector::Reading{110.0, 0.99, 0.05F});
+  sink->deliver(a2);
   engine.reset();
   EXPECT_TRUE(released.expired());
-  EXPECT_EQ(world.mainQueue->runAll(), 1U);
+  sink->deliver(std::nullopt);
+  EXPECT_EQ(world.mainQueue->runAll(), 2U);
   EXPECT_EQ(published, 0);
 }
 
-TEST_F(ApplySinkTest, DeliveringAfterTheEngineIsGoneDoesNothing) {
-  engine.reset();
-  sink->deliver(std::nullopt);
-  EXPECT_EQ(world.mainQueue->runAll(), 1U);
+/// As much room as a job needs, and no more.
+class OneJobQueue final : public MainQueue {
+ public:
+  void async(Job job) override { waiting = std::move(job); }
+
+  Job waiting;
+};
+
+TEST_F(ApplySinkTest, DeliveringAllocatesNothing) {
+  const auto queue = std::make_shared<OneJobQueue>();
+  const ApplySink delivering(engine, queue);
+  const std::size_t before = allocationsOfThisThread();
+  delivering.deliver(a2);
+  delivering.deliver(std::nullopt);
+  delivering.deliver(a2);
+  EXPECT_EQ(allocationsOfThisThread() - before, 0U);
+  queue->waiting();
+  EXPECT_EQ(engine->frequency(), 110.0);
 }
 
 }  // namespace

@@ -1,29 +1,46 @@
-#include <gmock/gmock.h>
-
 #include "engine/tests/engine_fixture.h"
 
 namespace corvane {
 namespace {
 
 using testing::ElementsAre;
-using testing::Optional;
+using Error = std::optional<std::string>;
 
-constexpr auto denied =
-    "Microphone access is off. Allow Corvane under Settings, Privacy, Microphone.";
-constexpr auto ask = "Tap Allow Microphone so Corvane can hear the note.";
-constexpr auto noMicrophone = "No microphone is available.";
-constexpr auto notStarted = "The microphone could not start.";
+const Error none;
+const Error denied = "Microphone access is off. Allow Corvane under Settings, Privacy, Microphone.";
+const Error ask = "Tap Allow Microphone so Corvane can hear the note.";
+const Error noMicrophone = "No microphone is available.";
+const Error notStarted = "The microphone could not start.";
+
+const auto wholeStart = ElementsAre("stop", "reset", "installTap", "start");
 
 class Listening : public EngineTest {
  protected:
+  void startWith(RecordPermission permission) {
+    world.permission->permission = permission;
+    engine->start();
+  }
+
   void answer(bool granted, RecordPermission permission) {
     world.permission->permission = permission;
     world.permission->requests.back()(granted);
     world.mainQueue->runAll();
   }
 
+  void expectState(bool listening, bool allowed, const Error& error) {
+    EXPECT_EQ(engine->listening(), listening);
+    EXPECT_EQ(engine->micAllowed(), allowed);
+    EXPECT_EQ(engine->errorText(), error);
+  }
+
+  std::vector<std::string> inputCallsOf(const std::function<void()>& action) {
+    world.input->calls.clear();
+    action();
+    return world.input->calls;
+  }
+
   /// `analysed` counts the blocks.
-  void startExpectingBlocksOfOneValue(std::size_t& analysed) {
+  void startExpectingBlocksOfOneValue() {
     capture = PitchCapture::create(std::make_unique<InlineQueue>(), [&](auto block, double) {
       ++analysed;
       for (const float sample : block) EXPECT_EQ(sample, block.front());
@@ -38,160 +55,165 @@ class Listening : public EngineTest {
     const float* channels[] = {samples.data()};
     world.input->tap({channels, static_cast<std::uint32_t>(frames), 1, 48000.0, afterGap});
   }
+
+  std::size_t analysed = 0;
 };
 
-TEST_F(Listening, WithPermissionStartListensThroughATapOf4096FramesInTheDevicesFormat) {
+TEST_F(Listening, StartTaps4096FramesInTheFormatOfTheDevice) {
   world.input->input = {96000.0, 2};
-  engine->start();
-  EXPECT_TRUE(engine->listening());
-  EXPECT_TRUE(engine->micAllowed());
-  EXPECT_EQ(engine->errorText(), std::nullopt);
-  EXPECT_THAT(world.input->calls, ElementsAre("stop", "reset", "installTap", "start"));
+  EXPECT_THAT(inputCallsOf([this] { engine->start(); }), wholeStart);
+  expectState(true, true, none);
   EXPECT_EQ(world.input->tapFrames, 4096U);
   EXPECT_EQ(world.input->tapFormat, (AudioFormat{96000.0, 2}));
 }
 
-TEST_F(Listening, StartingAgainWhileListeningOnlyRefreshesPermissionAndClearsTheError) {
+TEST_F(Listening, StartWhileListeningOnlyRefreshesPermissionAndError) {
   engine->start();
-  world.input->calls.clear();
-  const auto fields = published([this] { engine->start(); });
-  EXPECT_TRUE(world.input->calls.empty());
-  EXPECT_THAT(fields, ElementsAre(Field::micAllowed, Field::errorText));
-  EXPECT_TRUE(engine->listening());
+  EXPECT_THAT(inputCallsOf([this] {
+                EXPECT_THAT(published([this] { engine->start(); }),
+                            ElementsAre(Field::micAllowed, Field::errorText));
+              }),
+              ElementsAre());
+  expectState(true, true, none);
 }
 
 TEST_F(Listening, TwoStartsWhileUndeterminedSendOneRequest) {
-  world.permission->permission = RecordPermission::undetermined;
-  engine->start();
+  startWith(RecordPermission::undetermined);
   engine->start();
   EXPECT_EQ(world.permission->requests.size(), 1U);
-  EXPECT_FALSE(engine->listening());
-}
-
-TEST_F(Listening, AnAbandonedRequestMayBeSentAgain) {
-  world.permission->permission = RecordPermission::undetermined;
-  engine->start();
+  expectState(false, false, none);
   engine->abandonMicRequest();
   engine->start();
-  EXPECT_EQ(world.permission->requests.size(), 2U);
+  EXPECT_EQ(world.permission->requests.size(), 2U) << "an abandoned request may be sent again";
 }
 
-TEST_F(Listening, AGrantStartsCapture) {
-  world.permission->permission = RecordPermission::undetermined;
-  engine->start();
-  answer(true, RecordPermission::granted);
-  EXPECT_TRUE(engine->listening());
-  EXPECT_TRUE(engine->micAllowed());
+TEST_F(Listening, AnswerDecidesWhetherItListens) {
+  struct Answer {
+    bool granted;
+    RecordPermission permission;
+    bool listening;
+    Error error;
+  };
+  for (const Answer& each : {Answer{true, RecordPermission::granted, true, none},
+                             Answer{true, RecordPermission::undetermined, true, none},
+                             Answer{false, RecordPermission::denied, false, denied},
+                             Answer{false, RecordPermission::undetermined, false, ask}}) {
+    makeEngine();
+    startWith(RecordPermission::undetermined);
+    answer(each.granted, each.permission);
+    expectState(each.listening, each.listening, each.error);
+  }
+  startWith(RecordPermission::undetermined);
+  EXPECT_EQ(world.permission->requests.size(), 5U) << "the answer ended the request";
+  EXPECT_EQ(engine->errorText(), none);
 }
 
-TEST_F(Listening, AnAnswerOfNoWhileThePermissionReadsGrantedStillStartsCapture) {
-  world.permission->permission = RecordPermission::undetermined;
-  engine->start();
+TEST_F(Listening, AnAnswerOfNoWhilePermissionReadsGrantedStartsCapture) {
+  startWith(RecordPermission::undetermined);
   answer(false, RecordPermission::granted);
-  EXPECT_TRUE(engine->listening());
-  EXPECT_TRUE(engine->micAllowed());
+  expectState(true, true, none);
 }
 
-TEST_F(Listening, ADenialIsExplained) {
-  world.permission->permission = RecordPermission::undetermined;
-  engine->start();
-  answer(false, RecordPermission::denied);
-  EXPECT_THAT(engine->errorText(), Optional(std::string(denied)));
-  EXPECT_FALSE(engine->micAllowed());
-  EXPECT_FALSE(engine->listening());
+TEST_F(Listening, AnswerRestartsATunerThatAlreadyRuns) {
+  startWith(RecordPermission::undetermined);
+  startWith(RecordPermission::granted);
+  ASSERT_TRUE(engine->listening());
+  EXPECT_THAT(inputCallsOf([this] { answer(true, RecordPermission::granted); }), wholeStart);
 }
 
-TEST_F(Listening, AnAnswerThatIsNeitherAsksTheUserToAllow) {
-  world.permission->permission = RecordPermission::undetermined;
-  engine->start();
-  answer(false, RecordPermission::undetermined);
-  EXPECT_THAT(engine->errorText(), Optional(std::string(ask)));
-  engine->start();
-  EXPECT_EQ(world.permission->requests.size(), 2U);
-  EXPECT_EQ(engine->errorText(), std::nullopt);
+TEST_F(Listening, AGrantClearsTheErrorBeforeCaptureHasStarted) {
+  world.input->answersLater = true;
+  startWith(RecordPermission::undetermined);
+  startWith(RecordPermission::unknown);
+  ASSERT_EQ(engine->errorText(), ask);
+  answer(true, RecordPermission::granted);
+  expectState(false, true, none);
 }
 
 TEST_F(Listening, AnAnswerAfterTheEngineIsGoneChangesNothing) {
-  world.permission->permission = RecordPermission::undetermined;
-  engine->start();
+  startWith(RecordPermission::undetermined);
   engine.reset();
-  world.input->calls.clear();
-  answer(true, RecordPermission::granted);
-  EXPECT_TRUE(world.input->calls.empty());
+  EXPECT_THAT(inputCallsOf([this] { answer(true, RecordPermission::granted); }), ElementsAre());
 }
 
 TEST_F(Listening, StartWhileDeniedExplainsAndDoesNotListen) {
   engine->start();
-  world.permission->permission = RecordPermission::denied;
-  engine->start();
-  EXPECT_THAT(engine->errorText(), Optional(std::string(denied)));
-  EXPECT_FALSE(engine->micAllowed());
-  EXPECT_FALSE(engine->listening());
+  startWith(RecordPermission::denied);
+  expectState(false, false, denied);
+  startWith(RecordPermission::granted);
+  EXPECT_EQ(engine->errorText(), none) << "permission granted meanwhile is noticed";
 }
 
-TEST_F(Listening, APermissionOfNoKnownKindAsksTheUserToAllowAndChangesNothingElse) {
-  world.permission->permission = RecordPermission::unknown;
-  const auto fields = published([this] { engine->start(); });
-  EXPECT_THAT(fields, ElementsAre(Field::errorText));
-  EXPECT_THAT(engine->errorText(), Optional(std::string(ask)));
+TEST_F(Listening, AnUnknownPermissionAsksAndChangesNothingElse) {
+  EXPECT_THAT(published([this] { startWith(RecordPermission::unknown); }),
+              ElementsAre(Field::errorText));
+  expectState(false, false, ask);
 }
 
-TEST_F(Listening, PermissionGrantedInTheSettingsIsPickedUpByTheNextStart) {
-  world.permission->permission = RecordPermission::denied;
-  engine->start();
-  world.permission->permission = RecordPermission::granted;
-  engine->start();
-  EXPECT_TRUE(engine->listening());
-  EXPECT_EQ(engine->errorText(), std::nullopt);
+TEST_F(Listening, ADenialOrAGrantReadByStartEndsTheRequest) {
+  for (const auto read : {RecordPermission::denied, RecordPermission::granted}) {
+    makeEngine();
+    world.permission->requests.clear();
+    startWith(RecordPermission::undetermined);
+    startWith(read);
+    startWith(RecordPermission::undetermined);
+    EXPECT_EQ(world.permission->requests.size(), 2U);
+  }
 }
 
-TEST_F(Listening, AnInputWithoutARateButWithAValidOutputFormatIsTappedInThat) {
-  world.input->input = {0.0, 2};
+TEST_F(Listening, AnInputWithoutRateOrChannelsIsTappedInItsOutputFormat) {
   world.input->output = {44100.0, 1};
-  engine->start();
-  EXPECT_TRUE(engine->listening());
-  EXPECT_EQ(world.input->tapFormat, (AudioFormat{44100.0, 1}));
-}
-
-TEST_F(Listening, AnInputWithoutChannelsButWithAValidOutputFormatIsTappedInThat) {
-  world.input->input = {48000.0, 0};
-  world.input->output = {44100.0, 2};
-  engine->start();
-  EXPECT_EQ(world.input->tapFormat, (AudioFormat{44100.0, 2}));
+  for (const AudioFormat unknown : {AudioFormat{0.0, 2}, {48000.0, 0}}) {
+    makeEngine();
+    world.input->input = unknown;
+    engine->start();
+    EXPECT_TRUE(engine->listening());
+    EXPECT_EQ(world.input->tapFormat, world.input->output);
+  }
 }
 
 TEST_F(Listening, WithoutAUsableFormatNoMicrophoneIsAvailable) {
-  for (const AudioFormat format : {AudioFormat{0.0, 0}, {-1.0, 1}, {48000.0, 0}}) {
-    world.input->input = format;
-    world.input->output = format;
+  struct Formats {
+    AudioFormat input, output;
+  };
+  for (const auto& [input, output] : {Formats{{0.0, 0}, {0.0, 0}}, Formats{{0.0, 1}, {-1.0, 1}},
+                                      Formats{{48000.0, 0}, {48000.0, 0}},
+                                      // Only a rate of exactly 0 asks for the output's format.
+                                      Formats{{-1.0, 1}, {48000.0, 1}}}) {
+    world.input->input = input;
+    world.input->output = output;
     engine->start();
-    EXPECT_THAT(engine->errorText(), Optional(std::string(noMicrophone)));
-    EXPECT_FALSE(engine->listening());
-    EXPECT_TRUE(engine->micAllowed());
+    expectState(false, true, noMicrophone);
   }
   EXPECT_THAT(world.input->calls, testing::Not(testing::Contains("start")));
 }
 
-TEST_F(Listening, AMicrophoneThatCannotStartIsToldAndRetriedByTheNextStart) {
-  world.input->startSucceeds = false;
+TEST_F(Listening, AMicrophoneThatCannotStartIsRetriedByTheNextStart) {
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    // The second time it was listening until the input ended by itself.
+    world.input->running = false;
+    world.input->startSucceeds = false;
+    engine->start();
+    expectState(false, true, notStarted);
+    world.input->startSucceeds = true;
+    engine->start();
+    expectState(true, true, none);
+  }
+  world.input->running = false;
+  world.input->input = {};
   engine->start();
-  EXPECT_THAT(engine->errorText(), Optional(std::string(notStarted)));
-  EXPECT_FALSE(engine->listening());
-
-  world.input->startSucceeds = true;
-  engine->start();
-  EXPECT_TRUE(engine->listening());
-  EXPECT_EQ(engine->errorText(), std::nullopt);
+  expectState(false, true, noMicrophone);
 }
 
-TEST_F(Listening, AnOutcomeThatIsKnownLaterArrivesThen) {
+TEST_F(Listening, AnOutcomeKnownLaterCountsThen) {
   world.input->answersLater = true;
   engine->start();
-  EXPECT_FALSE(engine->listening());
-  engine->start();  // still starting: not begun anew
-  EXPECT_THAT(world.input->calls, ElementsAre("stop", "reset", "installTap", "start"));
+  engine->start();
+  EXPECT_THAT(world.input->calls, wholeStart) << "still starting: not begun anew";
+  startWith(RecordPermission::unknown);
+  expectState(false, true, ask);
   world.input->pendingStart(true);
-  EXPECT_TRUE(engine->listening());
+  expectState(true, true, none);
 }
 
 TEST_F(Listening, AnOutcomeAfterTheEngineIsGoneChangesNothing) {
@@ -199,60 +221,19 @@ TEST_F(Listening, AnOutcomeAfterTheEngineIsGoneChangesNothing) {
   engine->start();
   const auto late = world.input->pendingStart;
   engine.reset();
-  late(true);
-  EXPECT_FALSE(world.input->running);
+  EXPECT_FALSE(world.input->running) << "an engine that ends stops the microphone";
+  EXPECT_THAT(inputCallsOf([&] { late(true); }), ElementsAre());
 }
 
-TEST_F(Listening, SuccessThatComesLaterClearsAnErrorFromMeanwhile) {
-  world.input->answersLater = true;
+TEST_F(Listening, StopEndsTheInputThenListeningThenTheTone) {
   engine->start();
-  world.permission->permission = RecordPermission::unknown;
-  engine->start();
-  ASSERT_THAT(engine->errorText(), Optional(std::string(ask)));
-  world.input->pendingStart(true);
-  EXPECT_EQ(engine->errorText(), std::nullopt);
-}
-
-TEST_F(Listening, ADenialOrAGrantReadByStartEndsAnOutstandingRequest) {
-  for (const auto answer : {RecordPermission::denied, RecordPermission::granted}) {
-    world.permission->requests.clear();
-    world.permission->permission = RecordPermission::undetermined;
-    engine->start();
-    world.permission->permission = answer;
-    engine->start();
-    world.permission->permission = RecordPermission::undetermined;
-    engine->start();
-    EXPECT_EQ(world.permission->requests.size(), 2U);
-    engine->abandonMicRequest();
-  }
-}
-
-TEST_F(Listening, ABlockThatWaitsForDetectionIsForgottenByStop) {
-  const auto held = std::make_shared<std::vector<TaskQueue::Job>>();
-  struct HeldQueue final : TaskQueue {
-    explicit HeldQueue(std::shared_ptr<std::vector<Job>> kept) : jobs(std::move(kept)) {}
-    void async(Job job) override { jobs->push_back(std::move(job)); }
-    std::shared_ptr<std::vector<Job>> jobs;
-  };
-  int analysed = 0;
-  capture = PitchCapture::create(std::make_unique<HeldQueue>(held), [&](auto, double) {
-    ++analysed;
-    return std::nullopt;
-  });
-  makeEngine();
-  engine->start();
-  push(8192, 0.25F);
-  ASSERT_EQ(held->size(), 1U);
+  EXPECT_THAT(inputCallsOf([this] {
+                EXPECT_THAT(published([this] { engine->stop(); }),
+                            ElementsAre(Field::listening, Field::playingReference));
+              }),
+              ElementsAre("stop", "reset"));
   engine->stop();
-  held->front()();
-  EXPECT_EQ(analysed, 0);
-}
-
-TEST_F(Listening, StopEndsAndResetsTheInput) {
-  engine->start();
-  world.input->calls.clear();
-  engine->stop();
-  EXPECT_THAT(world.input->calls, ElementsAre("stop", "reset"));
+  EXPECT_FALSE(engine->listening());
 }
 
 TEST_F(Listening, AfterStopTheLastNoteStaysOnDisplay) {
@@ -260,72 +241,74 @@ TEST_F(Listening, AfterStopTheLastNoteStaysOnDisplay) {
   hear(off(45, 3.0));
   engine->playReference();
   engine->stop();
-  EXPECT_FALSE(engine->listening());
+  expectState(false, true, none);
   EXPECT_FALSE(engine->playingReference());
-  EXPECT_TRUE(engine->micAllowed());
   EXPECT_EQ(engine->noteLabel(), "A");
   EXPECT_EQ(engine->status(), "In tune");
   EXPECT_FALSE(world.input->running);
 }
 
-TEST_F(Listening, StopWhileStoppedIsHarmless) {
-  engine->stop();
-  engine->stop();
-  EXPECT_FALSE(engine->listening());
-}
-
-TEST_F(Listening, SamplesFromBeforeAPauseNeverJoinThoseAfterIt) {
-  std::size_t analysed = 0;
-  startExpectingBlocksOfOneValue(analysed);
-  push(4096, 0.25F);
-  engine->stop();
+TEST_F(Listening, StopForgetsTheBlockThatWaits) {
+  std::vector<TaskQueue::Job> held;
+  struct HeldQueue final : TaskQueue {
+    explicit HeldQueue(std::vector<Job>& kept) : jobs(kept) {}
+    void async(Job job) override { jobs.push_back(std::move(job)); }
+    std::vector<Job>& jobs;
+  };
+  capture = PitchCapture::create(std::make_unique<HeldQueue>(held), [&](auto, double) {
+    ++analysed;
+    return std::nullopt;
+  });
+  makeEngine();
   engine->start();
-  push(4096, 0.5F);
+  push(8192, 0.25F);
+  ASSERT_EQ(held.size(), 1U);
+  engine->stop();
+  held.front()();
   EXPECT_EQ(analysed, 0U);
-  push(4096, 0.5F);
-  EXPECT_EQ(analysed, 1U);
 }
 
-TEST_F(Listening, SamplesFromBeforeAGapNeverJoinThoseAfterIt) {
-  std::size_t analysed = 0;
-  startExpectingBlocksOfOneValue(analysed);
-  push(4096, 0.25F);
-  push(4096, 0.5F, true);
-  EXPECT_EQ(analysed, 0U);
-  push(4096, 0.5F);
-  EXPECT_EQ(analysed, 1U);
+TEST_F(Listening, SamplesFromBeforeAnInterruptionNeverJoinLaterOnes) {
+  const auto pause = [this] {
+    engine->stop();
+    engine->start();
+  };
+  const auto restartAfterTheInputEnded = [this] {
+    world.input->running = false;
+    engine->start();
+  };
+  const std::function<void()> interruptions[] = {pause, restartAfterTheInputEnded, [] {}};
+  for (const auto& interrupt : interruptions) {
+    startExpectingBlocksOfOneValue();
+    analysed = 0;
+    push(4096, 0.25F);
+    interrupt();
+    push(4096, 0.5F, &interrupt == &interruptions[2]);  // a gap alone
+    EXPECT_EQ(analysed, 0U);
+    push(4096, 0.5F);
+    EXPECT_EQ(analysed, 1U);
+  }
 }
 
-TEST_F(Listening, WhatTheTapHearsReachesTheScreen) {
+TEST_F(Listening, WhatTheTapHearsReachesTheScreenOnTheMainThread) {
   engine->start();
-  push(8192, 0.0F);
   hear(110.0);
-  push(4096, 0.0F);
-  EXPECT_TRUE(engine->heard());  // not applied before the main thread gets to it
+  push(8192, 0.0F);
+  EXPECT_TRUE(engine->heard());
   world.mainQueue->runAll();
   EXPECT_FALSE(engine->heard());
 }
 
-TEST_F(Listening, AnEngineThatEndsStopsTheMicrophone) {
-  engine->start();
-  engine.reset();
-  EXPECT_FALSE(world.input->running);
-}
-
-TEST_F(Listening, IfTheFirstSettingsAddressOpensTheSecondIsNotTried) {
+TEST_F(Listening, TheSecondSettingsAddressIsTriedOnlyIfTheFirstFails) {
+  const auto first =
+      "x-apple.systempreferences:com.apple.settings.PrivacySecurity.extension?Privacy_Microphone";
+  const auto second = "x-apple.systempreferences:com.apple.preference.security?Privacy_Microphone";
   engine->openMicSettings();
-  EXPECT_THAT(world.urlOpener->opened,
-              ElementsAre("x-apple.systempreferences:com.apple.settings.PrivacySecurity.extension?"
-                          "Privacy_Microphone"));
-}
-
-TEST_F(Listening, IfTheFirstSettingsAddressDoesNotOpenTheSecondIsTriedOnce) {
+  EXPECT_THAT(world.urlOpener->opened, ElementsAre(first));
+  world.urlOpener->opened.clear();
   world.urlOpener->failures = 5;
   engine->openMicSettings();
-  EXPECT_THAT(world.urlOpener->opened,
-              ElementsAre(testing::_,
-                          "x-apple.systempreferences:com.apple.preference.security?"
-                          "Privacy_Microphone"));
+  EXPECT_THAT(world.urlOpener->opened, ElementsAre(first, second));
 }
 
 }  // namespace

@@ -10,142 +10,132 @@ using testing::ElementsAre;
 using testing::Optional;
 using Value = fakes::MemoryPreferences::Value;
 
+const auto oneSave = ElementsAre("tuner.instrument", "tuner.tuning", "tuner.a4", "tuner.left");
+
 class Settings : public EngineTest {
  protected:
   Value stored(const std::string& key) { return world.preferences->values.at(key); }
 
-  void startWith(const std::string& key, Value value) {
-    world.preferences->values[key] = std::move(value);
+  void startWith(std::map<std::string, Value, std::less<>> values) {
+    world.preferences->values = std::move(values);
     makeEngine();
   }
 
-  /// What `persist` writes, once.
-  static auto oneSave() {
-    return ElementsAre("tuner.instrument", "tuner.tuning", "tuner.a4", "tuner.left");
+  /// The engine's selection and the saved one.
+  void expectSelection(Instrument instrument, const char* tuning, double a4, bool leftHanded) {
+    EXPECT_EQ(engine->instrument(), instrument);
+    EXPECT_EQ(engine->tuningID(), tuning);
+    EXPECT_EQ(engine->a4(), a4);
+    EXPECT_EQ(engine->leftHanded(), leftHanded);
+    EXPECT_EQ(stored("tuner.instrument"), Value(std::string(rawValue(instrument))));
+    EXPECT_EQ(stored("tuner.tuning"), Value(tuning));
+    EXPECT_EQ(stored("tuner.a4"), Value(a4));
+    EXPECT_EQ(stored("tuner.left"), Value(leftHanded));
+  }
+
+  /// What is saved while `action` runs.
+  std::vector<std::string> savedBy(const std::function<void()>& action) {
+    world.preferences->writes.clear();
+    action();
+    return world.preferences->writes;
   }
 };
 
-TEST_F(Settings, AnEmptyStoreStartsAsAStandardRightHandedGuitarAt440) {
-  EXPECT_EQ(engine->instrument(), Instrument::guitar);
-  EXPECT_EQ(engine->tuningID(), "g6-standard");
-  EXPECT_EQ(engine->a4(), 440.0);
-  EXPECT_FALSE(engine->leftHanded());
+TEST_F(Settings, AnEmptyStoreGivesAStandardRightHandedGuitarAt440) {
+  expectSelection(Instrument::guitar, "g6-standard", 440.0, false);
   EXPECT_EQ(engine->lockedStringIndex(), std::nullopt);
-
-  EXPECT_EQ(stored("tuner.instrument"), Value("guitar"));
-  EXPECT_EQ(stored("tuner.tuning"), Value("g6-standard"));
-  EXPECT_EQ(stored("tuner.a4"), Value(440.0));
-  EXPECT_EQ(stored("tuner.left"), Value(false));
-  EXPECT_THAT(world.preferences->writes, oneSave());
+  EXPECT_THAT(world.preferences->writes, oneSave);
 }
 
-TEST_F(Settings, EveryStoredChoiceIsRestored) {
-  world.preferences->values = {{"tuner.instrument", "bass"},
-                               {"tuner.tuning", "b5-dropa"},
-                               {"tuner.a4", 415.5},
-                               {"tuner.left", true}};
-  makeEngine();
-  EXPECT_EQ(engine->instrument(), Instrument::bass);
-  EXPECT_EQ(engine->tuningID(), "b5-dropa");
-  EXPECT_EQ(engine->a4(), 415.5);
-  EXPECT_TRUE(engine->leftHanded());
+TEST_F(Settings, StoredChoicesAreRestored) {
+  startWith({{"tuner.instrument", "bass"},
+             {"tuner.tuning", "b5-dropa"},
+             {"tuner.a4", 415.5},
+             {"tuner.left", true}});
+  expectSelection(Instrument::bass, "b5-dropa", 415.5, true);
 }
 
 TEST_F(Settings, AStoredPitchOutside377To560StartsAt440) {
-  for (const double hertz :
-       {376.9, 560.1, 0.0, -440.0, std::nan(""), std::numeric_limits<double>::infinity()}) {
-    startWith("tuner.a4", hertz);
-    EXPECT_EQ(engine->a4(), 440.0) << hertz;
-    EXPECT_EQ(stored("tuner.a4"), Value(440.0));
+  const double infinity = std::numeric_limits<double>::infinity();
+  for (const double hertz : {376.9, 560.1, 0.0, -440.0, std::nan(""), infinity}) {
+    startWith({{"tuner.a4", hertz}});
+    expectSelection(Instrument::guitar, "g6-standard", 440.0, false);
+  }
+  for (const double hertz : {377.0, 560.0}) {
+    startWith({{"tuner.a4", hertz}});
+    expectSelection(Instrument::guitar, "g6-standard", hertz, false);
   }
 }
 
-TEST_F(Settings, AStoredPitchOf377Or560IsKept) {
-  startWith("tuner.a4", 377.0);
-  EXPECT_EQ(engine->a4(), 377.0);
-  startWith("tuner.a4", 560.0);
-  EXPECT_EQ(engine->a4(), 560.0);
-}
-
-TEST_F(Settings, Assigning600LeavesAndSaves560AndPublishesTwice) {
-  const auto fields = published([this] { engine->setA4(600.0); });
-  EXPECT_EQ(engine->a4(), 560.0);
-  EXPECT_EQ(stored("tuner.a4"), Value(560.0));
-  EXPECT_THAT(fields, ElementsAre(Field::a4, Field::a4));
-}
-
-TEST_F(Settings, Assigning300Leaves377) {
-  engine->setA4(300.0);
-  EXPECT_EQ(engine->a4(), 377.0);
-  EXPECT_EQ(stored("tuner.a4"), Value(377.0));
-}
-
-TEST_F(Settings, AssigningWhatIsNotANumberLeaves377) {
-  engine->setA4(std::nan(""));
-  EXPECT_EQ(engine->a4(), 377.0);
-  EXPECT_EQ(stored("tuner.a4"), Value(377.0));
+TEST_F(Settings, AssigningAPitchOutOfRangeSavesTheNearerBound) {
+  struct Assigned {
+    double hertz, kept;
+  };
+  for (const auto& [hertz, kept] :
+       {Assigned{600.0, 560.0}, Assigned{300.0, 377.0}, Assigned{std::nan(""), 377.0}}) {
+    EXPECT_THAT(published([&, wanted = hertz] { engine->setA4(wanted); }),
+                ElementsAre(Field::a4, Field::a4));
+    expectSelection(Instrument::guitar, "g6-standard", kept, false);
+  }
 }
 
 TEST_F(Settings, AssigningAPitchInRangePublishesAndSavesOnce) {
-  world.preferences->writes.clear();
-  EXPECT_THAT(published([this] { engine->setA4(377.0); }), ElementsAre(Field::a4));
-  EXPECT_THAT(world.preferences->writes, oneSave());
+  for (const double hertz : {377.0, 441.0, 560.0}) {
+    const auto assign = [&] { engine->setA4(hertz); };
+    EXPECT_THAT(savedBy([&] { EXPECT_THAT(published(assign), ElementsAre(Field::a4)); }), oneSave);
+    EXPECT_EQ(engine->a4(), hertz);
+  }
 }
 
-TEST_F(Settings, AStoredInstrumentMustMatchToTheCase) {
-  startWith("tuner.instrument", "Bass");
-  EXPECT_EQ(engine->instrument(), Instrument::guitar);
+TEST_F(Settings, AStoredInstrumentMustMatchToTheCaseAndEachTypeToo) {
+  startWith({{"tuner.instrument", "Bass"}});
+  expectSelection(Instrument::guitar, "g6-standard", 440.0, false);
+  startWith({{"tuner.instrument", 1.0},
+             {"tuner.tuning", true},
+             {"tuner.a4", "442"},
+             {"tuner.left", "yes"}});
+  expectSelection(Instrument::guitar, "g6-standard", 440.0, false);
 }
 
-TEST_F(Settings, AStoredValueOfAnotherTypeReadsAsAbsent) {
-  world.preferences->values = {{"tuner.instrument", 1.0},
-                               {"tuner.tuning", true},
-                               {"tuner.a4", "442"},
-                               {"tuner.left", "yes"}};
-  makeEngine();
-  EXPECT_EQ(engine->instrument(), Instrument::guitar);
-  EXPECT_EQ(engine->tuningID(), "g6-standard");
-  EXPECT_EQ(engine->a4(), 440.0);
-  EXPECT_FALSE(engine->leftHanded());
+TEST_F(Settings, ABassTuningStoredForAGuitarGivesTheGuitarsFirst) {
+  startWith({{"tuner.instrument", "guitar"}, {"tuner.tuning", "b5-standard"}});
+  expectSelection(Instrument::guitar, "g6-standard", 440.0, false);
 }
 
-TEST_F(Settings, ABassTuningStoredForAGuitarStartsWithTheGuitarsFirst) {
-  world.preferences->values = {{"tuner.instrument", "guitar"}, {"tuner.tuning", "b5-standard"}};
-  makeEngine();
-  EXPECT_EQ(engine->tuningID(), "g6-standard");
-  EXPECT_EQ(stored("tuner.tuning"), Value("g6-standard"));
-}
-
-TEST_F(Settings, SwitchingToPianoAdoptsItsTuningClearsLockAndSmoothingAndSavesTwice) {
+TEST_F(Settings, SwitchingToPianoAdoptsItsTuningAndSavesTwice) {
   hear(109.0);
   hear(109.0);
   engine->setLockedStringIndex(2);
-  world.preferences->writes.clear();
-
-  const auto fields = published([this] { engine->setInstrument(Instrument::piano); });
-  EXPECT_EQ(engine->tuningID(), "piano-chromatic");
+  const auto watch = engine->observe([this](Field field) {
+    if (field != Field::tuningID) return;
+    EXPECT_EQ(stored("tuner.instrument"), Value("piano")) << "saved before a tuning is adopted";
+    EXPECT_EQ(stored("tuner.tuning"), Value("g6-standard"));
+  });
+  EXPECT_THAT(published([this] {
+                EXPECT_EQ(savedBy([this] { engine->setInstrument(Instrument::piano); }).size(), 8U);
+              }),
+              ElementsAre(Field::instrument, Field::tuningID, Field::lockedStringIndex,
+                          Field::highlightedString, Field::lockedStringIndex));
+  expectSelection(Instrument::piano, "piano-chromatic", 440.0, false);
   EXPECT_EQ(engine->tuning().id, "piano-chromatic");
   EXPECT_EQ(engine->lockedStringIndex(), std::nullopt);
-  EXPECT_EQ(world.preferences->writes.size(), 8U);
-  EXPECT_EQ(stored("tuner.instrument"), Value("piano"));
-  EXPECT_EQ(stored("tuner.tuning"), Value("piano-chromatic"));
-  EXPECT_THAT(fields, ElementsAre(Field::instrument, Field::tuningID, Field::lockedStringIndex,
-                                  Field::highlightedString, Field::lockedStringIndex));
   hear(111.0);
-  EXPECT_EQ(engine->frequency(), 111.0);
+  EXPECT_EQ(engine->frequency(), 111.0) << "the history is empty";
 }
 
-TEST_F(Settings, ChoosingTheSameInstrumentAgainKeepsTheTuningAndClearsTheLock) {
+TEST_F(Settings, TheSameInstrumentAgainKeepsItsTuningAlone) {
   engine->setTuningID("g6-dadgad");
   engine->setLockedStringIndex(2);
-  world.preferences->writes.clear();
-  engine->setInstrument(Instrument::guitar);
+  hear(109.0);
+  hear(109.0);
+  EXPECT_THAT(savedBy([this] { engine->setInstrument(Instrument::guitar); }), oneSave);
   EXPECT_EQ(engine->tuningID(), "g6-dadgad");
   EXPECT_EQ(engine->lockedStringIndex(), std::nullopt);
-  EXPECT_THAT(world.preferences->writes, oneSave());
+  hear(111.0);
+  EXPECT_EQ(engine->frequency(), 111.0) << "the history is empty";
 }
 
-TEST_F(Settings, AnotherTuningOfTheInstrumentClearsTheLockButNotTheSmoothing) {
+TEST_F(Settings, AnotherTuningClearsTheLockButNotTheHistory) {
   hear(109.0);
   hear(109.0);
   engine->setLockedStringIndex(2);
@@ -156,29 +146,28 @@ TEST_F(Settings, AnotherTuningOfTheInstrumentClearsTheLockButNotTheSmoothing) {
   EXPECT_EQ(engine->frequency(), 109.0);
 }
 
-TEST_F(Settings, SelectingTheSelectedTuningStillSavesAndClearsTheLock) {
+TEST_F(Settings, TheSelectedTuningAgainStillSavesThenClearsTheLock) {
   engine->setLockedStringIndex(2);
-  world.preferences->writes.clear();
-  engine->setTuningID("g6-standard");
-  EXPECT_THAT(world.preferences->writes, oneSave());
+  const auto watch = engine->observe([this](Field field) {
+    if (field != Field::lockedStringIndex) return;
+    EXPECT_THAT(world.preferences->writes, oneSave) << "saved before the lock is cleared";
+  });
+  EXPECT_THAT(savedBy([this] { engine->setTuningID("g6-standard"); }), oneSave);
   EXPECT_EQ(engine->lockedStringIndex(), std::nullopt);
 }
 
-TEST_F(Settings, AHighlightThatTheNewTuningHasNoStringForIsDropped) {
+TEST_F(Settings, AHighlightWithoutAStringIsDropped) {
   hear(off(64, 0.0));
-  ASSERT_THAT(engine->highlightedString(), Optional(5));
   engine->setTuningID("g6-dropd");
   EXPECT_THAT(engine->highlightedString(), Optional(5));
   engine->setInstrument(Instrument::bass);
   EXPECT_EQ(engine->highlightedString(), std::nullopt);
-  engine->playReference();
-  EXPECT_TRUE(engine->playingReference());
-}
 
-TEST_F(Settings,
-       AHighlightThatTheNewInstrumentHasNoStringForIsDroppedThoughItsTuningWasNamedBefore) {
-  engine->setTuningID("b5-standard");  // which the guitar lacks, so it shows its first tuning
-  hear(329.63);
+  // The guitar lacks this one and shows its first, with a string that the bass then lacks.
+  engine->setInstrument(Instrument::guitar);
+  engine->setTuningID("b5-standard");
+  EXPECT_EQ(engine->tuning().id, "g6-standard");
+  hear(off(64, 0.0));
   ASSERT_THAT(engine->highlightedString(), Optional(5));
   engine->setInstrument(Instrument::bass);
   EXPECT_EQ(engine->highlightedString(), std::nullopt);
@@ -186,23 +175,15 @@ TEST_F(Settings,
   EXPECT_EQ(world.output->played.size(), 1U);
 }
 
-TEST_F(Settings, AnUnknownTuningReadsAsTheInstrumentsFirst) {
-  engine->setTuningID("b4-standard");
-  EXPECT_EQ(engine->tuning().id, "g6-standard");
-}
-
-TEST_F(Settings, LeftHandedIsSavedAndLeavesTheLockAlone) {
-  engine->setLockedStringIndex(2);
-  engine->setLeftHanded(true);
+TEST_F(Settings, LeftHandedIsSavedAndKeepsTheLockWhichIsNot) {
+  EXPECT_THAT(savedBy([this] {
+                EXPECT_THAT(published([this] { engine->setLockedStringIndex(2); }),
+                            ElementsAre(Field::lockedStringIndex));
+              }),
+              ElementsAre());
+  EXPECT_THAT(savedBy([this] { engine->setLeftHanded(true); }), oneSave);
   EXPECT_EQ(stored("tuner.left"), Value(true));
   EXPECT_THAT(engine->lockedStringIndex(), Optional(2));
-}
-
-TEST_F(Settings, LockingAStringSavesNothing) {
-  world.preferences->writes.clear();
-  EXPECT_THAT(published([this] { engine->setLockedStringIndex(1); }),
-              ElementsAre(Field::lockedStringIndex));
-  EXPECT_TRUE(world.preferences->writes.empty());
 }
 
 TEST_F(Settings, CreatingAnEngineStartsNothing) {
@@ -213,9 +194,11 @@ TEST_F(Settings, CreatingAnEngineStartsNothing) {
 
 using SettingsDeathTest = Settings;
 
-TEST_F(SettingsDeathTest, MeasuringAgainstALockedStringOutsideTheTuningStopsTheProgram) {
+TEST_F(SettingsDeathTest, ALockedStringOutsideTheTuningStopsTheProgram) {
   engine->setLockedStringIndex(6);
   EXPECT_DEATH(hear(110.0), "a chosen string lies in the current tuning");
+  engine->setLockedStringIndex(-1);
+  EXPECT_DEATH(engine->playReference(), "a chosen string lies in the current tuning");
 }
 
 }  // namespace
