@@ -1,50 +1,68 @@
-// A program of its own, so that nothing has used the tables before.
+// What happens at the first use of a table is seen in a process that has used none before: each
+// test here runs in one of its own.
+
 #include <gtest/gtest.h>
 
 #include <latch>
 #include <thread>
 
+#include "tests/support/allocation_count.h"
 #include "tunings/tuning_library.h"
 
 namespace corvane {
 namespace {
 
-/// What one thread saw of the three tables the moment it first asked for them.
-struct Seen {
-  const void* rows[3];
-  std::size_t sizes[3];
-  std::string lastId;
+class TuningLibraryFirstUseDeathTest : public testing::Test {
+ protected:
+  TuningLibraryFirstUseDeathTest() { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
 };
 
-Seen look() {
-  const auto& guitar = TuningLibrary::guitar();
-  const auto& bass = TuningLibrary::bass();
-  const auto& piano = TuningLibrary::piano();
-  return {{guitar.data(), bass.data(), piano.data()},
-          {guitar.size(), bass.size(), piano.size()},
-          guitar.back().id};
+[[noreturn]] void finish(bool asExpected) {
+  std::exit(asExpected ? 0 : 1);
 }
 
-TEST(TuningLibraryFirstUse, ByManyThreadsAtOnceShowsEachTheSameFinishedTables) {
-  constexpr std::size_t count = 16;
-  constexpr std::size_t sizes[] = {23, 9, 1};
-  std::latch start(count);
-  std::vector<Seen> seen(count);
-  std::vector<std::thread> threads;
-  for (Seen& mine : seen) {
-    threads.emplace_back([&] {
-      start.arrive_and_wait();
-      mine = look();
-    });
+/// Whether the first use of each table, in this order, builds it and the second nothing.
+bool eachIsBuiltAtItsFirstUse(std::initializer_list<Instrument> order) {
+  for (const Instrument instrument : order) {
+    const std::size_t before = allocationsOfThisThread();
+    TuningLibrary::tunings(instrument);
+    const std::size_t built = allocationsOfThisThread();
+    TuningLibrary::tunings(instrument);
+    if (built == before || allocationsOfThisThread() != built) return false;
   }
-  for (std::thread& thread : threads) thread.join();
-  for (const Seen& each : seen) {
-    for (std::size_t table = 0; table < 3; ++table) {
-      EXPECT_EQ(each.rows[table], seen[0].rows[table]);
-      EXPECT_EQ(each.sizes[table], sizes[table]);
+  return true;
+}
+
+TEST_F(TuningLibraryFirstUseDeathTest, OfOneTableNeverBuildsTheOthers) {
+  using enum Instrument;
+  const auto succeeds = testing::ExitedWithCode(0);
+  EXPECT_EXIT(finish(eachIsBuiltAtItsFirstUse({guitar, bass, piano})), succeeds, "");
+  EXPECT_EXIT(finish(eachIsBuiltAtItsFirstUse({piano, bass, guitar})), succeeds, "");
+}
+
+using Tables = std::array<std::vector<Tuning>, 3>;
+
+Tables copyTables() {
+  return {TuningLibrary::guitar(), TuningLibrary::bass(), TuningLibrary::piano()};
+}
+
+bool manyThreadsSeeTheSameTables() {
+  std::latch start(16);
+  std::vector<Tables> seen(16);
+  {
+    std::vector<std::jthread> threads;
+    for (Tables& mine : seen) {
+      threads.emplace_back([&] {
+        start.arrive_and_wait();
+        mine = copyTables();
+      });
     }
-    EXPECT_EQ(each.lastId, "g12-standard");
   }
+  return seen == std::vector(16, copyTables());
+}
+
+TEST_F(TuningLibraryFirstUseDeathTest, ByManyThreadsAtOnceShowsEachTheSameTables) {
+  EXPECT_EXIT(finish(manyThreadsSeeTheSameTables()), testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

@@ -2,57 +2,95 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+#include <set>
+
+#include "tunings/table.h"
+
+namespace corvane::TuningLibrary {
 namespace {
 
+TEST(MakeTable, NumbersTheStringsAndTakesTheLabelsForTheDetail) {
+  const std::vector<Tuning> table = makeTable({{"id", "Name", "Group", {40, 45}, "E A♯"},
+                                               {"other", "Name", "Group", {40}, "E", "In words"}});
+  EXPECT_EQ(table, (std::vector<Tuning>{
+                       {"id", "Name", "Group", "E A♯", {{0, 40, "E"}, {1, 45, "A♯"}}},
+                       {"other", "Name", "Group", "In words", {{0, 40, "E"}}},
+                   }));
+}
+
+TEST(MakeTableDeathTest, MoreLabelsThanPitchesStopTheProgram) {
+  EXPECT_DEATH(makeTable({{"id", "Name", "Group", {40}, "E A"}}), "broken invariant");
+}
+
 TEST(TuningLibrary, EachInstrumentHasItsOwnTable) {
-  EXPECT_EQ(&TuningLibrary::tunings(Instrument::guitar), &TuningLibrary::guitar());
-  EXPECT_EQ(&TuningLibrary::tunings(Instrument::bass), &TuningLibrary::bass());
-  EXPECT_EQ(&TuningLibrary::tunings(Instrument::piano), &TuningLibrary::piano());
+  EXPECT_EQ(&tunings(Instrument::guitar), &guitar());
+  EXPECT_EQ(&tunings(Instrument::bass), &bass());
+  EXPECT_EQ(&tunings(Instrument::piano), &piano());
 }
 
-TEST(TuningLibrary, ATableIsBuiltOnce) {
-  const Tuning* first = TuningLibrary::guitar().data();
-  EXPECT_EQ(TuningLibrary::guitar().data(), first);
-}
-
-TEST(TuningLibrary, ResolvesEveryIdOfAnInstrumentToItsRow) {
+TEST(TuningLibrary, IdsAreDistinctAndResolveToTheirRow) {
+  std::set<std::string> ids;
   for (const Instrument instrument : allInstruments) {
-    for (const Tuning& row : TuningLibrary::tunings(instrument)) {
-      EXPECT_EQ(&TuningLibrary::resolve(instrument, row.id), &row) << row.id;
-      EXPECT_EQ(TuningLibrary::find(instrument, row.id), &row) << row.id;
+    for (const Tuning& row : tunings(instrument)) {
+      EXPECT_TRUE(ids.insert(row.id).second) << row.id;
+      EXPECT_EQ(&resolve(instrument, row.id), &row) << row.id;
+      EXPECT_EQ(find(instrument, row.id), &row) << row.id;
+    }
+  }
+  EXPECT_EQ(ids.size(), 33U);
+}
+
+TEST(TuningLibrary, StringsAscendInPitchAndAreNumberedFromZero) {
+  for (const Instrument instrument : allInstruments) {
+    for (const Tuning& tuning : tunings(instrument)) {
+      for (std::size_t i = 0; i < tuning.strings.size(); ++i) {
+        const GuitarString& string = tuning.strings[i];
+        EXPECT_EQ(string.index, static_cast<std::int64_t>(i)) << tuning.id;
+        EXPECT_EQ(string.id(), string.index);
+        EXPECT_TRUE(i == 0 || tuning.strings[i - 1].midi < string.midi) << tuning.id;
+      }
     }
   }
 }
 
-TEST(TuningLibrary, DropDIsFoundForTheGuitar) {
-  const Tuning& dropD = TuningLibrary::resolve(Instrument::guitar, "g6-dropd");
-  EXPECT_EQ(dropD.id, "g6-dropd");
-  EXPECT_EQ(dropD.name, "Drop D");
+TEST(TuningLibrary, DropDIsFoundForTheGuitarAndNotForTheBass) {
+  EXPECT_EQ(resolve(Instrument::guitar, "g6-dropd").name, "Drop D");
+  EXPECT_EQ(resolve(Instrument::bass, "g6-dropd").id, "b4-standard");
+  EXPECT_EQ(find(Instrument::bass, "g6-dropd"), nullptr);
 }
 
-TEST(TuningLibrary, AnIdOfAnotherInstrumentGivesTheDefaultAndNeverTheForeignRow) {
-  EXPECT_EQ(TuningLibrary::resolve(Instrument::bass, "g6-dropd").id, "b4-standard");
-  EXPECT_EQ(TuningLibrary::resolve(Instrument::guitar, "b5-standard").id, "g6-standard");
-  EXPECT_EQ(TuningLibrary::resolve(Instrument::guitar, "piano-chromatic").id, "g6-standard");
-  EXPECT_EQ(TuningLibrary::find(Instrument::bass, "g6-dropd"), nullptr);
-}
-
-TEST(TuningLibrary, AnEmptyIdGivesTheDefault) {
-  EXPECT_EQ(TuningLibrary::resolve(Instrument::piano, "").id, "piano-chromatic");
-  EXPECT_EQ(TuningLibrary::resolve(Instrument::guitar, "").id, "g6-standard");
-  EXPECT_EQ(TuningLibrary::resolve(Instrument::bass, "").id, "b4-standard");
-  EXPECT_EQ(TuningLibrary::find(Instrument::piano, ""), nullptr);
-}
-
-TEST(TuningLibrary, AnIdMustMatchExactly) {
-  for (const char* id : {"G6-dropd", "g6-dropD", "g6-drop", "g6-dropd ", " g6-dropd", "Drop D"}) {
-    EXPECT_EQ(TuningLibrary::find(Instrument::guitar, id), nullptr) << id;
-    EXPECT_EQ(TuningLibrary::resolve(Instrument::guitar, id).id, "g6-standard") << id;
+TEST(TuningLibrary, AnEmptyOrForeignIdGivesTheDefault) {
+  struct Default {
+    Instrument instrument;
+    const char* id;
+  };
+  for (const auto& [instrument, id] :
+       {Default{Instrument::guitar, "g6-standard"}, Default{Instrument::bass, "b4-standard"},
+        Default{Instrument::piano, "piano-chromatic"}}) {
+    for (const char* unknown : {"", "G6-dropd", "g6-dropD", "g6-drop", "g6-dropd ", "Drop D"}) {
+      EXPECT_EQ(find(instrument, unknown), nullptr) << unknown;
+      EXPECT_EQ(resolve(instrument, unknown).id, id) << unknown;
+    }
   }
-  const std::string_view withNul("g6-dropd\0", 9);
-  EXPECT_EQ(TuningLibrary::find(Instrument::guitar, withNul), nullptr);
+  EXPECT_EQ(find(Instrument::guitar, std::string_view("g6-dropd\0", 9)), nullptr);
+}
+
+TEST(Tuning, IsEqualWhenAllFieldsAre) {
+  const GuitarString string{1, 45, "A"};
+  EXPECT_EQ(string, (GuitarString{1, 45, "A"}));
+  for (const GuitarString& other : {GuitarString{2, 45, "A"}, {1, 46, "A"}, {1, 45, "B"}}) {
+    EXPECT_NE(string, other);
+  }
+  const Tuning tuning{"id", "name", "group", "detail", {string}};
+  EXPECT_EQ(tuning, (Tuning{"id", "name", "group", "detail", {string}}));
+  for (const Tuning& other : {Tuning{"ID", "name", "group", "detail", {string}},
+                              {"id", "Name", "group", "detail", {string}},
+                              {"id", "name", "Group", "detail", {string}},
+                              {"id", "name", "group", "Detail", {string}},
+                              {"id", "name", "group", "detail", {}}}) {
+    EXPECT_NE(tuning, other);
+  }
 }
 
 }  // namespace
-}  // namespace corvane
+}  // namespace corvane::TuningLibrary
