@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "pitch/tests/readings.h"
+#include "pitch/pitch_detector.h"
 #include "tests/support/signals.h"
 
 namespace corvane::PitchDetector {
@@ -28,51 +28,50 @@ TEST(PitchDetectorLags, ThreeLagsOnAStraightLineGiveTheIntegerLag) {
   EXPECT_EQ(found(detect(click, 48000.0, 100.0, 4800.0, aboveOne)), 48000.0 / 10.0);
 }
 
-TEST(PitchDetectorLags, TheShortestLagIsTheQuotientRoundedDown) {
-  // 48000 / 475.2 is 101.01 and 48000 / 475.3 is 100.99.
-  EXPECT_EQ(found(detect(click, 48000.0, 100.0, 475.2, aboveOne)), 48000.0 / 101.0);
-  EXPECT_EQ(found(detect(click, 48000.0, 100.0, 475.3, aboveOne)), 48000.0 / 100.0);
-}
-
-TEST(PitchDetectorLags, TheShortestLagIsAtLeastTwo) {
-  EXPECT_EQ(found(detect(click, 48000.0, 100.0, 48000.0, aboveOne)), 24000.0);
-  EXPECT_EQ(found(detect(click, 48000.0, 100.0, 1e300, aboveOne)), 24000.0);
-}
-
-TEST(PitchDetectorLags, ALagMustLieBelowTheThresholdAndNotOnIt) {
-  EXPECT_FALSE(detect(click, 48000.0, 100.0, 4800.0, 1.0));
-  EXPECT_TRUE(detect(click, 48000.0, 100.0, 4800.0, std::nextafter(1.0, 2.0)));
-}
-
-TEST(PitchDetectorLags, AThresholdThatIsNotANumberAcceptsNothing) {
-  EXPECT_FALSE(detect(click, 48000.0, 100.0, 4800.0, nan));
-}
-
-TEST(PitchDetectorLags, EqualNeighboursStopTheDescent) {
+TEST(PitchDetectorLags, AreSearchedUpwardsForTheFirstBelowTheThreshold) {
+  struct Row {
+    const char* name;
+    const signals::Samples& samples;
+    double minFrequency;
+    double maxFrequency;
+    double threshold;
+    double lag;  ///< of the frequency found at 48 kHz, or 0 for none
+  };
+  const signals::Samples period201 = signals::periodicNoise(201, 1024, 3);
+  const signals::Samples slowSine = signals::sine(100.0, 48000.0, 2048);
   // A second click makes lag 20 a dip, but every lag before it is exactly 1.
   signals::Samples clicks = click;
   clicks[20] = 1.0F;
-  EXPECT_NEAR(found(detect(clicks, 48000.0, 100.0, 4800.0, 0.9)), 48000.0 / 20.0, 60.0);
-  EXPECT_EQ(found(detect(clicks, 48000.0, 100.0, 4800.0, aboveOne)), 48000.0 / 10.0);
+  const Row rows[] = {
+      // 48000 / 475.2 is 101.01 and 48000 / 475.3 is 100.99.
+      {"the shortest is rounded down", click, 100.0, 475.2, aboveOne, 101.0},
+      {"and down again", click, 100.0, 475.3, aboveOne, 100.0},
+      {"the shortest is at least 2", click, 100.0, 48000.0, aboveOne, 2.0},
+      {"however high the bound", click, 100.0, 1e300, aboveOne, 2.0},
+      {"the longest is a whole number", period201, 240.0, 4300.0, 0.15, 0.0},
+      {"or rounded up", period201, std::nextafter(240.0, 0.0), 4300.0, 0.15, 201.0},
+      {"10 and 11 are too few", click, 4400.0, 4800.0, aboveOne, 0.0},
+      {"10, 11 and 12 are enough", click, 4100.0, 4800.0, aboveOne, 10.0},
+      {"bounds the wrong way round", click, 4800.0, 100.0, aboveOne, 0.0},
+      {"on the threshold", click, 100.0, 4800.0, 1.0, 0.0},
+      {"just below the threshold", click, 100.0, 4800.0, std::nextafter(1.0, 2.0), 10.0},
+      {"a threshold that is no number", click, 100.0, 4800.0, nan, 0.0},
+      {"equal neighbours stop the descent", clicks, 100.0, 4800.0, aboveOne, 10.0},
+      // The dip of 100 Hz is at lag 480; the longest lag, 462, lies on the slope before it.
+      {"the descent ends at the longest", slowSine, 104.0, 4300.0, 0.15, 462.0},
+  };
+  for (const Row& row : rows) {
+    const auto reading =
+        detect(row.samples, 48000.0, row.minFrequency, row.maxFrequency, row.threshold);
+    EXPECT_EQ(found(reading), row.lag == 0.0 ? 0.0 : 48000.0 / row.lag) << row.name;
+  }
 }
 
-TEST(PitchDetectorLags, ConfidenceIsNeverBelowZero) {
-  // A slow sine: the first lags differ by more and more, far above the average of those before.
-  const auto reading =
-      detect(signals::sine(200.0, 48000.0, 1024), 48000.0, 100.0, 48000.0, infinity);
-  ASSERT_TRUE(reading);
-  EXPECT_EQ(reading->confidence, 0.0);
-  EXPECT_FALSE(std::signbit(reading->confidence));
-}
-
-TEST(PitchDetectorLags, FewerThanThreeLagsGiveNothing) {
-  // The shortest lag is 10; the longest is 11 at 4400 Hz and 12 at 4100 Hz.
-  EXPECT_FALSE(detect(click, 48000.0, 4400.0, 4800.0, aboveOne));
-  EXPECT_TRUE(detect(click, 48000.0, 4100.0, 4800.0, aboveOne));
-}
-
-TEST(PitchDetectorLags, BoundsTheWrongWayRoundGiveNothing) {
-  EXPECT_FALSE(detect(click, 48000.0, 4800.0, 100.0, aboveOne));
+TEST(PitchDetectorLags, ADipAboveTheThresholdIsNotTakenForWantOfABetterOne) {
+  const signals::Samples samples =
+      signals::sum(signals::sine(440.0, 48000.0, 8192), signals::noise(8192, 6, 1.0));
+  EXPECT_FALSE(detect(samples, 48000.0, 27.0, 4300.0, 0.15));
+  EXPECT_TRUE(detect(samples, 48000.0, 27.0, 4300.0, 0.9));
 }
 
 TEST(PitchDetectorLags, ADipAtTheLongestLagIsNotRefined) {
@@ -82,24 +81,21 @@ TEST(PitchDetectorLags, ADipAtTheLongestLagIsNotRefined) {
   EXPECT_EQ(reading->confidence, 1.0);
 }
 
-TEST(PitchDetectorLags, TheLongestLagIsTheQuotientRoundedUp) {
-  const signals::Samples samples = signals::periodicNoise(201, 1024, 3);
-  EXPECT_FALSE(detect(samples, 48000.0, 240.0, 4300.0, 0.15));
-  EXPECT_EQ(found(detect(samples, 48000.0, std::nextafter(240.0, 0.0), 4300.0, 0.15)),
-            48000.0 / 201.0);
+TEST(PitchDetectorLags, ADipAtTheLastLagButOneIsRefined) {
+  // The period of 199.7 samples lies nearest to lag 199 or 200; the longest lag is 201, then 200.
+  const signals::Samples samples = signals::sine(48000.0 / 199.7, 48000.0, 2048);
+  const double refined = found(detect(samples, 48000.0, 48000.0 / 201.0, 4300.0, 0.15));
+  EXPECT_NEAR(refined, 48000.0 / 199.7, 0.05);
+  EXPECT_EQ(found(detect(samples, 48000.0, 48000.0 / 200.0, 4300.0, 0.15)), 48000.0 / 200.0);
 }
 
-TEST(PitchDetectorLags, TheDescentEndsAtTheLongestLag) {
-  // The dip of 100 Hz is at lag 480; the longest lag, 462, lies on the slope before it.
-  const auto reading = detect(signals::sine(100.0, 48000.0, 2048), 48000.0, 104.0, 4300.0, 0.15);
-  EXPECT_EQ(found(reading), 48000.0 / 462.0);
-}
-
-TEST(PitchDetectorLags, ADipAboveTheThresholdIsNotTakenForWantOfABetterOne) {
-  const signals::Samples samples =
-      signals::sum(signals::sine(440.0, 48000.0, 8192), signals::noise(8192, 6, 1.0));
-  EXPECT_FALSE(detect(samples, 48000.0, 27.0, 4300.0, 0.15));
-  EXPECT_TRUE(detect(samples, 48000.0, 27.0, 4300.0, 0.9));
+TEST(PitchDetectorLags, ConfidenceIsNeverBelowZero) {
+  // A slow sine: the first lags differ by more and more, far above the average of those before.
+  const auto reading =
+      detect(signals::sine(200.0, 48000.0, 1024), 48000.0, 100.0, 48000.0, infinity);
+  ASSERT_TRUE(reading);
+  EXPECT_EQ(reading->confidence, 0.0);
+  EXPECT_FALSE(std::signbit(reading->confidence));
 }
 
 TEST(PitchDetectorBand, ReachesDownToNineTenthsOfTheLowerBoundInclusive) {
@@ -123,29 +119,23 @@ TEST(PitchDetectorBand, ReachesUpToOneTwentiethAboveTheUpperBoundInclusive) {
   EXPECT_FALSE(detect(samples, 48000.0, 100.0, std::nextafter(bound, 0.0), 0.15));
 }
 
-class BrokenBound : public testing::TestWithParam<double> {};
-using BrokenBoundDeathTest = BrokenBound;
+constexpr double brokenBounds[] = {0.0, -0.0, -27.0, nan, infinity, -infinity};
 
-TEST_P(BrokenBoundDeathTest, StopsTheProgram) {
-  EXPECT_DEATH(detect(click, 48000.0, GetParam(), 4800.0, 0.15), "broken invariant");
-  EXPECT_DEATH(detect(click, 48000.0, 100.0, GetParam(), 0.15), "broken invariant");
-}
-
-TEST_P(BrokenBound, DoesNotMatterForABlockThatIsRejectedBeforeTheBoundsAreUsed) {
-  const signals::Samples tooShort = signals::noise(1023, 8);
-  const signals::Samples tooQuiet = signals::constant(0.0F, 1024);
-  EXPECT_FALSE(detect(tooShort, 48000.0, GetParam(), GetParam(), 0.15));
-  EXPECT_FALSE(detect(tooQuiet, 48000.0, GetParam(), GetParam(), 0.15));
-  EXPECT_FALSE(detect(click, 8000.0, GetParam(), GetParam(), 0.15));
-}
-
-const auto brokenBounds = testing::Values(0.0, -0.0, -27.0, nan, infinity, -infinity);
-INSTANTIATE_TEST_SUITE_P(Bounds, BrokenBound, brokenBounds);
-INSTANTIATE_TEST_SUITE_P(Bounds, BrokenBoundDeathTest, brokenBounds);
-
-TEST(PitchDetectorDeathTest, ALagBeyondAnyIntegerStopsTheProgram) {
+TEST(PitchDetectorDeathTest, ABrokenBoundOrALagBeyondAnyIntegerStopsTheProgram) {
+  for (const double bound : brokenBounds) {
+    EXPECT_DEATH(detect(click, 48000.0, bound, 4800.0, 0.15), "broken invariant") << bound;
+    EXPECT_DEATH(detect(click, 48000.0, 100.0, bound, 0.15), "broken invariant") << bound;
+  }
   EXPECT_DEATH(detect(click, infinity, 100.0, 4800.0, 0.15), "broken invariant");
   EXPECT_DEATH(detect(click, 48000.0, 1e-300, 4800.0, 0.15), "broken invariant");
+}
+
+TEST(PitchDetectorLags, ABlockRejectedBeforeMayHaveBrokenBounds) {
+  for (const double bound : brokenBounds) {
+    EXPECT_FALSE(detect(signals::noise(1023, 8), 48000.0, bound, bound, 0.15)) << bound;
+    EXPECT_FALSE(detect(signals::constant(0.0F, 1024), 48000.0, bound, bound, 0.15)) << bound;
+    EXPECT_FALSE(detect(click, 8000.0, bound, bound, 0.15)) << bound;
+  }
 }
 
 }  // namespace

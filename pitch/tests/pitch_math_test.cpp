@@ -1,9 +1,13 @@
 #include "pitch/pitch_math.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+#include <rapidcheck.h>
+#include <rapidcheck/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <limits>
+#include <unordered_set>
 
 namespace corvane::PitchMath {
 namespace {
@@ -13,73 +17,101 @@ constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 constexpr double smallest = std::numeric_limits<double>::denorm_min();
 constexpr double largest = std::numeric_limits<double>::max();
 
-struct Worked {
-  double frequency;
-  double a4;
-  const char* name;
-  std::int64_t octave;
-  std::int64_t midi;
-  double cents;
-  double tolerance;  ///< half a unit of the last digit that `cents` is written with
-};
-
-class WorkedValue : public testing::TestWithParam<Worked> {};
-
-TEST_P(WorkedValue, IsDescribedAsWorkedOutByHand) {
-  const Worked& expected = GetParam();
-  const auto note = describe(expected.frequency, expected.a4);
-  ASSERT_TRUE(note);
-  EXPECT_EQ(note->name, expected.name);
-  EXPECT_EQ(note->octave, expected.octave);
-  EXPECT_EQ(note->midi, expected.midi);
-  EXPECT_NEAR(note->cents, expected.cents, expected.tolerance);
+TEST(SharpNames, AreTheTwelvePitchClassesFromCUpwards) {
+  EXPECT_THAT(sharpNames, testing::ElementsAre("C", "C♯", "D", "D♯", "E", "F", "F♯", "G", "G♯", "A",
+                                               "A♯", "B"));
+  EXPECT_EQ(sharpNames[1], "C\xE2\x99\xAF") << "the sharp is U+266F in UTF-8";
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    At440And415, WorkedValue,
-    testing::Values(Worked{440.0, 440.0, "A", 4, 69, 0.0, 0.0},
-                    Worked{82.41, 440.0, "E", 2, 40, 0.065, 0.0005},
-                    Worked{27.5, 440.0, "A", 0, 21, 0.0, 0.0},
-                    // C8 is 4186.00904 Hz, so the four thousandths are 0.0004 cents.
-                    Worked{4186.01, 440.0, "C", 8, 108, 0.0004, 0.00005},
-                    Worked{445.0, 440.0, "A", 4, 69, 19.56, 0.005},
-                    Worked{466.16, 440.0, "A♯", 4, 70, -0.014, 0.0005},
-                    Worked{440.0, 415.0, "A♯", 4, 70, 1.27, 0.005}));
-
-TEST(PitchMath, AFrequencyOfZeroOrLessIsNoNote) {
-  EXPECT_FALSE(describe(0.0, 440.0));
-  EXPECT_FALSE(describe(-0.0, 440.0));
-  EXPECT_FALSE(describe(-1.0, 440.0));
-  EXPECT_FALSE(describe(-infinity, 440.0));
+TEST(ConcertPitches, AreTheElevenPresetsInTheOrderOfTheMenu) {
+  EXPECT_THAT(
+      concertPitches,
+      testing::ElementsAre(ConcertPitch{377, "Low historical"}, ConcertPitch{392, "French Baroque"},
+                           ConcertPitch{415, "Baroque"}, ConcertPitch{422, "Handel, Mozart era"},
+                           ConcertPitch{430, "Classical"}, ConcertPitch{432, ""},
+                           ConcertPitch{435, "French 1859"}, ConcertPitch{440, "Modern"},
+                           ConcertPitch{442, "Orchestra"}, ConcertPitch{466, "High choir"},
+                           ConcertPitch{560, "High historical"}));
 }
 
-TEST(PitchMath, AConcertPitchOfZeroOrLessIsNoNote) {
-  EXPECT_FALSE(describe(440.0, 0.0));
-  EXPECT_FALSE(describe(440.0, -440.0));
-  EXPECT_FALSE(describe(-440.0, -440.0)) << "although their ratio is one";
+TEST(ConcertPitch, TitleIsTheNumberTwoSpacesAndTheNameIfAny) {
+  for (const ConcertPitch& pitch : concertPitches) {
+    const std::string number = std::to_string(pitch.hertz);
+    EXPECT_EQ(pitch.title(), pitch.hertz == 432 ? "432" : number + "  " + std::string(pitch.name));
+  }
+  EXPECT_EQ((ConcertPitch{440, "Modern"}).title(), "440  Modern");
+  EXPECT_EQ((ConcertPitch{1234567, "Bats"}).title(), "1234567  Bats") << "without grouping";
 }
 
-TEST(PitchMath, WhatIsNotANumberOrNotFiniteIsNoNote) {
-  EXPECT_FALSE(describe(nan, 440.0));
-  EXPECT_FALSE(describe(440.0, nan));
-  EXPECT_FALSE(describe(infinity, 440.0));
-  EXPECT_FALSE(describe(440.0, infinity));
-  EXPECT_FALSE(describe(infinity, infinity));
+TEST(ConcertPitch, IsIdentifiedByItsFrequency) {
+  std::unordered_set<std::int64_t> ids;
+  for (const ConcertPitch& pitch : concertPitches) {
+    EXPECT_EQ(pitch.id(), pitch.hertz);
+    EXPECT_TRUE(ids.insert(pitch.id()).second) << pitch.hertz;
+  }
+}
+
+TEST(ConcertPitch, EqualityAndHashTakeFrequencyAndName) {
+  const std::hash<ConcertPitch> hash;
+  const ConcertPitch modern{440, "Modern"};
+  const ConcertPitch copy{440, std::string_view("Modern, really").substr(0, 6)};
+  EXPECT_EQ(modern, copy);
+  EXPECT_EQ(hash(modern), hash(copy));
+  for (const ConcertPitch& other : {ConcertPitch{441, "Modern"}, ConcertPitch{440, "modern"}}) {
+    EXPECT_NE(modern, other);
+    EXPECT_NE(hash(modern), hash(other));
+  }
+}
+
+TEST(PitchMath, DescribesWorkedValues) {
+  struct Worked {
+    double frequency;
+    double a4;
+    Note note;
+    double tolerance;  ///< half a unit of the last digit that the cents are written with
+  };
+  const Worked rows[] = {
+      {440.0, 440.0, {"A", 4, 69, 0.0}, 0.0},
+      {82.41, 440.0, {"E", 2, 40, 0.065}, 0.0005},
+      {27.5, 440.0, {"A", 0, 21, 0.0}, 0.0},
+      // C8 is 4186.00904 Hz, so the four thousandths are 0.0004 cents.
+      {4186.01, 440.0, {"C", 8, 108, 0.0004}, 0.00005},
+      {445.0, 440.0, {"A", 4, 69, 19.56}, 0.005},
+      {466.16, 440.0, {"A♯", 4, 70, -0.014}, 0.0005},
+      {440.0, 415.0, {"A♯", 4, 70, 1.27}, 0.005},
+      // MIDI -1 to -11 share octave -1 with MIDI 0 to 11: it is truncated toward zero. Between 64
+      // and 128 numbers are 2^-46 apart, 1.4e-12 cents: the tolerance is some of these steps.
+      {440.0 * std::exp2(-70.0 / 12.0), 440.0, {"B", -1, -1, 0.0}, 1e-11},
+      {440.0 * std::exp2(-81.0 / 12.0), 440.0, {"C", -2, -12, 0.0}, 1e-11},
+  };
+  for (const auto& [frequency, a4, expected, tolerance] : rows) {
+    SCOPED_TRACE(frequency);
+    const auto note = describe(frequency, a4);
+    ASSERT_TRUE(note);
+    EXPECT_EQ(note->name, expected.name);
+    EXPECT_EQ(note->octave, expected.octave);
+    EXPECT_EQ(note->midi, expected.midi);
+    EXPECT_NEAR(note->cents, expected.cents, tolerance);
+  }
+}
+
+TEST(PitchMath, ZeroOrLessIsNoNote) {
+  for (const double odd : {0.0, -0.0, -1.0, -440.0, -infinity, nan, infinity}) {
+    EXPECT_FALSE(describe(odd, 440.0)) << odd;
+    EXPECT_FALSE(describe(440.0, odd)) << odd;
+    EXPECT_FALSE(describe(odd, odd)) << odd;
+  }
 }
 
 TEST(PitchMath, ARatioThatOverflowsOrVanishesIsNoNote) {
   EXPECT_FALSE(describe(largest, 0.5));
   EXPECT_FALSE(describe(smallest, 4.0));
-}
-
-TEST(PitchMath, TheExtremeFiniteRatiosAreStillNotes) {
   // 2^1024 (less a rounding) and 2^-1074, in semitones from MIDI 69: 12 x 1024 + 69 and
   // 69 - 12 x 1074.
   const auto highest = describe(largest, 1.0);
-  ASSERT_TRUE(highest);
-  EXPECT_EQ(highest->midi, 12357);
   const auto lowest = describe(smallest, 1.0);
-  ASSERT_TRUE(lowest);
+  ASSERT_TRUE(highest && lowest);
+  EXPECT_EQ(highest->midi, 12357);
   EXPECT_EQ(lowest->midi, -12819);
 }
 
@@ -98,9 +130,9 @@ TEST(PitchMath, HalfASemitoneAboveA4IsTheNextNoteFiftyCentsFlat) {
   EXPECT_NEAR(std::abs(note->cents), 50.0, 3e-12);
 }
 
-/// The first frequency above `start` whose fractional MIDI number is exactly `midi`.
-double frequencyOfExactly(double midi, double start) {
-  double frequency = start;
+/// A frequency whose fractional MIDI number is exactly `midi`.
+double frequencyOfExactly(double midi) {
+  double frequency = 440.0 * std::exp2((midi - 69.0) / 12.0) * (1.0 - 2e-14);
   for (int steps = 0; steps < 1000; ++steps) {
     if (std::log2(frequency / 440.0) * 12.0 + 69.0 == midi) return frequency;
     frequency = std::nextafter(frequency, infinity);
@@ -108,45 +140,34 @@ double frequencyOfExactly(double midi, double start) {
   return nan;
 }
 
-/// A hundred representable frequencies below the one that lies `midi` - 69 semitones from 440 Hz.
-double justBelow(double midi) {
-  return 440.0 * std::exp2((midi - 69.0) / 12.0) * (1.0 - 2e-14);
-}
-
 TEST(PitchMath, ExactlyHalfASemitoneIsRoundedAwayFromZero) {
   // 69.5 and 70.5: rounding halves to even would put both at 70.
-  const double a = frequencyOfExactly(69.5, justBelow(69.5));
-  EXPECT_EQ(describe(a, 440.0), (Note{"A♯", 4, 70, -50.0})) << a;
-  const double aSharp = frequencyOfExactly(70.5, justBelow(70.5));
-  EXPECT_EQ(describe(aSharp, 440.0), (Note{"B", 4, 71, -50.0})) << aSharp;
+  EXPECT_EQ(describe(frequencyOfExactly(69.5), 440.0), (Note{"A♯", 4, 70, -50.0}));
+  EXPECT_EQ(describe(frequencyOfExactly(70.5), 440.0), (Note{"B", 4, 71, -50.0}));
+  EXPECT_EQ(describe(frequencyOfExactly(-0.5), 440.0), (Note{"B", -1, -1, 50.0}));
 }
 
-TEST(PitchMath, BelowMidiZeroHalvesAreRoundedDownwards) {
-  const double frequency = frequencyOfExactly(-0.5, justBelow(-0.5));
-  EXPECT_EQ(describe(frequency, 440.0), (Note{"B", -1, -1, 50.0})) << frequency;
+/// Any of 2^32 points from `low` up to, not including, `high`.
+double between(double low, double high) {
+  // At the full size from the start: small sizes would only give points close to `low`.
+  const auto step = *rc::gen::resize(rc::kNominalSize, rc::gen::arbitrary<std::uint32_t>());
+  return low + (high - low) * static_cast<double>(step) / 0x1p32;
 }
 
-TEST(PitchMath, BelowMidiZeroTheOctaveIsTruncatedTowardZero) {
-  // MIDI -1 to -11 share octave -1 with MIDI 0 to 11; floor division would say -2.
-  const auto lowB = describe(440.0 * std::exp2(-70.0 / 12.0), 440.0);
-  ASSERT_TRUE(lowB);
-  EXPECT_EQ(lowB->midi, -1);
-  EXPECT_EQ(lowB->name, "B");
-  EXPECT_EQ(lowB->octave, -1);
-  const auto lowC = describe(440.0 * std::exp2(-81.0 / 12.0), 440.0);
-  ASSERT_TRUE(lowC);
-  EXPECT_EQ(lowC->midi, -12);
-  EXPECT_EQ(lowC->name, "C");
-  EXPECT_EQ(lowC->octave, -2);
-}
-
-TEST(PitchMath, NotesAreEqualWhenAllFourFieldsAre) {
-  const Note note{"A", 4, 69, 0.5};
-  EXPECT_EQ(note, (Note{"A", 4, 69, 0.5}));
-  EXPECT_NE(note, (Note{"B", 4, 69, 0.5}));
-  EXPECT_NE(note, (Note{"A", 5, 69, 0.5}));
-  EXPECT_NE(note, (Note{"A", 4, 70, 0.5}));
-  EXPECT_NE(note, (Note{"A", 4, 69, std::nextafter(0.5, 1.0)}));
+RC_GTEST_PROP(PitchMathProperties, EveryNoteHasTheBitsOfTheFormula, ()) {
+  const double frequency = std::exp2(between(0.0, std::log2(20000.0)));
+  const double a4 = between(377.0, 560.0);
+  const double octaves = std::log2(frequency / a4);
+  const double fractionalMidi = octaves * 12.0 + 69.0;
+  const double nearest = std::round(fractionalMidi);
+  const auto midi = static_cast<std::int64_t>(nearest);
+  const auto note = describe(frequency, a4);
+  RC_ASSERT(note);
+  RC_ASSERT(note->midi == midi);
+  RC_ASSERT(note->cents == (fractionalMidi - nearest) * 100.0);
+  RC_ASSERT(-50.0 <= note->cents && note->cents <= 50.0);
+  RC_ASSERT(note->octave == midi / 12 - 1);
+  RC_ASSERT(note->name == sharpNames[static_cast<std::size_t>((midi + 120) % 12)]);
 }
 
 }  // namespace

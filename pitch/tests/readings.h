@@ -6,7 +6,6 @@
 #include <cmath>
 #include <cstdint>
 #include <iomanip>
-#include <limits>
 #include <optional>
 #include <sstream>
 #include <string>
@@ -14,6 +13,23 @@
 #include "pitch/pitch_detector.h"
 
 namespace corvane {
+
+/// The same bits, and a number.
+inline bool sameBits(double actual, double expected) {
+  return std::bit_cast<std::uint64_t>(actual) == std::bit_cast<std::uint64_t>(expected) &&
+         !std::isnan(actual);
+}
+
+/// Each value of the two the same to the last bit and none of them "not a number".
+inline testing::AssertionResult sameBits(std::span<const double> actual,
+                                         std::span<const double> expected) {
+  if (actual.size() != expected.size()) return testing::AssertionFailure() << actual.size();
+  for (std::size_t i = 0; i < actual.size(); ++i) {
+    if (sameBits(actual[i], expected[i])) continue;
+    return testing::AssertionFailure() << actual[i] << ", not " << expected[i] << ", at " << i;
+  }
+  return testing::AssertionSuccess();
+}
 
 inline std::string written(const std::optional<PitchDetector::Reading>& reading) {
   if (!reading) return "no pitch";
@@ -26,19 +42,17 @@ inline std::string written(const std::optional<PitchDetector::Reading>& reading)
 /// Every field the same to the last bit and none of them "not a number", or both absent.
 inline testing::AssertionResult sameBits(const std::optional<PitchDetector::Reading>& actual,
                                          const std::optional<PitchDetector::Reading>& expected) {
-  const auto bits = [](double value) { return std::bit_cast<std::uint64_t>(value); };
-  const auto same = [&](double a, double b) { return bits(a) == bits(b) && !std::isnan(a); };
-  const bool equal = actual && expected ? same(actual->frequency, expected->frequency) &&
-                                              same(actual->confidence, expected->confidence) &&
-                                              same(static_cast<double>(actual->rms),
-                                                   static_cast<double>(expected->rms))
+  const bool equal = actual && expected ? sameBits(actual->frequency, expected->frequency) &&
+                                              sameBits(actual->confidence, expected->confidence) &&
+                                              sameBits(static_cast<double>(actual->rms),
+                                                       static_cast<double>(expected->rms))
                                         : !actual && !expected;
   if (equal) return testing::AssertionSuccess();
-  return testing::AssertionFailure() << written(actual) << " instead of " << written(expected);
+  return testing::AssertionFailure() << written(actual) << ", not " << written(expected);
 }
 
 /// How far `actual` is above `expected`, both in Hz.
-inline double centsBetween(double actual, double expected) {
+inline double centsAbove(double actual, double expected) {
   return 1200.0 * std::log2(actual / expected);
 }
 

@@ -5,17 +5,18 @@
 namespace corvane::reference {
 namespace {
 
-std::vector<double> difference(const std::vector<float>& x, std::int64_t tauMax) {
-  const std::size_t window = x.size() / 2;
-  std::vector<double> d(static_cast<std::size_t>(tauMax) + 1);
-  d[0] = 0;
-  for (std::size_t tau = 1; tau < d.size(); tau++) {
-    d[tau] = 0;
+std::vector<double> difference(const std::vector<float>& samples, std::int64_t tauMax) {
+  const std::size_t window = samples.size() / 2;
+  const float* x = samples.data();
+  std::vector<double> d = {0};
+  for (std::int64_t tau = 1; tau <= tauMax; tau++) {
+    double sum = 0;
     for (std::size_t i = 0; i < window; i++) {
       const double left = static_cast<double>(x[i]);
-      const double right = static_cast<double>(x[i + tau]);
-      d[tau] += (left - right) * (left - right);
+      const double right = static_cast<double>(x[i + static_cast<std::size_t>(tau)]);
+      sum += (left - right) * (left - right);
     }
+    d.push_back(sum);
   }
   return d;
 }

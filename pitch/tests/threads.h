@@ -13,7 +13,7 @@ namespace corvane {
 
 /// Far longer than anything takes, even under a sanitizer on a busy machine: it only ends a test
 /// that would hang.
-constexpr std::chrono::seconds deadline{30};
+constexpr std::chrono::seconds deadline{60};
 
 /// Whether the condition comes true before the deadline.
 template <typename Condition>
@@ -71,28 +71,25 @@ class Door {
   Inbox<bool> opened;
 };
 
-/// The names of the threads that this program has at the moment.
-inline std::vector<std::string> threadNames() {
-  std::vector<std::string> names;
-  for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
-    std::string name;
-    if (std::getline(std::ifstream(task.path() / "comm"), name)) names.push_back(name);
-  }
-  return names;
-}
-
-inline std::size_t threadsNamed(const std::string& name) {
-  std::size_t count = 0;
-  for (const std::string& each : threadNames()) count += each == name ? 1U : 0U;
-  return count;
+inline std::string nameIn(const std::filesystem::path& task) {
+  std::string name;
+  std::getline(std::ifstream(task / "comm"), name);
+  return name;
 }
 
 /// The name of the calling thread.
 inline std::string threadName() {
-  std::string name;
-  std::ifstream comm("/proc/thread-self/comm");
-  std::getline(comm, name);
-  return name;
+  return nameIn("/proc/thread-self");
+}
+
+/// Whether it comes true that no thread of this program has the name.
+inline bool noThreadIsLeftNamed(const std::string& name) {
+  return eventually([&] {
+    for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
+      if (nameIn(task.path()) == name) return false;
+    }
+    return true;
+  });
 }
 
 }  // namespace corvane
