@@ -7,27 +7,15 @@
 namespace corvane {
 namespace {
 
-using Add = InPlaceFunction<int(int), 32>;
 using Task = InPlaceFunction<void(), 32>;
 
-TEST(InPlaceFunction, CallsWhatItHolds) {
-  const int base = 40;
-  const Add add = [&base](int more) { return base + more; };
-  EXPECT_EQ(add(2), 42);
-}
-
-TEST(InPlaceFunction, HandsOnReferencesAsReferences) {
-  const InPlaceFunction<void(int&), 8> increment = [](int& number) { ++number; };
-  int number = 1;
-  increment(number);
-  EXPECT_EQ(number, 2);
-}
-
-TEST(InPlaceFunction, HandsOnWhatCanOnlyBeMoved) {
-  const InPlaceFunction<int(std::unique_ptr<int>), 8> take = [](std::unique_ptr<int> owned) {
-    return *owned;
+TEST(InPlaceFunction, HandsOnReferencesAndWhatCanOnlyBeMoved) {
+  const InPlaceFunction<int(int&, std::unique_ptr<int>), 8> add = [](int& sum, auto owned) {
+    return sum += *owned;
   };
-  EXPECT_EQ(take(std::make_unique<int>(7)), 7);
+  int sum = 1;
+  EXPECT_EQ(add(sum, std::make_unique<int>(7)), 8);
+  EXPECT_EQ(sum, 8);
 }
 
 TEST(InPlaceFunction, IsEmptyUntilItIsGivenSomething) {
@@ -37,37 +25,29 @@ TEST(InPlaceFunction, IsEmptyUntilItIsGivenSomething) {
 }
 
 TEST(InPlaceFunction, ACopyHasAStateOfItsOwn) {
-  const Add first = [sum = 0](int more) mutable { return sum += more; };
+  const InPlaceFunction<int(int), 32> first = [sum = 0](int more) mutable { return sum += more; };
   EXPECT_EQ(first(1), 1);
-  const Add second = first;
+  const InPlaceFunction<int(int), 32> second = first;
   EXPECT_EQ(first(10), 11);
   EXPECT_EQ(second(100), 101);
 }
 
-TEST(InPlaceFunction, AMoveLeavesNothingBehind) {
-  const auto token = std::make_shared<int>(0);
-  Task first = [token] { ++*token; };
-  EXPECT_EQ(token.use_count(), 2);
-  const Task second = std::move(first);
-  EXPECT_EQ(token.use_count(), 2);
-  EXPECT_FALSE(first);
-  second();
-  EXPECT_EQ(*token, 1);
-}
-
-TEST(InPlaceFunction, GivesBackWhatItHoldsWhenItEndsOrIsGivenSomethingElse) {
+TEST(InPlaceFunction, GivesBackWhatItHoldsWhenItEndsMovesOrHoldsAnother) {
   const auto token = std::make_shared<int>(0);
   {
-    Task run = [token] {};
+    Task run = [token] { ++*token; };
     Task copy = run;
     EXPECT_EQ(token.use_count(), 3);
     copy = nullptr;
     EXPECT_EQ(token.use_count(), 2);
     run = [] {};
     EXPECT_EQ(token.use_count(), 1);
-    run = [token] {};
-    copy = run;
-    EXPECT_EQ(token.use_count(), 3);
+    run = [token] { ++*token; };
+    const Task moved = std::move(run);
+    EXPECT_FALSE(run);
+    EXPECT_EQ(token.use_count(), 2);
+    moved();
+    EXPECT_EQ(*token, 1);
   }
   EXPECT_EQ(token.use_count(), 1);
 }
@@ -87,11 +67,8 @@ TEST(InPlaceFunction, WhatItGivesBackMayUseIt) {
   Task task;
   bool sawTheNext = false;
   task = [last = std::shared_ptr<void>(nullptr, [&](void*) { sawTheNext = bool{task}; })] {};
-  int calls = 0;
-  task = [&calls] { ++calls; };
+  task = [] {};
   EXPECT_TRUE(sawTheNext);
-  task();
-  EXPECT_EQ(calls, 1);
 }
 
 TEST(InPlaceFunctionDeathTest, CallingAnEmptyOneStopsTheProgram) {

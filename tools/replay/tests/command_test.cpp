@@ -47,34 +47,23 @@ TEST_F(Command, PrintsALineABlock) {
   EXPECT_THAT(err, IsEmpty());
 }
 
-TEST_F(Command, AMissingFileGetsOneLine) {
-  run(recordings.path("none.wav"));
-  expectOneLine("No such file or directory");
-}
-
-TEST_F(Command, AFolderGetsOneLine) {
-  run(recordings.path(""));
-  expectOneLine("is a folder");
-}
-
-TEST_F(Command, ANameThatIsTooLongGetsOneLine) {
-  run(recordings.path(std::string(5000, 'x')));
-  expectOneLine("File name too long");
-}
-
-TEST_F(Command, AnEmptyFileGetsOneLine) {
-  run(recordings.writeBytes("a.wav", ""));
-  expectOneLine("is empty");
-}
-
-TEST_F(Command, ARecordingWithoutSamplesGetsOneLine) {
-  run(recordings.write("a.wav", 44100, {signals::Samples{}}));
-  expectOneLine("holds no sound");
-}
-
-TEST_F(Command, AFileThatIsNotAudioGetsOneLine) {
-  run(recordings.writeBytes("a.wav", "This is a letter to a friend."));
-  expectOneLine("is not a sound file");
+TEST_F(Command, AFileThatCannotBeReplayedGetsOneLine) {
+  struct Unusable {
+    std::string file;
+    const char* reason;
+  };
+  for (const auto& [file, reason] :
+       {Unusable{recordings.path("none.wav"), "No such file or directory"},
+        Unusable{recordings.path(""), "is a folder"},
+        Unusable{recordings.path(std::string(5000, 'x')), "File name too long"},
+        Unusable{recordings.writeBytes("empty.wav", ""), "is empty"},
+        Unusable{recordings.write("silent.wav", 44100, {signals::Samples{}}), "holds no sound"},
+        Unusable{recordings.writeBytes("letter.wav", "This is a letter to a friend."),
+                 "is not a sound file"}}) {
+    SCOPED_TRACE(reason);
+    run(file);
+    expectOneLine(reason);
+  }
 }
 
 TEST_F(Command, AFileCutShortGetsOneLine) {
@@ -96,19 +85,13 @@ TEST_F(Command, AFlacFileCutShortGetsOneLine) {
   EXPECT_THAT(err, HasSubstr("is cut short"));
 }
 
-TEST_F(Command, AWrongOptionGetsOneLineAndStatus2) {
+TEST_F(Command, StatusTellsAWrongOptionFromHelpAndAFullDisk) {
   run("--tempo 3");
   EXPECT_EQ(status, 2);
   EXPECT_EQ(std::count(err.begin(), err.end(), '\n'), 1);
-}
-
-TEST_F(Command, HelpTellsTheOptions) {
   run("--help");
   EXPECT_EQ(status, 0);
   EXPECT_THAT(out, HasSubstr("--string"));
-}
-
-TEST_F(Command, AFullDiskIsReported) {
   const auto file = recordings.write("a.wav", 44100, {signals::sine(110, 44100, 16384)});
   const int result = std::system((REPLAY_COMMAND " " + file + " >/dev/full 2>/dev/null").c_str());
   EXPECT_EQ(WEXITSTATUS(result), 1);
