@@ -2,9 +2,7 @@
 #include <array>
 #include <functional>
 
-#include "pitch/normalised_difference.h"
 #include "pitch/tests/capture_probe.h"
-#include "pitch/tests/difference_paths.h"
 #include "pitch/tests/threads.h"
 #include "tests/support/allocation_count.h"
 
@@ -121,22 +119,6 @@ TEST(PitchAllocation, ATapThatRunsAheadAllocatesNothingEither) {
   finish.open();
   detections->waitFor(2);
   EXPECT_EQ(detections->allocations[1], detections->allocations[0]);
-}
-
-TEST(PitchAllocation, ABlockAllocatesNothingOnceOneOfItsLengthWasThere) {
-  for (const DifferencePath& path : pathsOfThisMachine()) {
-    NormalisedDifference memory(path);
-    const auto allocations = [&memory](const signals::Samples& samples, double rate) {
-      const std::size_t before = allocationsOfThisThread();
-      PitchDetector::detect(samples, rate, 27.0, 4300.0, 0.15, memory);
-      return allocationsOfThisThread() - before;
-    };
-    EXPECT_GT(allocations(signals::constant(0.0F, 8192), 48000.0), 0U);
-    for (const double rate : {44100.0, 192000.0}) {
-      EXPECT_EQ(allocations(signals::noise(8192, 1), rate), 0U) << path.name;
-      EXPECT_EQ(allocations(signals::sine(440.0, rate, 4000), rate), 0U) << path.name;
-    }
-  }
 }
 
 }  // namespace

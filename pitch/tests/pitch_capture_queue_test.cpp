@@ -1,8 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "pitch/tests/capture_probe.h"
+#include "tests/support/fuzzer_inputs.h"
 
 namespace corvane {
 namespace {
@@ -95,56 +94,6 @@ TEST_F(PitchCaptureQueue, AJobOwnsItsCallbackUntilItIsDone) {
   EXPECT_TRUE(alive.expired());
 }
 
-/// What the capture is meant to do, with positions on the ramp instead of samples.
-struct Model {
-  std::size_t end = 0;    ///< of the ramp so far
-  std::size_t start = 0;  ///< of the samples that are kept
-  std::optional<std::size_t> pending;
-  double pendingRate = 0.0;
-  std::size_t jobs = 0;
-
-  void consume(std::size_t frames, double rate) {
-    for (end += frames; end - start >= blockSamples; start += hopSamples) {
-      pending = start;
-      pendingRate = rate;
-      jobs = 1;
-    }
-  }
-
-  void reset() {
-    start = end;
-    pending.reset();
-  }
-};
-
-TEST_F(PitchCaptureQueue, DoesWhatItsModelDoesInAnyOrderOfEvents) {
-  std::mt19937 random(1);
-  Model model;
-  for (int step = 0; step < 400; ++step) {
-    const std::size_t event = random() % 8;
-    if (event == 0) {
-      probe.capture->reset();
-      model.reset();
-    } else if (event < 3 && model.jobs == 1) {
-      const std::size_t before = analysed();
-      runTheJob();
-      model.jobs = 0;
-      ASSERT_EQ(analysed() - before, model.pending ? 1U : 0U);
-      if (model.pending) {
-        expectAnalysed(before + 1, *std::exchange(model.pending, {}));
-        EXPECT_EQ(probe.analysed.back().rate, model.pendingRate);
-      }
-    } else {
-      const std::size_t frames = random() % 9000;
-      const double rate = 44100.0 + static_cast<double>(random() % 100);
-      probe.consumeRamp(frames, rate);
-      model.consume(frames, rate);
-    }
-    ASSERT_EQ(waitingJobs(), model.jobs) << "step " << step;
-  }
-  EXPECT_GT(analysed(), 50U) << "or too little was tested";
-}
-
 TEST_F(PitchCaptureQueue, AResetLetsADetectionThatIsRunningEndAndFindNothingMore) {
   probe.answer = [&] {
     probe.consumeRamp(4096);
@@ -155,6 +104,10 @@ TEST_F(PitchCaptureQueue, AResetLetsADetectionThatIsRunningEndAndFindNothingMore
   runTheJob();
   expectAnalysed(1, 0);
   EXPECT_EQ(probe.readings[0]->frequency, 440.0);
+}
+
+TEST(PitchCaptureModel, IsFollowedWhateverBuffersResetsAndDetectionsCome) {
+  runFuzzer(20, 60);
 }
 
 }  // namespace

@@ -22,12 +22,6 @@ TEST(MakeTableDeathTest, MoreLabelsThanPitchesStopTheProgram) {
   EXPECT_DEATH(makeTable({{"id", "Name", "Group", {40}, "E A"}}), "broken invariant");
 }
 
-TEST(TuningLibrary, EachInstrumentHasItsOwnTable) {
-  EXPECT_EQ(&tunings(Instrument::guitar), &guitar());
-  EXPECT_EQ(&tunings(Instrument::bass), &bass());
-  EXPECT_EQ(&tunings(Instrument::piano), &piano());
-}
-
 TEST(TuningLibrary, IdsAreDistinctAndResolveToTheirRow) {
   std::set<std::string> ids;
   for (const Instrument instrument : allInstruments) {
@@ -73,23 +67,6 @@ TEST(TuningLibrary, AnEmptyOrForeignIdGivesTheDefault) {
     }
   }
   EXPECT_EQ(find(Instrument::guitar, std::string_view("g6-dropd\0", 9)), nullptr);
-}
-
-TEST(Tuning, IsEqualWhenAllFieldsAre) {
-  const GuitarString string{1, 45, "A"};
-  EXPECT_EQ(string, (GuitarString{1, 45, "A"}));
-  for (const GuitarString& other : {GuitarString{2, 45, "A"}, {1, 46, "A"}, {1, 45, "B"}}) {
-    EXPECT_NE(string, other);
-  }
-  const Tuning tuning{"id", "name", "group", "detail", {string}};
-  EXPECT_EQ(tuning, (Tuning{"id", "name", "group", "detail", {string}}));
-  for (const Tuning& other : {Tuning{"ID", "name", "group", "detail", {string}},
-                              {"id", "Name", "group", "detail", {string}},
-                              {"id", "name", "Group", "detail", {string}},
-                              {"id", "name", "group", "Detail", {string}},
-                              {"id", "name", "group", "detail", {}}}) {
-    EXPECT_NE(tuning, other);
-  }
 }
 
 }  // namespace

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 #include <sndfile.h>
-#include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -20,11 +20,8 @@ using Channels = std::vector<signals::Samples>;
 class Recordings {
  public:
   Recordings() {
-    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    folder = std::filesystem::temp_directory_path() /
-             (std::string("corvane-replay-") + test->test_suite_name() + "-" + test->name() + "-" +
-              std::to_string(::getpid()));
-    std::filesystem::create_directories(folder);
+    std::string name = testing::TempDir() + "corvane-replay-XXXXXX";
+    folder = ::mkdtemp(name.data());
   }
   ~Recordings() { std::filesystem::remove_all(folder); }
   Recordings(const Recordings&) = delete;

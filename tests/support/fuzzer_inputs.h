@@ -1,0 +1,26 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <random>
+#include <vector>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+namespace corvane {
+
+/// Gives the fuzzer that the program is built with `count` inputs of `size` bytes by chance, the
+/// same each time. The fuzzer stops the program when a rule is broken.
+inline void runFuzzer(int count, std::size_t size) {
+  std::mt19937 random(1);
+  for (int number = 0; number < count; ++number) {
+    SCOPED_TRACE(number);
+    std::vector<std::uint8_t> input(size);
+    std::ranges::generate(input, [&] { return static_cast<std::uint8_t>(random()); });
+    EXPECT_EQ(LLVMFuzzerTestOneInput(input.data(), input.size()), 0);
+  }
+}
+
+}  // namespace corvane
