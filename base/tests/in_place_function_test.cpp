@@ -32,7 +32,7 @@ TEST(InPlaceFunction, ACopyHasAStateOfItsOwn) {
   EXPECT_EQ(second(100), 101);
 }
 
-TEST(InPlaceFunction, GivesBackWhatItHoldsWhenItEndsMovesOrHoldsAnother) {
+TEST(InPlaceFunction, DestroysItsCallableWhenItEndsOrGetsAnother) {
   const auto token = std::make_shared<int>(0);
   {
     Task run = [token] { ++*token; };
@@ -63,7 +63,7 @@ TEST(InPlaceFunction, MayBeAssignedToItself) {
   EXPECT_EQ(token.use_count(), 2);
 }
 
-TEST(InPlaceFunction, WhatItGivesBackMayUseIt) {
+TEST(InPlaceFunction, ACallableThatIsDestroyedMayUseIt) {
   Task task;
   bool sawTheNext = false;
   task = [last = std::shared_ptr<void>(nullptr, [&](void*) { sawTheNext = bool{task}; })] {};

@@ -205,7 +205,7 @@ TEST_F(Listening, AMicrophoneThatCannotStartIsRetriedByTheNextStart) {
   expectState(false, true, noMicrophone);
 }
 
-TEST_F(Listening, AnOutcomeKnownLaterCountsThen) {
+TEST_F(Listening, AStartThatSucceedsLaterListensThen) {
   world.input->answersLater = true;
   engine->start();
   engine->start();

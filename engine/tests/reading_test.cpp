@@ -74,7 +74,7 @@ class Reading : public EngineTest {
   }
 };
 
-TEST_F(Reading, BeginsWithAQuestionForANote) {
+TEST_F(Reading, AsksForANoteBeforeAnythingIsHeard) {
   EXPECT_EQ(engine->noteLabel(), "—");
   EXPECT_EQ(engine->octaveLabel(), "");
   EXPECT_EQ(engine->heardSpelling(), "");

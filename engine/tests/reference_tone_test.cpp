@@ -68,7 +68,7 @@ TEST_F(ReferenceTone, SetsTheOutputUpOnceAndAgainWhenItWasStopped) {
   EXPECT_EQ(world.output->formats.size(), 2U);
 }
 
-TEST_F(ReferenceTone, SetsUpAnOutputThatRunsUnlessItDidSoItself) {
+TEST_F(ReferenceTone, SetsUpARunningOutputThatItDidNotStart) {
   world.output->running = true;
   engine->playReference();
   EXPECT_EQ(world.output->formats.size(), 1U);

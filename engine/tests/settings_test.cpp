@@ -87,7 +87,7 @@ TEST_F(Settings, AssigningAPitchInRangePublishesAndSavesOnce) {
   }
 }
 
-TEST_F(Settings, AStoredInstrumentMustMatchToTheCaseAndEachTypeToo) {
+TEST_F(Settings, AStoredInstrumentMustMatchInCaseAndType) {
   startWith({{"tuner.instrument", "Bass"}});
   expectSelection(Instrument::guitar, "g6-standard", 440.0, false);
   startWith({{"tuner.instrument", 1.0},
@@ -123,7 +123,7 @@ TEST_F(Settings, SwitchingToPianoAdoptsItsTuningAndSavesTwice) {
   EXPECT_EQ(engine->frequency(), 111.0) << "the history is empty";
 }
 
-TEST_F(Settings, TheSameInstrumentAgainKeepsItsTuningAlone) {
+TEST_F(Settings, TheSameInstrumentAgainKeepsOnlyItsTuning) {
   engine->setTuningID("g6-dadgad");
   engine->setLockedStringIndex(2);
   hear(109.0);
@@ -175,7 +175,7 @@ TEST_F(Settings, AHighlightWithoutAStringIsDropped) {
   EXPECT_EQ(world.output->played.size(), 1U);
 }
 
-TEST_F(Settings, LeftHandedIsSavedAndKeepsTheLockWhichIsNot) {
+TEST_F(Settings, LeftHandedIsSavedAndTheLockIsNot) {
   EXPECT_THAT(savedBy([this] {
                 EXPECT_THAT(published([this] { engine->setLockedStringIndex(2); }),
                             ElementsAre(Field::lockedStringIndex));

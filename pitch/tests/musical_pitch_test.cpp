@@ -91,7 +91,7 @@ TEST(PitchQuality, SinesAreReadWithinTheErrorOfTheMethod) {
   }
 }
 
-TEST(PitchQuality, TheLowestPitchIsReadToOneLagBecauseTheLongestLagIsNotRefined) {
+TEST(PitchQuality, TheLowestPitchIsReadToOneLag) {
   // 27 Hz lies between the lags 1777 and 1778, and 1778 is the longest: one lag is 0.97 cents.
   EXPECT_LE(error(signals::sine(27.0, 48000.0, block), 48000.0, 27.0), 0.98);
 }

@@ -35,7 +35,7 @@ TEST_F(PitchCaptureBlocks, TheFirstTwoBuffersGiveOneBlockAndEachFurtherOneMore) 
   expectBlocksOfTheRamp(4);
 }
 
-TEST_F(PitchCaptureBlocks, OneBufferOf16384FramesGivesThreeBlocksAndKeepsHalfABlock) {
+TEST_F(PitchCaptureBlocks, OneBufferOf16384FramesGivesThreeBlocks) {
   probe.consumeRamp(16384);
   expectBlocksOfTheRamp(3);
   probe.consumeRamp(4096);

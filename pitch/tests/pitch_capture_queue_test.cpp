@@ -94,7 +94,7 @@ TEST_F(PitchCaptureQueue, AJobOwnsItsCallbackUntilItIsDone) {
   EXPECT_TRUE(alive.expired());
 }
 
-TEST_F(PitchCaptureQueue, AResetLetsADetectionThatIsRunningEndAndFindNothingMore) {
+TEST_F(PitchCaptureQueue, AResetLetsARunningDetectionEnd) {
   probe.answer = [&] {
     probe.consumeRamp(4096);
     probe.capture->reset();
@@ -106,7 +106,7 @@ TEST_F(PitchCaptureQueue, AResetLetsADetectionThatIsRunningEndAndFindNothingMore
   EXPECT_EQ(probe.readings[0]->frequency, 440.0);
 }
 
-TEST(PitchCaptureModel, IsFollowedWhateverBuffersResetsAndDetectionsCome) {
+TEST(PitchCaptureModel, MatchesThePipelineForAnyInput) {
   runFuzzer(20, 60);
 }
 

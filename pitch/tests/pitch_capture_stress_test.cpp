@@ -45,7 +45,7 @@ class PitchCaptureStress : public testing::Test {
 };
 
 TEST_F(PitchCaptureStress, ResetsWhileTheTapRunsLeaveEveryBlockWhole) {
-  constexpr int rounds = 200;
+  constexpr int rounds = 50;
   std::atomic<int> round = 0;
   std::atomic<int> resets = 0;
   std::jthread resetter([&] {
@@ -66,9 +66,9 @@ TEST_F(PitchCaptureStress, ResetsWhileTheTapRunsLeaveEveryBlockWhole) {
   for (const Block& block : blocks.all()) EXPECT_TRUE(block.whole) << block.last;
 }
 
-TEST_F(PitchCaptureStress, NoBlockIsEverLeftWithNobodyToTakeIt) {
+TEST_F(PitchCaptureStress, TheLastBlockOfABurstIsAlwaysAnalysed) {
   consumeRamp(hopSamples);
-  for (int burst = 0; burst < 300; ++burst) {
+  for (int burst = 0; burst < 100; ++burst) {
     for (int i = 0; i <= burst % 3; ++i) consumeRamp(hopSamples);
     ASSERT_TRUE(lastSampleIsAnalysed()) << "burst " << burst;
   }

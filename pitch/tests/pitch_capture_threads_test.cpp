@@ -75,7 +75,7 @@ TEST_F(PitchCaptureThreads, ConsumingNeverWaitsForASlowDetection) {
   EXPECT_EQ(firstSamples.all(), (std::vector{0.0F, 81920.0F})) << "the first and the newest";
 }
 
-TEST_F(PitchCaptureThreads, AReleaseDuringADetectionNeitherWaitsForItNorLosesItsResult) {
+TEST_F(PitchCaptureThreads, AReleaseDuringADetectionKeepsItsResult) {
   holdDetection();
   consume({signals::ramp(0, blockSamples)});
   ASSERT_TRUE(firstSamples.waitFor(1));

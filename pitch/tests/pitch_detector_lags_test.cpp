@@ -67,7 +67,7 @@ TEST(PitchDetectorLags, AreSearchedUpwardsForTheFirstBelowTheThreshold) {
   }
 }
 
-TEST(PitchDetectorLags, ADipAboveTheThresholdIsNotTakenForWantOfABetterOne) {
+TEST(PitchDetectorLags, ABlockWithoutADipBelowTheThresholdHasNoPitch) {
   const signals::Samples samples =
       signals::sum(signals::sine(440.0, 48000.0, 8192), signals::noise(8192, 6, 1.0));
   EXPECT_FALSE(detect(samples, 48000.0, 27.0, 4300.0, 0.15));

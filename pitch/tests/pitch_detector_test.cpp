@@ -61,8 +61,8 @@ signals::Samples sineOfLevel(float rms) {
   const auto samples = [](double amplitude) {
     return signals::sine(20.0 * 48000.0 / 2048.0, 48000.0, 2048, {.amplitude = amplitude});
   };
-  double below = 1.4 * double{rms};
-  double reached = 1.5 * double{rms};
+  double below = 1.4 * static_cast<double>(rms);
+  double reached = 1.5 * static_cast<double>(rms);
   for (int step = 0; step < 50; ++step) {
     const double amplitude = (below + reached) / 2.0;
     (reference::centre(samples(amplitude)).rms < rms ? below : reached) = amplitude;

@@ -120,7 +120,7 @@ TEST(PitchMath, TheConcertPitchItselfIsA4WithNoDeviation) {
   }
 }
 
-TEST(PitchMath, HalfASemitoneAboveA4IsTheNextNoteFiftyCentsFlat) {
+TEST(PitchMath, HalfASemitoneAboveA4IsASharpFiftyCentsFlat) {
   const auto note = describe(440.0 * std::exp2(1.0 / 24.0), 440.0);
   ASSERT_TRUE(note);
   // The fractional MIDI number lies near 69.5, where numbers are 2^-46 apart: one such step either

@@ -98,7 +98,7 @@ TEST(SerialQueue, MayBeDestroyedByOneOfItsJobs) {
   EXPECT_TRUE(noThreadIsLeftNamed("destroyed"));
 }
 
-TEST(SerialQueue, GivesAJobBackAsSoonAsItHasRun) {
+TEST(SerialQueue, DestroysAJobAsSoonAsItHasRun) {
   auto token = std::make_shared<int>(0);
   const std::weak_ptr<int> alive = token;
   SerialQueue queue("release");

@@ -14,7 +14,7 @@ TEST(Instrument, TheThreeComeInTheOrderOfThePicker) {
   EXPECT_EQ(hashed.size(), 3U);
 }
 
-TEST(Instrument, HasARawValueAndACapitalisedTitle) {
+TEST(Instrument, HasACapitalisedTitleThatIsNoRawValue) {
   struct Names {
     Instrument instrument;
     const char* raw;

@@ -40,7 +40,7 @@ class Command : public testing::Test {
   std::string err;
 };
 
-TEST_F(Command, PrintsALineABlock) {
+TEST_F(Command, PrintsALinePerBlock) {
   run(recordings.write("a.wav", 44100, {signals::sine(110, 44100, 16384)}));
   EXPECT_EQ(status, 0);
   EXPECT_EQ(std::count(out.begin(), out.end(), '\n'), 4);
