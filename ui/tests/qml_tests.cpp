@@ -1,10 +1,10 @@
-#include <QQmlContext>
 #include <QQmlEngine>
 #include <QQmlExtensionPlugin>
 #include <QQuickWindow>
 #include <QtQuickTest>
 
 #include "ui/tests/fake_tuner.h"
+#include "ui/tests/probe.h"
 
 Q_IMPORT_QML_PLUGIN(CorvanePlugin)
 
@@ -18,13 +18,10 @@ class Setup : public QObject {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     qmlRegisterType<corvane::FakeTuner>("Corvane.Fakes", 1, 0, "FakeTuner");
+    qmlRegisterType<corvane::Probe>("Corvane.Fakes", 1, 0, "Probe");
   }
 
-  void qmlEngineAvailable(QQmlEngine* engine) {
-    engine->addImportPath("qrc:/qt/qml");
-    engine->rootContext()->setContextProperty("componentsOfTheModule",
-                                              QString(CORVANE_COMPONENTS).split(' '));
-  }
+  void qmlEngineAvailable(QQmlEngine* engine) { engine->addImportPath("qrc:/qt/qml"); }
 };
 
 int main(int argc, char** argv) {

@@ -3,15 +3,15 @@ import QtTest
 import Corvane
 import Corvane.Fakes
 
-// What the tests of the components share: a fresh tuner each, and ways to find what is on the screen.
+// What the tests of the screen share: a fresh tuner each, and ways to find what is on the screen.
 TestCase {
     id: root
 
     property FakeTuner tuner
     readonly property Component tunerMaker: FakeTuner {}
-    readonly property var smallest: Qt.size(420, 680)
-    readonly property var ideal: Qt.size(480, 860)
-    readonly property var large: Qt.size(700, 1000)
+    readonly property Component spyMaker: SignalSpy {}
+    readonly property Probe probe: Probe {}
+    readonly property int limit: 60000 // ms, for what must happen however busy the machine is
 
     width: 480
     height: 860
@@ -26,11 +26,53 @@ TestCase {
         mouseMove(root, root.width - 1, root.height - 1);
     }
 
+    // The rows of a table: the first cell of each is its name.
+    function table(columns, lines) {
+        return lines.map(line => {
+                const row = {
+                    tag: `${line[0]}`
+                };
+                columns.forEach((column, i) => row[column] = line[i]);
+                return row;
+            });
+    }
+
     function make(component, properties) {
         const made = createTemporaryObject(component, root, properties ?? {});
         verify(made, "the component can be made");
         settle(made);
         return made;
+    }
+
+    // A part of the screen that has no tuner.
+    function makePart(type, properties) {
+        const component = Qt.createComponent(`qrc:/qt/qml/Corvane/${type}.qml`);
+        compare(component.status, Component.Ready, component.errorString());
+        return make(component, properties);
+    }
+
+    // A part of the screen on the tuner of the test.
+    function show(type, properties) {
+        return makePart(type, Object.assign({
+                    tuner: tuner
+                }, properties ?? {}));
+    }
+
+    // One whose sizes follow those of the window; those of the first size unless it is told others.
+    function showSized(type, properties) {
+        return show(type, Object.assign({
+                    metrics: tuner.fit(480, 860)
+                }, properties ?? {}));
+    }
+
+    // The whole program, with the keyboard.
+    function showWindow(textZoom) {
+        const window = show("Main", {
+                textZoom: textZoom ?? 1
+            });
+        window.visible = true;
+        eventually(() => window.active && window.activeFocusItem);
+        return window;
     }
 
     // Until rows and columns have placed what stands in them, which they do before the next frame.
@@ -39,12 +81,36 @@ TestCase {
             return;
         for (const each of [item].concat(all(item, Item))) {
             if (isPolishScheduled(each))
-                verify(waitForItemPolished(each));
+                verify(waitForItemPolished(each, limit));
         }
     }
 
-    function fitOf(size) {
-        return tuner.fit(size.width, size.height);
+    function spy(target, signalName) {
+        return createTemporaryObject(spyMaker, root, {
+                target: target,
+                signalName: signalName
+            });
+    }
+
+    // The first arguments of the signals that a spy has seen.
+    function told(spy) {
+        return spy.signalArguments.map(each => each[0]);
+    }
+
+    function eventually(condition, message) {
+        tryVerify(condition, limit, message ?? `${condition}`);
+    }
+
+    // Until another frame is painted.
+    function paint(item) {
+        item.Window.window.update();
+        verify(waitForRendering(item, limit));
+    }
+
+    // An A2 that is so many cents off, until it alone is the median of the last five.
+    function hearCents(cents) {
+        for (let i = 0; i < 5; ++i)
+            tuner.hear(110 * Math.pow(2, cents / 1200));
     }
 
     // All items of a type below an item, also hidden ones, in the order in which they are stacked.
@@ -59,11 +125,14 @@ TestCase {
         return found;
     }
 
-    function isText(item) {
-        return item instanceof Label || item instanceof FixedDigits;
+    function only(item, type) {
+        const found = all(item, type);
+        compare(found.length, 1, `there is one ${type}`);
+        return found[0];
     }
 
     function textItems(item) {
+        const isText = each => each instanceof Label || each instanceof FixedDigits;
         return all(item, Item).filter(each => each.visible && isText(each));
     }
 
@@ -83,15 +152,9 @@ TestCase {
         return found[0];
     }
 
-    function menuOf(item) {
-        const found = all(item, PullDownMenu);
-        compare(found.length, 1, "the item has a menu");
-        return found[0];
-    }
-
-    function open(menu) {
-        menu.open();
-        return listOf(menu);
+    // The colour of what a button stands on.
+    function colorOf(button) {
+        return String(all(button, ContinuousRectangle)[0].color);
     }
 
     // Of an open menu, once its entries are there.
@@ -101,48 +164,23 @@ TestCase {
         return menu.shown.list;
     }
 
-    // What a button stands on.
-    function groundOf(button) {
-        return all(button, ContinuousRectangle)[0];
-    }
-
     function entryOf(list, title) {
         const found = all(list, MenuEntry).filter(each => each.title === title);
         compare(found.length, 1, `there is one entry "${title}"`);
         return found[0];
     }
 
-    // Headings and entries of a menu from top to bottom.
-    function menuTexts(list) {
-        const labels = textItems(list.contentItem);
-        labels.sort((one, other) => one.mapToItem(list, 0, 0).y - other.mapToItem(list, 0, 0).y);
-        return labels.map(each => each.text);
-    }
-
     // In 8 bits a channel: texts keep no more.
     function compareColor(actual, expected) {
-        compare(String(actual), String(typeof expected === "string" ? Qt.color(expected) : expected));
+        const color = typeof expected === "string" ? Qt.color(expected) : expected;
+        compare(String(actual), String(color));
     }
 
-    function faded(color, opacity) {
-        return Qt.rgba(color.r, color.g, color.b, opacity);
-    }
-
-    function white(opacity) {
-        return Qt.rgba(1, 1, 1, opacity);
-    }
-
-    // Inside another item, up to what the rounding of the layout may move it.
-    function verifyInside(item, outer) {
+    // Where an item is in another one, up to what the rounding of the layout may move it.
+    function verifyInside(item, outer, rounding) {
+        const slack = rounding ?? 0.01;
         const place = item.mapToItem(outer, 0, 0, item.width, item.height);
-        verify(place.x >= -0.01 && place.y >= -0.01, `${item} starts inside, at ${place.x}, ${place.y}`);
-        verify(place.x + place.width <= outer.width + 0.01, `${item} ends at ${place.x + place.width}`);
-        verify(place.y + place.height <= outer.height + 0.01, `${item} ends at ${place.y + place.height}`);
-    }
-
-    function verifyBelow(lower, upper) {
-        const end = upper.mapToItem(root, 0, upper.height).y;
-        const start = lower.mapToItem(root, 0, 0).y;
-        verify(start >= end - 0.01, `${lower} starts at ${start}, below ${end}`);
+        verify(place.left >= -slack && place.right <= outer.width + slack, `${item} at ${place}`);
+        verify(place.top >= -slack && place.bottom <= outer.height + slack, `${item} at ${place}`);
     }
 }

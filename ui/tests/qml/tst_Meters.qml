@@ -1,4 +1,5 @@
 import QtQuick
+import QtTest
 import Corvane
 
 ScreenTest {
@@ -6,71 +7,147 @@ ScreenTest {
 
     name: "Meters"
 
-    Component {
-        id: subject
+    SignalSpy {
+        id: frames
 
-        Meters {
-            property size area: test.ideal
-
-            width: 400
-            tuner: test.tuner
-            metrics: test.fitOf(area)
-        }
+        target: test.Window.window
+        signalName: "frameSwapped"
     }
 
-    function test_holds_two_meters_and_the_level_in_this_order() {
-        const card = make(subject);
-        compare(texts(card), ["Cents", "−50   0   +50", "Fine", "−10   0   +10", "Level"]);
-        const meters = all(card, Meter);
-        verifyBelow(meters[1], meters[0]);
-        verifyBelow(all(card, LevelBar)[0], meters[1]);
-    }
-
-    function test_its_sizes_follow_the_height_data() {
-        return [
-            {
-                tag: "smallest",
-                area: smallest,
-                bar: 14,
-                spacing: 6,
-                padding: 10
-            },
-            {
-                tag: "ideal",
-                area: ideal,
-                bar: 16,
-                spacing: 6,
-                padding: 10
-            },
-            {
-                tag: "large",
-                area: large,
-                bar: 16,
-                spacing: 10,
-                padding: 14
-            }
-        ];
-    }
-
-    function test_its_sizes_follow_the_height(row) {
-        const card = make(subject, {
-                area: row.area
+    function meter(span) {
+        return show("Meter", {
+                width: 500,
+                title: "Cents",
+                span: span ?? 50,
+                bar: 16
             });
-        compare(card.spacing, row.spacing);
-        compare(card.padding, row.padding);
-        const meters = all(card, Meter);
-        compare(meters.map(each => each.bar), [row.bar, row.bar]);
-        compare(meters[0].width, 400 - 2 * row.padding);
-        compare(meters[1].y - meters[0].y - meters[0].height, row.spacing);
     }
 
-    function test_shows_how_loud_it_is() {
-        const level = all(make(subject), LevelBar)[0];
-        compare(level.signal, 0);
-        tuner.hear(110, 0.99, 0.05);
-        // The level is twelve times a 32-bit 0.05.
-        fuzzyCompare(level.signal, 0.6, 1e-6);
-        tuner.hear(110, 0.99, 0.5);
-        compare(level.signal, 1);
+    function needle(meter) {
+        return all(meter, Capsule)[2];
+    }
+
+    function centre(meter) {
+        return needle(meter).x + needle(meter).width / 2;
+    }
+
+    // A thousandth of a point cannot be seen.
+    function tryCentre(meter, expected) {
+        eventually(() => Math.abs(centre(meter) - expected) < 0.001, `the needle comes to ${expected}`);
+    }
+
+    function test_the_needle_moves_to_its_place_in_its_color_data() {
+        return table(["name", "span", "cents", "centre", "color"], [
+                ["12.34 flat is at 0.3766 of the cents bar", 50, -12.34, 0.3766 * 500, TunerTheme.flat],
+                ["12.34 flat is pinned to the start of the fine bar", 10, -12.34, 8, TunerTheme.flat],
+                ["12.34 sharp is pinned to its end", 10, 12.34, 492, TunerTheme.sharp],
+                ["3 sharp is in tune", 50, 3, 0.53 * 500, TunerTheme.green]
+            ]);
+    }
+
+    function test_the_needle_moves_to_its_place_in_its_color(row) {
+        const made = meter(row.span);
+        hearCents(row.cents);
+        compareColor(needle(made).color, row.color);
+        compare(centre(made), 250, "it moves instead of jumping");
+        tryCentre(made, row.centre);
+    }
+
+    function test_heard_no_more_37_cents_leave_the_needle_muted_in_the_middle() {
+        const made = meter();
+        hearCents(37);
+        tryCentre(made, 0.87 * 500);
+        tuner.hearNothing();
+        tryCentre(made, 250);
+        compareColor(needle(made).color, TunerTheme.muted);
+    }
+
+    function test_the_needle_that_turns_back_on_its_way_comes_back() {
+        const made = meter();
+        hearCents(20);
+        tuner.hearNothing();
+        tryCentre(made, 250);
+    }
+
+    function test_the_needle_keeps_its_place_on_a_bar_that_is_resized() {
+        const made = meter();
+        hearCents(-40);
+        tryCentre(made, 50);
+        made.width = 300;
+        settle(made);
+        fuzzyCompare(centre(made), 30, 0.001);
+    }
+
+    function test_a_move_that_cannot_be_seen_is_not_made_but_small_moves_add_up() {
+        const made = meter(10);
+        hearCents(3);
+        tryCentre(made, 325);
+        const before = needle(made).goal;
+        hearCents(3.003);
+        compare(needle(made).goal, before);
+        for (let step = 2; step <= 10; ++step)
+            hearCents(3 + step * 0.003);
+        // To the tenth of a point that it may lag behind.
+        eventually(() => Math.abs(centre(made) - (250 + 25 * tuner.cents)) <= 0.1);
+    }
+
+    function test_signal_0_draws_only_the_track_and_signal_1_fills_it() {
+        const bar = makePart("LevelBar", {
+                width: 300,
+                signal: 0
+            });
+        const [track, fill] = all(bar, Capsule);
+        const widths = [0, 0.25, 1].map(signal => {
+                bar.signal = signal;
+                return fill.width;
+            });
+        compare(widths, [0, 75, 300]);
+        compare(track.width, 300);
+    }
+
+    function test_a_change_of_the_level_that_no_pixel_can_show_changes_nothing() {
+        const bar = makePart("LevelBar", {
+                width: 300,
+                signal: 0.25 + 0.001 / 300
+            });
+        const fill = all(bar, Capsule)[1];
+        compare(fill.width, 75);
+        bar.signal = 0.25 + 0.01 / 300;
+        verify(fill.width > 75);
+        fuzzyCompare(fill.width, 75.01, 1 / 512);
+    }
+
+    function comeToRest(view) {
+        for (const each of all(view, Meter))
+            eventually(() => needle(each).value === needle(each).goal);
+        while (framesAfter(() => {}) > 0)
+            ;
+    }
+
+    // A change asks for a frame in 5 ms.
+    function framesAfter(change) {
+        frames.clear();
+        change();
+        probe.runFor(100);
+        return frames.count;
+    }
+
+    function test_only_what_can_be_seen_is_painted() {
+        const view = show("TunerView", {
+                width: 480,
+                height: 860
+            });
+        hearCents(20);
+        comeToRest(view);
+        compare(framesAfter(() => hearCents(20)), 0, "the same reading again");
+        hearCents(24);
+        eventually(() => frames.count > 0);
+        // By 0.6 each time: after thirty a bar of 400 points is shorter than 0.0001.
+        for (let i = 0; i < 30; ++i)
+            tuner.hearNothing();
+        comeToRest(view);
+        const before = tuner.level;
+        compare(framesAfter(() => tuner.hearNothing()), 0, "a level that dies away");
+        verify(tuner.level < before);
     }
 }

@@ -7,6 +7,8 @@ ScreenTest {
 
     name: "Pressable"
 
+    property SignalSpy clicked
+
     Component {
         id: subject
 
@@ -18,48 +20,52 @@ ScreenTest {
         }
     }
 
-    SignalSpy {
-        id: clicked
+    Component {
+        id: scrolling
 
-        signalName: "clicked"
+        Flickable {
+            width: 200
+            height: 100
+            contentHeight: 300
+
+            Pressable {
+                width: 200
+                height: 300
+                autoRepeat: true
+            }
+        }
     }
 
     function watched(properties) {
         const area = make(subject, properties);
-        clicked.clear();
-        clicked.target = area;
+        clicked = spy(area, "clicked");
         return area;
     }
 
-    function test_the_left_button_of_the_mouse_clicks_and_no_other() {
-        const area = watched();
-        mouseClick(area);
-        compare(clicked.count, 1);
-        mouseClick(area, 5, 5, Qt.RightButton);
-        compare(clicked.count, 1);
+    function repeating() {
+        return watched({
+                autoRepeat: true
+            });
     }
 
-    function test_a_click_comes_when_it_is_let_go() {
+    function test_the_left_button_of_the_mouse_clicks_when_it_is_let_go_and_no_other_does() {
         const area = watched();
         mousePress(area);
         verify(area.down);
         compare(clicked.count, 0);
         mouseRelease(area);
         verify(!area.down);
+        mouseClick(area, 5, 5, Qt.RightButton);
         compare(clicked.count, 1);
     }
 
-    function test_a_press_that_is_dragged_off_does_not_click() {
+    function test_a_press_that_is_dragged_off_clicks_only_if_it_comes_back() {
         const area = watched();
         mousePress(area);
         mouseMove(area, 60, 10);
         verify(!area.down);
         mouseRelease(area, 60, 10);
         compare(clicked.count, 0);
-    }
-
-    function test_a_press_that_comes_back_clicks() {
-        const area = watched();
         mousePress(area);
         mouseMove(area, 60, 10);
         mouseMove(area, 10, 10);
@@ -82,53 +88,44 @@ ScreenTest {
         verify(!area.down);
     }
 
-    function test_keys_click_data() {
-        return [
-            {
-                tag: "Space",
-                key: Qt.Key_Space
-            },
-            {
-                tag: "Return",
-                key: Qt.Key_Return
-            },
-            {
-                tag: "Enter",
-                key: Qt.Key_Enter
-            }
-        ];
+    function test_a_press_that_something_takes_in_order_to_scroll_is_over() {
+        const list = make(scrolling);
+        const area = only(list.contentItem, Pressable);
+        clicked = spy(area, "clicked");
+        mousePress(area, 10, 90);
+        verify(area.down);
+        for (let y = 80; y >= 30; y -= 10)
+            mouseMove(list, 10, y);
+        verify(list.moving, "the press was taken");
+        verify(!area.down);
+        compare(probe.intervalOf(area), -1);
+        mouseRelease(list, 10, 30);
+        compare(clicked.count, 0);
     }
 
-    function test_keys_click(row) {
+    function test_keys_click_when_they_are_let_go_data() {
+        return table(["name"], [["Return"], ["Enter"], ["Space"]]);
+    }
+
+    function test_keys_click_when_they_are_let_go(row) {
         const area = watched();
+        const key = Qt[`Key_${row.name}`];
         area.forceActiveFocus();
-        keyPress(row.key);
+        keyPress(key);
+        probe.repeatKey(area.Window.window, key);
         verify(area.down);
         compare(clicked.count, 0);
-        keyRelease(row.key);
-        compare(clicked.count, 1);
+        keyRelease(key);
         verify(!area.down);
+        compare(clicked.count, 1);
     }
 
-    function test_other_keys_do_not_click() {
-        const area = watched();
-        area.forceActiveFocus();
-        keyClick(Qt.Key_A);
-        keyClick(Qt.Key_Escape);
-        compare(clicked.count, 0);
-    }
-
-    function test_a_key_that_went_down_elsewhere_does_not_click() {
-        const area = watched();
-        area.forceActiveFocus();
-        keyRelease(Qt.Key_Return);
-        compare(clicked.count, 0);
-    }
-
-    function test_a_key_that_is_let_go_elsewhere_does_not_click() {
+    function test_no_other_key_clicks_and_none_that_went_down_or_is_let_go_elsewhere() {
         const area = watched();
         const other = make(subject);
         area.forceActiveFocus();
+        keyClick(Qt.Key_A);
+        keyRelease(Qt.Key_Return);
         keyPress(Qt.Key_Space);
         other.forceActiveFocus();
         verify(!area.down);
@@ -137,100 +134,58 @@ ScreenTest {
     }
 
     function test_clicks_over_and_over_while_it_is_held_if_it_is_told_to() {
-        const area = watched({
-                autoRepeat: true
-            });
+        const area = repeating();
         mousePress(area);
-        tryCompare(clicked, "count", 2);
+        const beforeTheFirst = probe.intervalOf(area);
+        for (let clicks = 1; clicks <= 3; ++clicks) {
+            probe.fireTimerOf(area);
+            compare(clicked.count, clicks);
+        }
+        verify(probe.intervalOf(area) < beforeTheFirst);
         mouseRelease(area);
-        compare(clicked.count, 2);
-        mouseClick(area);
         compare(clicked.count, 3);
+        compare(probe.intervalOf(area), -1);
+        mouseClick(area);
+        compare(clicked.count, 4);
+    }
+
+    function test_its_timer_runs_only_if_it_is_told_to() {
+        mousePress(repeating());
+        eventually(() => clicked.count >= 2);
+        const area = watched();
+        mousePress(area);
+        compare(probe.intervalOf(area), -1);
+        mouseRelease(area);
     }
 
     function test_pauses_while_it_is_dragged_off() {
-        const area = watched({
-                autoRepeat: true
-            });
+        const area = repeating();
         mousePress(area);
-        tryCompare(clicked, "count", 1);
         mouseMove(area, 60, 10);
-        wait(350); // three times the pause between two clicks
-        compare(clicked.count, 1);
-        mouseRelease(area, 60, 10);
-        mouseClick(area);
-        compare(clicked.count, 2);
-    }
-
-    function test_stops_when_it_is_disabled_while_it_is_held() {
-        const area = watched({
-                autoRepeat: true
-            });
-        mousePress(area);
-        tryCompare(clicked, "count", 1);
-        area.enabled = false;
-        verify(!area.down);
-        wait(350); // three times the pause between two clicks
+        probe.fireTimerOf(area);
+        compare(clicked.count, 0);
+        mouseMove(area, 10, 10);
+        probe.fireTimerOf(area);
         compare(clicked.count, 1);
         mouseRelease(area);
-        area.enabled = true;
+    }
+
+    function test_stops_when_it_is_disabled_or_hidden_while_it_is_held_data() {
+        return table(["property"], [["enabled"], ["visible"]]);
+    }
+
+    function test_stops_when_it_is_disabled_or_hidden_while_it_is_held(row) {
+        const area = repeating();
+        mouseMove(area, 10, 10);
+        eventually(() => area.hovered);
+        mousePress(area);
+        probe.fireTimerOf(area);
+        area[row.property] = false;
+        verify(!area.down && !area.hovered);
+        compare(probe.intervalOf(area), -1);
+        mouseRelease(area);
+        area[row.property] = true;
         mouseClick(area);
         compare(clicked.count, 2);
-    }
-
-    function test_nothing_presses_it_while_it_is_disabled() {
-        const area = watched({
-                enabled: false
-            });
-        mouseClick(area);
-        area.press();
-        compare(clicked.count, 0);
-    }
-
-    function test_knows_whether_the_mouse_is_over_it() {
-        const area = watched();
-        verify(!area.hovered);
-        mouseMove(area, 10, 10);
-        tryVerify(() => area.hovered);
-        mouseMove(area, 60, 10);
-        tryVerify(() => !area.hovered);
-    }
-
-    function test_shows_the_keyboard_where_the_keyboard_went() {
-        const area = watched();
-        verify(!area.visualFocus);
-        area.forceActiveFocus(Qt.TabFocusReason);
-        verify(area.visualFocus);
-        make(subject).forceActiveFocus(Qt.TabFocusReason);
-        verify(!area.visualFocus);
-    }
-
-    function test_a_press_takes_the_keyboard_without_showing_it() {
-        const area = watched();
-        mouseClick(area);
-        verify(area.activeFocus);
-        verify(!area.visualFocus);
-        area.focus = false;
-        area.forceActiveFocus(Qt.TabFocusReason);
-        mouseClick(area);
-        verify(!area.visualFocus);
-    }
-
-    function test_leaves_the_keyboard_where_it_is_if_it_is_told_to() {
-        const area = watched({
-                activeFocusOnTab: false
-            });
-        mouseClick(area);
-        verify(!area.activeFocus);
-        compare(clicked.count, 1);
-    }
-
-    function test_the_tab_key_comes_here() {
-        const area = watched();
-        const other = make(subject);
-        area.forceActiveFocus();
-        keyClick(Qt.Key_Tab);
-        verify(other.activeFocus);
-        verify(other.visualFocus);
     }
 }

@@ -2,185 +2,174 @@ import QtQuick
 import QtTest
 import Corvane
 
-// In the smallest window, where the longest list does not fit.
 ScreenTest {
     id: test
 
     name: "PullDownMenu"
-    width: 420
-    height: 680
+
+    property SignalSpy picked
+    property SignalSpy beneath
 
     Component {
         id: subject
 
-        PlainButton {
-            id: face
-
-            property real start: 300
-            property alias menu: menu
-
-            x: 20
-            y: start
-            width: 200
-            height: 40
-            onClicked: menu.open()
-
-            PullDownMenu {
-                id: menu
-
-                control: face
-                entries: test.tuner.tunings
-            }
+        MenuButton {
+            tuner: test.tuner
         }
     }
 
-    SignalSpy {
-        id: picked
+    Component {
+        id: wheelMaker
 
-        signalName: "picked"
+        WheelHandler {
+            property bool turned: false
+
+            onWheel: turned = true
+        }
     }
 
-    function menu(properties) {
-        const made = make(subject, properties).menu;
-        picked.clear();
-        picked.target = made;
-        return made;
+    function opened() {
+        const button = make(subject);
+        picked = spy(button.menu, "picked");
+        beneath = spy(button, "clicked");
+        button.menu.open();
+        listOf(button.menu);
+        return button;
     }
 
-    function verifyInsideTheWindow(menu) {
-        const ground = menu.shown.list.parent;
-        const place = ground.mapToItem(null, 0, 0);
-        verify(place.y >= 8, `starts at ${place.y}`);
-        verify(place.y + ground.height <= test.Window.height - 8, `ends at ${place.y + ground.height} of ${test.Window.height}`);
+    function openedByKeyboard() {
+        const button = make(subject);
+        button.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Space);
+        verify(listOf(button.menu).byKeyboard);
+        return button;
+    }
+
+    function entriesInTheWindow() {
+        return all(test.Window.contentItem, MenuEntry).length;
+    }
+
+    function touch(item) {
+        const finger = touchEvent(item);
+        finger.press(0, item, 10, 10).commit();
+        finger.release(0, item, 10, 10).commit();
     }
 
     function test_there_is_nothing_of_it_until_it_opens_and_after_it_was_closed() {
-        const closed = menu();
-        const before = all(test.Window.contentItem, MenuEntry).length;
-        verify(!closed.opened);
-        compare(before, 0);
-        open(closed);
-        verify(all(test.Window.contentItem, MenuEntry).length > 0);
+        eventually(() => entriesInTheWindow() === 0);
+        opened();
+        verify(entriesInTheWindow() > 0);
         keyClick(Qt.Key_Escape);
-        tryVerify(() => all(test.Window.contentItem, MenuEntry).length === 0);
+        eventually(() => entriesInTheWindow() === 0);
     }
 
-    function test_fits_into_a_window_of_680_points_and_scrolls_data() {
-        return [0, 300, 640].map(start => ({
-                    tag: `from a control at ${start}`,
-                    start: start
-                }));
+    function test_nothing_of_it_is_left_when_its_control_goes() {
+        opened().destroy();
+        eventually(() => entriesInTheWindow() === 0);
     }
 
-    function test_fits_into_a_window_of_680_points_and_scrolls(row) {
-        tryCompare(test.Window, "height", 680);
-        const opened = menu({
-                start: row.start
-            });
-        const list = open(opened);
-        verifyInsideTheWindow(opened);
-        verify(list.contentHeight > list.height, "there is something to scroll");
+    function test_a_choice_closes_it_and_is_told_once_data() {
+        return table(["way", "choose"], [
+                ["by a press", list => mouseClick(entryOf(list, "Half step down"))],
+                ["by the keyboard", () => [Qt.Key_Down, Qt.Key_Return].forEach(key => keyClick(key))],
+                ["by a screen reader", list => entryOf(list, "Half step down").Accessible.pressAction()]
+            ]);
     }
 
-    function test_a_short_list_is_no_higher_than_its_entries() {
-        tuner.instrument = 2;
-        const list = open(menu());
-        compare(list.height, list.contentHeight);
+    function test_a_choice_closes_it_and_is_told_once(row) {
+        const menu = opened().menu;
+        row.choose(menu.shown.list);
+        verify(!menu.opened);
+        compare(told(picked), ["g6-half"]);
     }
 
-    function test_opens_at_the_entry_that_is_chosen() {
-        tuner.chooseTuning("g12-standard");
-        const list = open(menu());
-        compare(list.currentIndex, 22);
-        compare(list.currentItem.title, "12-string standard");
-        verifyInside(list.currentItem, list);
+    function test_it_closes_without_a_choice_and_reaches_nothing_beneath_data() {
+        return table(["way", "leave"], [
+                ["by Escape", () => keyClick(Qt.Key_Escape)],
+                ["by a press beside it", () => mouseClick(test, 470, 10)],
+                ["by a press on its control", button => mouseClick(button, 5, 5)],
+                ["by the right button there", button => mouseClick(button, 5, 5, Qt.RightButton)],
+                ["by a finger there", button => touch(button)]
+            ]);
     }
 
-    function test_a_click_picks_and_closes() {
-        const opened = menu();
-        const list = open(opened);
-        mouseClick(entryOf(list, "Drop D"));
-        verify(!opened.opened);
-        compare(picked.count, 1);
-        compare(picked.signalArguments[0][0], "g6-dropd");
+    function test_it_closes_without_a_choice_and_reaches_nothing_beneath(row) {
+        tuner.instrument = 1; // Its list does not hide the button.
+        const button = opened();
+        row.leave(button);
+        verify(!button.menu.opened);
+        compare([picked.count, beneath.count], [0, 0]);
     }
 
-    function test_the_keyboard_picks_and_closes() {
-        const opened = menu();
-        open(opened);
-        keyClick(Qt.Key_Down);
-        keyClick(Qt.Key_Return);
-        verify(!opened.opened);
-        compare(picked.count, 1);
-        compare(picked.signalArguments[0][0], "g6-half");
+    function test_what_lies_beneath_sees_neither_the_mouse_nor_its_wheel() {
+        const button = opened();
+        const wheel = createTemporaryObject(wheelMaker, button);
+        mouseMove(button, 10, 10);
+        mouseMove(button, 12, 10);
+        mouseWheel(button, 12, 10, 0, 120);
+        paint(button); // A frame looks where the mouse is.
+        verify(!button.hovered && !wheel.turned);
     }
 
-    function test_escape_closes_without_a_choice() {
-        const opened = menu();
-        open(opened);
-        keyClick(Qt.Key_Escape);
-        verify(!opened.opened);
-        compare(picked.count, 0);
-    }
-
-    function test_a_press_beside_it_closes_without_a_choice() {
-        const opened = menu({
-                start: 0
-            });
-        open(opened);
-        mouseClick(test, 410, 670);
-        verify(!opened.opened);
-        compare(picked.count, 0);
-    }
-
-    function test_a_press_on_its_control_closes_it() {
-        const opened = menu({
-                start: 0
-            });
-        open(opened);
-        mouseClick(opened.control, 5, 5);
-        verify(!opened.opened);
-    }
-
-    function test_space_opens_it_again_after_escape() {
-        const opened = menu();
-        opened.control.forceActiveFocus(Qt.TabFocusReason);
-        keyClick(Qt.Key_Space);
-        verify(opened.opened);
-        keyClick(Qt.Key_Escape);
-        verify(opened.control.visualFocus);
-        keyClick(Qt.Key_Space);
-        verify(opened.opened);
-    }
-
-    function test_a_choice_by_the_keyboard_gives_it_back_to_the_control() {
-        const opened = menu();
-        const next = make(subject);
-        opened.control.forceActiveFocus(Qt.TabFocusReason);
-        keyClick(Qt.Key_Space);
-        keyClick(Qt.Key_Down);
-        keyClick(Qt.Key_Return);
-        verify(opened.control.visualFocus);
-        verify(!opened.opened, "the Return that chose does not open it again");
+    function test_the_keyboard_stays_in_it() {
+        const list = opened().menu.shown.list;
+        verify(list.activeFocus && !list.byKeyboard);
         keyClick(Qt.Key_Tab);
-        verify(next.activeFocus);
+        keyClick(Qt.Key_Backtab, Qt.ShiftModifier);
+        verify(list.activeFocus);
     }
 
-    function test_a_list_that_a_key_opens_shows_where_the_keyboard_is() {
-        const opened = menu();
-        opened.control.forceActiveFocus(Qt.TabFocusReason);
-        keyClick(Qt.Key_Space);
-        verify(listOf(opened).byKeyboard);
+    function test_a_press_on_its_edge_does_nothing() {
+        const menu = opened().menu;
+        mouseClick(menu.shown.list.parent, 3, 3);
+        verify(menu.opened);
+        compare(picked.count, 0);
+    }
+
+    function test_who_leaves_by_the_keyboard_sees_it_on_the_control_again_data() {
+        return table(["way", "keys"], [
+                ["Escape", [Qt.Key_Escape]],
+                ["a choice", [Qt.Key_Down, Qt.Key_Return]]
+            ]);
+    }
+
+    function test_who_leaves_by_the_keyboard_sees_it_on_the_control_again(row) {
+        const button = openedByKeyboard();
+        row.keys.forEach(key => keyClick(key));
+        verify(button.visualFocus);
+        verify(!button.menu.opened, "the key that chose does not open it again");
+    }
+
+    function test_who_leaves_by_a_press_does_not_see_the_keyboard_on_the_control() {
+        const button = openedByKeyboard();
+        mouseClick(entryOf(button.menu.shown.list, "Drop D"));
+        verify(button.activeFocus && !button.visualFocus);
+        const other = openedByKeyboard();
+        mouseClick(test, 470, 10);
+        verify(other.activeFocus && !other.visualFocus);
+    }
+
+    function test_the_help_menu_holds_exactly_one_item_privacy_policy() {
+        const bar = show("HelpMenuBar");
+        compare(texts(bar), ["Help"]);
+        mouseClick(buttonOf(bar, "Help"));
+        const list = listOf(only(bar, PullDownMenu));
+        compare(texts(list.contentItem), ["Privacy Policy"]);
+        mouseClick(entryOf(list, "Privacy Policy"));
+        compare(tuner.opened, 1);
+    }
+
+    function test_alt_and_h_open_help_from_anywhere_and_once() {
+        const bar = show("HelpMenuBar");
+        const menu = only(bar, PullDownMenu);
+        keyClick(Qt.Key_H, Qt.AltModifier);
+        verify(menu.opened);
+        const shown = menu.shown;
+        keyClick(Qt.Key_H, Qt.AltModifier);
+        menu.open();
+        compare(menu.shown, shown);
         keyClick(Qt.Key_Escape);
-        mouseClick(opened.control);
-        verify(!listOf(opened).byKeyboard);
-    }
-
-    function test_a_choice_by_a_press_gives_the_keyboard_back_unseen() {
-        const opened = menu();
-        mouseClick(opened.control);
-        mouseClick(entryOf(listOf(opened), "Drop D"));
-        verify(opened.control.activeFocus);
-        verify(!opened.control.visualFocus);
+        verify(!menu.opened);
+        verify(buttonOf(bar, "Help").visualFocus);
     }
 }

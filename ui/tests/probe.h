@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QAbstractEventDispatcher>
+#include <QAccessible>
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QObject>
+#include <QTimer>
+#include <QTimerEvent>
+#include <QWindow>
+
+namespace corvane {
+
+/// What a QML test cannot do by itself: time that passes when the test says so, a key that is held
+/// down, a screen reader.
+class Probe : public QObject {
+  Q_OBJECT
+
+ public:
+  using QObject::QObject;
+
+  /// The interval in ms of the timer that `object` has started; -1 if there is none.
+  Q_INVOKABLE static int intervalOf(QObject* object) {
+    const auto timers = QAbstractEventDispatcher::instance()->registeredTimers(object);
+    return timers.isEmpty() ? -1 : timers.first().interval;
+  }
+
+  Q_INVOKABLE static void fireTimerOf(QObject* object) {
+    const auto timers = QAbstractEventDispatcher::instance()->registeredTimers(object);
+    if (timers.isEmpty()) return;
+    QTimerEvent event(timers.first().timerId);
+    QCoreApplication::sendEvent(object, &event);
+  }
+
+  /// Runs all that falls due in the next `ms`, however long the machine takes for it.
+  Q_INVOKABLE static void runFor(int ms) {
+    QEventLoop loop;
+    QTimer::singleShot(ms, &loop, &QEventLoop::quit);
+    loop.exec();
+  }
+
+  /// As the keyboard repeats a key that is held down.
+  Q_INVOKABLE static void repeatKey(QWindow* window, int key) {
+    for (const auto type : {QEvent::KeyRelease, QEvent::KeyPress}) {
+      QKeyEvent event(type, key, Qt::NoModifier, {}, true);
+      QCoreApplication::sendEvent(window, &event);
+    }
+  }
+
+  Q_INVOKABLE static void setScreenReader(bool listens) { QAccessible::setActive(listens); }
+};
+
+}  // namespace corvane

@@ -1,0 +1,103 @@
+import QtQuick
+import Corvane
+
+ScreenTest {
+    id: test
+
+    name: "Buttons"
+
+    function controls() {
+        return showSized("ControlsCard", {
+                width: 444
+            });
+    }
+
+    function test_a_screen_reader_presses_a_button_unless_it_is_disabled() {
+        const button = makePart("PlainButton");
+        const clicked = spy(button, "clicked");
+        button.Accessible.pressAction();
+        compare(clicked.count, 1);
+        button.enabled = false;
+        button.Accessible.pressAction();
+        compare(clicked.count, 1);
+    }
+
+    function test_a_button_is_lighter_under_the_mouse_and_more_so_pressed() {
+        const button = makePart("PlainButton", {
+                width: 40,
+                height: 20
+            });
+        compare(button.light.a, 0);
+        mouseMove(button, 10, 10);
+        eventually(() => button.light.a > 0);
+        const hovered = button.light.a;
+        mousePress(button);
+        verify(button.light.a > hovered);
+        mouseRelease(button);
+    }
+
+    function test_a_gold_button_is_lighter_under_the_mouse_and_darker_pressed() {
+        const button = buttonOf(controls(), "Play reference");
+        const lightness = () => Qt.color(colorOf(button)).hslLightness;
+        const resting = lightness();
+        mouseMove(button, 10, 10);
+        eventually(() => lightness() > resting);
+        mousePress(button);
+        verify(lightness() < resting);
+        mouseRelease(button);
+    }
+
+    function test_what_a_button_stands_on_shows_that_it_is_pressed_data() {
+        const rows = ["Guitar", "Bass", "Left-handed string order", "Standard", "Auto", "E2"];
+        const pitches = ["440  Modern", "Lower", "Raise", "415 Hz", "440 Hz"];
+        return [...rows, ...pitches].map(name => ({
+                    tag: name
+                }));
+    }
+
+    function test_what_a_button_stands_on_shows_that_it_is_pressed(row) {
+        const button = buttonOf(controls(), row.tag);
+        const resting = colorOf(button);
+        mousePress(button);
+        verify(colorOf(button) !== resting);
+        mouseMove(test, 479, 859);
+        mouseRelease(test, 479, 859);
+        eventually(() => colorOf(button) === resting);
+    }
+
+    function test_what_a_button_stands_on_shows_that_its_list_is_open_data() {
+        return table(["name", "shown"], [
+                ["Standard", controls],
+                ["440  Modern", controls],
+                ["Help", () => show("HelpMenuBar")]
+            ]);
+    }
+
+    function test_what_a_button_stands_on_shows_that_its_list_is_open(row) {
+        const button = buttonOf(row.shown(), row.name);
+        const resting = colorOf(button);
+        button.press();
+        verify(colorOf(button) !== resting);
+        only(button, PullDownMenu).close(Qt.MouseFocusReason);
+        compare(colorOf(button), resting);
+    }
+
+    function test_there_is_no_dead_gap_between_quick_pitches() {
+        const row = show("QuickPitches");
+        const chip = buttonOf(row, "415 Hz");
+        mouseClick(row, chip.x + chip.width + 3, chip.height / 2);
+        compare(tuner.wholeHertz, 415);
+        mouseClick(row, chip.x + chip.width + 5, chip.height / 2);
+        compare(tuner.wholeHertz, 432);
+    }
+
+    function test_there_is_no_dead_gap_between_the_chips_of_the_strings() {
+        const row = showSized("StringRow");
+        const chip = buttonOf(row, "A2");
+        const strings = [-2, -4, chip.width + 2].map(distance => {
+                mouseClick(row, chip.x + distance, chip.height / 2);
+                return tuner.lockedString;
+            });
+        compare(strings, [1, 0, 1]);
+    }
+}
