@@ -1,6 +1,3 @@
-// contact_sheet sheet FILE: draws the screen in all its states into one picture.
-// contact_sheet scales FILE FOLDER: puts the pictures that FOLDER has for each scale factor, a
-// folder each, into one picture.
 // contact_sheet update SET FOLDER: writes a picture of each state.
 // contact_sheet compare SET FOLDER SEEN: fails where a state looks different from its picture in
 // FOLDER, or has none; writes what it saw to SEEN.
@@ -40,16 +37,12 @@ int update(const std::vector<Scene>& set, const QString& folder) {
 /// True when the scene looks as its picture; says on standard output how it differs.
 bool looksTheSame(const Scene& scene, const QString& golden, const QString& seen) {
   const QImage shown = picture(scene);
-  const QImage expected(fileIn(golden, scene));
-  const double far =
-      expected.isNull() ? 1.0 : difference(shown, expected.convertToFormat(shown.format()));
-  if (far <= tolerance) return true;
+  const QImage expected = QImage(fileIn(golden, scene)).convertToFormat(shown.format());
+  const int different = differentPixels(shown, expected);
+  if (different == 0) return true;
   shown.save(fileIn(seen, scene));
-  std::printf("%s: %s; it is now %s\n", qPrintable(scene.name),
-              expected.isNull()
-                  ? "there is no picture to compare with"
-                  : qPrintable(QString::number(100.0 * far) + " % of the pixels differ"),
-              qPrintable(fileIn(seen, scene)));
+  std::printf("%s: %d of its pixels are not as in its picture; it is now %s\n",
+              qPrintable(scene.name), different, qPrintable(fileIn(seen, scene)));
   return false;
 }
 
@@ -62,22 +55,13 @@ int compare(const std::vector<Scene>& set, const QString& golden, const QString&
 }
 
 int run(const QStringList& arguments) {
-  if (arguments.size() == 3 && arguments[1] == "sheet") {
-    return contactSheet(scenes()).save(arguments[2]) ? 0 : 1;
-  }
-  if (arguments.size() == 4 && arguments[1] == "scales") {
-    return scalesSheet(arguments[3]).save(arguments[2]) ? 0 : 1;
-  }
   if (arguments.size() == 4 && arguments[1] == "update") {
     return update(scenesOf(arguments[2]), arguments[3]);
   }
   if (arguments.size() == 5 && arguments[1] == "compare") {
     return compare(scenesOf(arguments[2]), arguments[3], arguments[4]);
   }
-  std::fputs(
-      "usage: contact_sheet sheet FILE | scales FILE FOLDER | update SET FOLDER | compare SET "
-      "FOLDER SEEN\n",
-      stderr);
+  std::fputs("usage: contact_sheet update SET FOLDER | compare SET FOLDER SEEN\n", stderr);
   return 2;
 }
 

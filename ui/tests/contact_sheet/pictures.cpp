@@ -1,13 +1,11 @@
 #include "pictures.h"
 
+#include <QAnimationDriver>
 #include <QCoreApplication>
 #include <QCursor>
-#include <QDir>
-#include <QElapsedTimer>
 #include <QFont>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -16,16 +14,37 @@
 #include <cstdlib>
 
 #include "base/require.h"
-#include "engine/apply_sink.h"
 #include "engine/equal_temperament.h"
-#include "tests/support/fake_platform.h"
+#include "tests/support/eventually.h"
+#include "ui/tests/engine_on_fakes.h"
 #include "ui/tuner_model.h"
 
 namespace corvane::sheet {
 namespace {
 
+/// The time of all that moves: it stands still but for this.
+class Arrival final : public QAnimationDriver {
+ public:
+  Arrival() { install(); }
+  ~Arrival() override { uninstall(); }
+
+  void complete() {
+    QCoreApplication::processEvents();  // begins and ends what moves
+    while (isRunning()) {
+      time += 1000;
+      advance();
+      QCoreApplication::processEvents();
+    }
+  }
+
+  qint64 elapsed() const override { return time; }
+
+ private:
+  qint64 time = 0;  // ms
+};
+
 /// The tuner in the state of a scene.
-class Stage {
+class Stage : private EngineOnFakes {
  public:
   explicit Stage(const Scene& scene) {
     engine->setInstrument(scene.instrument);
@@ -33,25 +52,21 @@ class Stage {
     if (scene.prompt) world.input->input = {};
     engine->start();
     if (scene.locked) engine->setLockedStringIndex(*scene.locked);
-    if (scene.cents) hear(*scene.cents);
+    if (scene.cents) hear(PitchDetector::Reading{frequencyOff(*scene.cents), 0.99, 0.05F});
   }
 
   TunerModel& tuner() { return model; }
 
  private:
-  void hear(double cents) {
+  /// Of the locked string, or else of the middle one.
+  double frequencyOff(double cents) const {
     const auto& strings = engine->tuning().strings;
     const auto middle = static_cast<std::int64_t>(strings.size() / 2);
     const auto string = static_cast<std::size_t>(engine->lockedStringIndex().value_or(middle));
     const std::int64_t midi = strings.empty() ? 70 : strings[string].midi;
-    const double frequency = targetFrequency(midi, engine->a4()) * std::exp2(cents / 1200.0);
-    ApplySink(engine, world.mainQueue).deliver(PitchDetector::Reading{frequency, 0.99, 0.05F});
-    world.mainQueue->runAll();
+    return targetFrequency(midi, engine->a4()) * std::exp2(cents / 1200.0);
   }
 
-  fakes::World world;
-  std::shared_ptr<TunerEngine> engine =
-      TunerEngine::create(world.platform(), PitchCapture::create(std::make_unique<InlineQueue>()));
   TunerModel model{engine, world.permission, world.urlOpener};
 };
 
@@ -70,7 +85,10 @@ class Shown {
     screen->show();
     // Where there is nothing to hover over: at the empty end of the menu bar.
     QCursor::setPos(screen->mapToGlobal(QPoint(screen->width() - 1, 0)));
-    if (!scene.keys.empty()) waitForKeyboard();
+    if (!scene.keys.empty()) {
+      screen->requestActivate();
+      require(eventually([this] { return screen->isActive(); }), "the window gets the keyboard");
+    }
     for (const int key : scene.keys) press(key);
   }
 
@@ -84,16 +102,6 @@ class Shown {
     QFont unfitted = font;
     unfitted.setHintingPreference(QFont::PreferNoHinting);
     QGuiApplication::setFont(unfitted);
-  }
-
-  void waitForKeyboard() {
-    screen->requestActivate();
-    QElapsedTimer waiting;
-    waiting.start();
-    while (!screen->isActive() && waiting.elapsed() < 10000) {
-      QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-    }
-    require(screen->isActive(), "the window gets the keyboard");
   }
 
   void press(int key) {
@@ -160,24 +168,24 @@ QColor colorAt(const QImage& picture, const QQuickItem& item, double x, double y
                             static_cast<int>(std::floor(place.y())));
 }
 
-/// The picture that no longer changes.
+/// The picture once everything that moves has arrived.
 QImage atRest(QQuickWindow& window) {
-  QElapsedTimer sinceChange;
-  sinceChange.start();
-  QImage last = window.grabWindow();
-  while (sinceChange.elapsed() < 200) {
-    QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-    const QImage next = window.grabWindow();
-    if (next != last) sinceChange.restart();
+  static Arrival arrival;
+  QImage last;
+  QImage next = window.grabWindow();
+  while (next != last) {
     last = next;
+    arrival.complete();
+    next = window.grabWindow();
   }
   return last;
 }
 
 bool isFar(QRgb a, QRgb b) {
-  return std::abs(qRed(a) - qRed(b)) > channelStep ||
-         std::abs(qGreen(a) - qGreen(b)) > channelStep ||
-         std::abs(qBlue(a) - qBlue(b)) > channelStep;
+  constexpr int channelStep = 24;
+  return std::abs(qRed(a) - qRed(b)) >= channelStep ||
+         std::abs(qGreen(a) - qGreen(b)) >= channelStep ||
+         std::abs(qBlue(a) - qBlue(b)) >= channelStep;
 }
 
 }  // namespace
@@ -249,58 +257,14 @@ std::vector<QString> cutTextsOf(const Scene& scene) {
   return cut;
 }
 
-QImage contactSheet(const std::vector<Scene>& all) {
-  constexpr int columns = 8;
-  constexpr QSize cell(300, 460);
-  const int rows = (static_cast<int>(all.size()) + columns - 1) / columns;
-  QImage sheet(columns * cell.width(), rows * cell.height(), QImage::Format_RGB32);
-  sheet.fill(QColor(40, 40, 44));
-  QPainter painter(&sheet);
-  painter.setPen(Qt::white);
-  for (std::size_t i = 0; i < all.size(); ++i) {
-    const int at = static_cast<int>(i);
-    const QPoint corner(at % columns * cell.width(), at / columns * cell.height());
-    const QImage shown =
-        picture(all[i]).scaled(cell - QSize(20, 40), Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    painter.drawImage(corner + QPoint(10, 30), shown);
-    painter.drawText(corner + QPoint(10, 20), all[i].name);
-  }
-  return sheet;
-}
-
-QImage scalesSheet(const QString& folder) {
-  // From the upper edge of the string row to the play button, in points.
-  constexpr QRectF part(18, 600, 444, 160);
-  const QStringList scales = QDir(folder).entryList({"x*"}, QDir::Dirs, QDir::Name);
-  std::vector<QImage> parts;
-  int height = 0;
-  for (const QString& scale : scales) {
-    const double factor = scale.mid(1).toDouble();
-    const QImage whole(folder + "/" + scale + "/guitar-480x860-flat.png");
-    parts.push_back(whole.copy(QRectF(part.topLeft() * factor, part.size() * factor).toRect()));
-    height += parts.back().height() + 30;
-  }
-  QImage sheet(static_cast<int>(part.width() * 3.0) + 20, height + 10, QImage::Format_RGB32);
-  sheet.fill(QColor(40, 40, 44));
-  QPainter painter(&sheet);
-  painter.setPen(Qt::white);
-  int y = 0;
-  for (std::size_t i = 0; i < parts.size(); ++i) {
-    parts[i].setDevicePixelRatio(1.0);
-    painter.drawText(10, y + 22, scales[static_cast<qsizetype>(i)]);
-    painter.drawImage(10, y + 30, parts[i]);
-    y += parts[i].height() + 30;
-  }
-  return sheet;
-}
-
-double difference(const QImage& a, const QImage& b) {
-  if (a.size() != b.size()) return 1.0;
-  qsizetype far = 0;
+int differentPixels(const QImage& a, const QImage& b) {
+  if (a == b) return 0;
+  if (a.size() != b.size()) return std::max(a.width() * a.height(), b.width() * b.height());
+  int different = 0;
   for (int y = 0; y < a.height(); ++y) {
-    for (int x = 0; x < a.width(); ++x) far += isFar(a.pixel(x, y), b.pixel(x, y)) ? 1 : 0;
+    for (int x = 0; x < a.width(); ++x) different += isFar(a.pixel(x, y), b.pixel(x, y)) ? 1 : 0;
   }
-  return static_cast<double>(far) / (static_cast<double>(a.width()) * a.height());
+  return different;
 }
 
 }  // namespace corvane::sheet

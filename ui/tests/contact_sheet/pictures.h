@@ -30,20 +30,9 @@ std::vector<MarkSeen> marksOf(const Scene& scene);
 /// The texts of which not all is to be seen.
 std::vector<QString> cutTextsOf(const Scene& scene);
 
-/// All pictures side by side, made smaller, under their names.
-QImage contactSheet(const std::vector<Scene>& scenes);
-
-/// The same part of the screen from each of the folders for scale factors in `folder`, pixel for
-/// pixel.
-QImage scalesSheet(const QString& folder);
-
-/// How far apart two pictures are: the share of pixels of which a channel differs by more than
-/// `channelStep`; 1 when the sizes differ.
-double difference(const QImage& a, const QImage& b);
-
-/// Text is drawn by the font library, whose versions differ in the last steps of a grey.
-inline constexpr int channelStep = 24;
-/// Five pixels in ten thousand, the edge of one letter: a text that moves by a pixel is more.
-inline constexpr double tolerance = 0.0005;
+/// How many pixels have a channel that differs by 24 steps of 255 or more, or all where the sizes
+/// differ. The first big note that is drawn differs from the next
+/// ones by up to 19.
+int differentPixels(const QImage& a, const QImage& b);
 
 }  // namespace corvane::sheet
