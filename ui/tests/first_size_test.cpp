@@ -9,42 +9,24 @@
 namespace corvane {
 namespace {
 
-class FirstSizeTest : public testing::Test {
- protected:
-  int heightFitted(int height, int minimum) {
-    window.setMinimumHeight(minimum);
-    window.resize(480, height);
-    fitToScreen(window);
-    return window.height();
-  }
-
-  int argc = 1;
-  char name[5] = "test";
-  char* argv[2] = {name, nullptr};
-  QGuiApplication app{argc, argv};
+/// A window of this size on the screen, which is not made smaller than `minimum`.
+QSize fitted(QSize size, QSize minimum = {}) {
   QWindow window;
-  QSize available = QGuiApplication::primaryScreen()->availableGeometry().size();
-  int room = available.height() - titleBarHeight;
-};
-
-TEST_F(FirstSizeTest, AWindowThatFitsKeepsItsHeight) {
-  EXPECT_EQ(heightFitted(room - 1, 100), room - 1);
-  EXPECT_EQ(window.width(), 480);
-}
-
-TEST_F(FirstSizeTest, AWindowThatIsTooHighIsAsHighAsTheScreenAllows) {
-  EXPECT_EQ(heightFitted(room + 88, room - 92), room);
-  EXPECT_EQ(window.width(), 480);
-}
-
-TEST_F(FirstSizeTest, AWindowThatIsTooWideIsAsWideAsTheScreen) {
-  window.resize(available.width() + 100, 100);
+  window.setMinimumSize(minimum);
+  window.resize(size);
   fitToScreen(window);
-  EXPECT_EQ(window.width(), available.width());
+  return window.size();
 }
 
-TEST_F(FirstSizeTest, AWindowIsNeverLowerThanItsMinimum) {
-  EXPECT_EQ(heightFitted(room + 188, room + 8), room + 8);
+TEST(FirstSize, IsNoLargerThanTheScreenAndNoSmallerThanTheMinimum) {
+  const QSize available = QGuiApplication::primaryScreen()->availableGeometry().size();
+  const QSize room(available.width(), available.height() - titleBarHeight);
+  const QSize smaller = room - QSize(1, 1);
+  const QSize larger = room + QSize(100, 88);
+  EXPECT_EQ(fitted({480, 100}), QSize(480, 100));
+  EXPECT_EQ(fitted(smaller), smaller);
+  EXPECT_EQ(fitted(larger, smaller), room);
+  EXPECT_EQ(fitted(larger, larger), larger);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "ui/menu_model.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace corvane {
@@ -18,73 +19,56 @@ class MenuModelTest : public testing::Test {
   int resets = 0;
 };
 
-TEST_F(MenuModelTest, ShowsWhatAnEntryIsMadeOf) {
+TEST_F(MenuModelTest, IsAListOfEntriesWithNamedRoles) {
   const QModelIndex second = menu.index(1);
-  EXPECT_EQ(menu.data(second, MenuModel::Heading), "New");
-  EXPECT_EQ(menu.data(second, MenuModel::Title), "Two");
-  EXPECT_EQ(menu.data(second, MenuModel::Value), "2");
-  EXPECT_EQ(menu.data(second, MenuModel::Chosen), true);
-  EXPECT_FALSE(menu.data(second, Qt::DecorationRole).isValid());
-}
-
-TEST_F(MenuModelTest, NamesItsRolesForTheScreen) {
-  const auto names = menu.roleNames();
-  EXPECT_EQ(names[MenuModel::Heading], "heading");
-  EXPECT_EQ(names[MenuModel::Title], "title");
-  EXPECT_EQ(names[MenuModel::Value], "value");
-  EXPECT_EQ(names[MenuModel::Chosen], "chosen");
-}
-
-TEST_F(MenuModelTest, IsAListWithoutBranches) {
-  EXPECT_EQ(menu.rowCount(), 2);
-  EXPECT_EQ(menu.rowCount(menu.index(0)), 0);
-}
-
-TEST_F(MenuModelTest, OnlyTheFirstEntryOfASectionHasAHeading) {
-  menu.setEntries({{"A", "One", "1"}, {"A", "Two", "2"}, {"B", "Three", "3"}, {"A", "Four", "4"}});
-  std::vector<QString> headings;
-  for (int row = 0; row < menu.rowCount(); ++row) {
-    headings.push_back(menu.data(menu.index(row), MenuModel::Heading).toString());
+  EXPECT_THAT(menu.roleNames(), testing::SizeIs(4));
+  for (const auto& [role, name, value] :
+       {std::tuple(MenuModel::Heading, "heading", QVariant("New")),
+        {MenuModel::Title, "title", "Two"},
+        {MenuModel::Value, "value", "2"},
+        {MenuModel::Chosen, "chosen", true}}) {
+    EXPECT_EQ(menu.roleNames()[role], name);
+    EXPECT_EQ(menu.data(second, role), value) << name;
   }
-  EXPECT_EQ(headings, (std::vector<QString>{"A", "", "B", "A"}));
+  EXPECT_EQ(menu.rowCount(), 2);
+  EXPECT_EQ(menu.rowCount(second), 0);
 }
 
-TEST_F(MenuModelTest, FindsTheChosenRow) {
-  EXPECT_EQ(menu.chosenRow(), 1);
-  menu.setEntries({{"Old", "One", "1", false}});
-  EXPECT_EQ(menu.chosenRow(), -1);
+TEST_F(MenuModelTest, HoldsNothingOutsideItsRowsAndRoles) {
+  EXPECT_FALSE(menu.data(menu.index(1), Qt::DecorationRole).isValid());
+  EXPECT_EQ(menu.valueAt(1), "2");
+  EXPECT_EQ(menu.valueAt(-1), "");
+  EXPECT_EQ(menu.valueAt(2), "");
+}
+
+TEST_F(MenuModelTest, HeadsOnlyTheFirstEntryOfASection) {
+  menu.setEntries({{"A", "One", "1"}, {"A", "Two", "2"}, {"B", "Three", "3"}, {"A", "Four", "4"}});
+  QStringList headings;
+  for (int row = 0; row < menu.rowCount(); ++row) {
+    headings += menu.data(menu.index(row), MenuModel::Heading).toString();
+  }
+  EXPECT_EQ(headings, QStringList({"A", "", "B", "A"}));
 }
 
 TEST_F(MenuModelTest, FindsTheNextRowThatStartsWithALetterRoundAndRound) {
   menu.setEntries({{"", "Drop D", "1"}, {"", "Standard", "2"}, {"", "DADGAD", "3"}});
-  EXPECT_EQ(menu.rowStartingWith("d", -1), 0);
-  EXPECT_EQ(menu.rowStartingWith("d", 0), 2);
-  EXPECT_EQ(menu.rowStartingWith("D", 2), 0);
-  EXPECT_EQ(menu.rowStartingWith("s", 1), 1);
-  EXPECT_EQ(menu.rowStartingWith("x", 1), -1);
-  EXPECT_EQ(menu.rowStartingWith("", 1), -1);
+  for (const auto& [text, from, found] :
+       {std::tuple("d", -1, 0), {"d", 0, 2}, {"D", 2, 0}, {"s", 1, 1}, {"x", 1, -1}, {"", 1, -1}}) {
+    EXPECT_EQ(menu.rowStartingWith(text, from), found) << text << from;
+  }
   menu.setEntries({});
   EXPECT_EQ(menu.rowStartingWith("d", -1), -1);
 }
 
-TEST_F(MenuModelTest, HasNothingOutsideItsRows) {
-  EXPECT_EQ(menu.valueAt(1), "2");
-  for (const int row : {-1, 2}) {
-    EXPECT_TRUE(menu.valueAt(row).isEmpty());
-  }
-}
-
-TEST_F(MenuModelTest, TellsOfNewEntriesOnce) {
-  menu.setEntries({{"Old", "One", "1", true}, {"New", "Two", "2", false}});
-  EXPECT_EQ(changes, 1);
-  EXPECT_EQ(resets, 1);
-  EXPECT_EQ(menu.chosenRow(), 0);
-}
-
-TEST_F(MenuModelTest, IsSilentWhenNothingChanged) {
+TEST_F(MenuModelTest, ReportsOnlyEntriesThatDiffer) {
   menu.setEntries({{"Old", "One", "1", false}, {"New", "Two", "2", true}});
-  EXPECT_EQ(changes, 0);
-  EXPECT_EQ(resets, 0);
+  EXPECT_EQ(std::pair(changes, resets), std::pair(0, 0));
+  EXPECT_EQ(menu.chosenRow(), 1);
+  menu.setEntries({{"Old", "One", "1", true}, {"New", "Two", "2", false}});
+  EXPECT_EQ(std::pair(changes, resets), std::pair(1, 1));
+  EXPECT_EQ(menu.chosenRow(), 0);
+  menu.setEntries({{"Old", "One", "1", false}});
+  EXPECT_EQ(menu.chosenRow(), -1);
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 namespace corvane {
 namespace {
 
+using testing::ElementsAre;
 using Entry = MenuModel::Entry;
 
 std::vector<std::string> sectionsOf(const std::vector<Entry>& entries) {
@@ -19,55 +20,46 @@ std::vector<std::string> sectionsOf(const std::vector<Entry>& entries) {
   return sections;
 }
 
-std::vector<std::string> valuesOf(const std::vector<Entry>& entries) {
-  std::vector<std::string> values;
-  for (const Entry& entry : entries) values.push_back(entry.value.toStdString());
-  return values;
-}
-
-TEST(TuningEntries, StandInOneSectionAGroup) {
+TEST(TuningEntries, GroupTheTuningsInTheOrderOfTheirFirst) {
   EXPECT_THAT(sectionsOf(tuningEntries(Instrument::guitar, "")),
-              testing::ElementsAre("6-string", "Open and alternate", "Baritone", "7-string",
-                                   "8-string", "12-string"));
+              ElementsAre("6-string", "Open and alternate", "Baritone", "7-string", "8-string",
+                          "12-string"));
+  EXPECT_THAT(sectionsOf(tuningEntries(Instrument::bass, "")),
+              ElementsAre("4-string", "5-string", "6-string"));
+  EXPECT_THAT(sectionsOf(tuningEntries(Instrument::piano, "")), ElementsAre("Piano"));
 }
 
-TEST(TuningEntries, AreAllTuningsOfTheInstrumentByNameAndId) {
-  const auto entries = tuningEntries(Instrument::bass, "");
-  ASSERT_EQ(entries.size(), TuningLibrary::bass().size());
-  EXPECT_EQ(entries.front(), (Entry{"4-string", "4-string standard", "b4-standard", false}));
-  EXPECT_EQ(entries.back(), (Entry{"6-string", "6-string standard", "b6-standard", false}));
-}
-
-TEST(TuningEntries, OnlyTheCurrentTuningIsChosen) {
-  for (const Entry& entry : tuningEntries(Instrument::guitar, "g6-dadgad")) {
-    EXPECT_EQ(entry.chosen, entry.value == "g6-dadgad") << entry.title.toStdString();
+TEST(TuningEntries, AreEveryTuningInItsGroupInTheLibrarysOrder) {
+  for (const Instrument instrument : allInstruments) {
+    const auto entries = tuningEntries(instrument, "g6-dadgad");
+    std::vector<Entry> expected;
+    for (const std::string& section : sectionsOf(entries)) {
+      for (const Tuning& tuning : TuningLibrary::tunings(instrument)) {
+        if (tuning.group != section) continue;
+        expected.push_back(
+            {section.c_str(), tuning.name.c_str(), tuning.id.c_str(), tuning.id == "g6-dadgad"});
+      }
+    }
+    EXPECT_TRUE(entries == expected) << rawValue(instrument);
+    EXPECT_EQ(entries.size(), TuningLibrary::tunings(instrument).size());
   }
 }
 
-TEST(ConcertPitchEntries, OlderPitchesComeBeforeModernOnes) {
-  EXPECT_THAT(sectionsOf(concertPitchEntries()), testing::ElementsAre("Older pitches", "Modern"));
-}
-
-TEST(ConcertPitchEntries, AreEveryPresetInItsOwnOrder) {
-  EXPECT_THAT(valuesOf(concertPitchEntries()),
-              testing::ElementsAre("377", "392", "415", "422", "430", "432", "435", "440", "442",
-                                   "466", "560"));
-}
-
-TEST(ConcertPitchEntries, TheModernSectionStartsAt440) {
-  for (const Entry& entry : concertPitchEntries()) {
-    EXPECT_EQ(entry.section == "Modern", entry.value.toInt() >= 440) << entry.title.toStdString();
-  }
-}
-
-TEST(ConcertPitchEntries, ShowTheTitleOfThePreset) {
+TEST(ConcertPitchEntries, AreOlderPitchesBelow440AndThenModernOnes) {
   const auto entries = concertPitchEntries();
+  EXPECT_THAT(sectionsOf(entries), ElementsAre("Older pitches", "Modern"));
+  std::vector<int> hertz;
+  for (const Entry& entry : entries) {
+    hertz.push_back(entry.value.toInt());
+    EXPECT_EQ(entry.section == "Modern", hertz.back() >= 440) << hertz.back();
+  }
+  EXPECT_THAT(hertz, ElementsAre(377, 392, 415, 422, 430, 432, 435, 440, 442, 466, 560));
   EXPECT_EQ(entries[2].title, "415  Baroque");
   EXPECT_EQ(entries[5].title, "432");
 }
 
 TEST(HelpEntries, AreThePrivacyPolicyAlone) {
-  EXPECT_THAT(helpEntries(), testing::ElementsAre(Entry{"", "Privacy Policy", "", false}));
+  EXPECT_THAT(helpEntries(), ElementsAre(Entry{"", "Privacy Policy", "", false}));
 }
 
 }  // namespace

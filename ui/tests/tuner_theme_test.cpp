@@ -14,7 +14,7 @@ void expectColor(const QColor& color, float red, float green, float blue, float 
   EXPECT_NEAR(color.alphaF(), opacity, step);
 }
 
-TEST(TunerTheme, HasSevenColours) {
+TEST(TunerTheme, HasTheColoursOfTheDesign) {
   expectColor(TunerTheme::bg, 0.06F, 0.07F, 0.09F, 1.0F);
   expectColor(TunerTheme::card, 0.12F, 0.13F, 0.16F, 1.0F);
   expectColor(TunerTheme::muted, 1.0F, 1.0F, 1.0F, 0.55F);
@@ -22,25 +22,25 @@ TEST(TunerTheme, HasSevenColours) {
   expectColor(TunerTheme::gold, 0.93F, 0.74F, 0.32F, 1.0F);
   expectColor(TunerTheme::green, 0.29F, 0.86F, 0.56F, 1.0F);
   expectColor(TunerTheme::sharp, 0.45F, 0.70F, 1.0F, 1.0F);
-}
-
-TEST(Shades, OfChosenChipsOutlinesAndCapsulesAreThoseOfTheDesign) {
   expectColor(Shades::chosen, 0.93F, 0.74F, 0.32F, 0.22F);
-  expectColor(Shades::outline, 1.0F, 1.0F, 1.0F, 0.08F);
-  expectColor(Shades::capsule, 1.0F, 1.0F, 1.0F, 0.06F);
+  for (const auto& [shade, opacity] : {std::pair(Shades::track, 0.08F),
+                                       {Shades::outline, 0.08F},
+                                       {Shades::capsule, 0.06F},
+                                       {Shades::raised, 0.2F},
+                                       {Shades::off, 0.16F},
+                                       {Shades::highlight, 0.1F},
+                                       {Shades::held, 0.16F},
+                                       {Shades::unavailable, 0.3F},
+                                       {Shades::line, 0.14F}}) {
+    expectColor(shade, 1.0F, 1.0F, 1.0F, opacity);
+  }
+  expectColor(Shades::menu, 0.15F, 0.1625F, 0.2F, 1.0F);
 }
 
-TEST(NeedleColor, IsMutedWhileNothingIsHeard) {
+TEST(NeedleColor, IsMutedWhileNothingIsHeardAndElseShowsTheVerdict) {
   EXPECT_EQ(needleColor(false, true, 37.0), TunerTheme::muted);
-}
-
-TEST(NeedleColor, IsGreenInTune) {
   EXPECT_EQ(needleColor(true, true, 3.0), TunerTheme::green);
-}
-
-TEST(NeedleColor, TellsFlatFromSharp) {
   EXPECT_EQ(needleColor(true, false, -12.34), TunerTheme::flat);
-  EXPECT_EQ(needleColor(true, false, 12.34), TunerTheme::sharp);
 }
 
 TEST(NeedleColor, IsSharpAtExactlyZeroWhenNotInTune) {

@@ -2,21 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include <QElapsedTimer>
-#include <QGuiApplication>
 #include <QImage>
 #include <QQuickWindow>
 
+#include "tests/support/eventually.h"
 #include "ui/continuous_rectangle.h"
 
 namespace corvane {
 namespace {
-
-/// Makes the program draw as the tuner does before there is a window.
-class Software {
- public:
-  Software() { QQuickWindow::setGraphicsApi(QSGRendererInterface::Software); }
-};
 
 class VectorItemTest : public testing::Test {
  protected:
@@ -26,52 +19,37 @@ class VectorItemTest : public testing::Test {
     area.setPosition({50, 50});
     area.setSize({100, 100});
     area.setClip(true);
-    item.setProperty("color", QColor(Qt::white));
-    item.setSize({60, 40});
     window.show();
   }
 
-  /// The window with the item at this height in the area that clips it.
-  QImage paintedAt(double y) {
+  /// How many pixels are not as black as the ground, inside and outside of the area, with a
+  /// rectangle of 60 x 40 at this height in it.
+  std::pair<int, int> inkInsideAndOutside(double y) {
+    ContinuousRectangle item(&area);
+    item.setProperty("color", QColor(Qt::white));
+    item.setSize({60, 40});
     item.setY(y);
-    return window.grabWindow();
+    const QImage image = window.grabWindow();
+    std::pair<int, int> ink = {0, 0};
+    for (int row = 0; row < image.height(); ++row) {
+      for (int x = 0; x < image.width(); ++x) {
+        if (qGray(image.pixel(x, row)) == 0) continue;
+        ++(QRect(50, 50, 100, 100).contains(x, row) ? ink.first : ink.second);
+      }
+    }
+    return ink;
   }
 
-  int argc = 1;
-  char name[5] = "test";
-  char* argv[2] = {name, nullptr};
-  Software software;
-  QGuiApplication app{argc, argv};
   QQuickWindow window;
   QQuickItem area{window.contentItem()};
-  ContinuousRectangle item{&area};
 };
 
-/// How many pixels are not as black as the ground, inside and outside of the clipping area.
-std::pair<int, int> inkInsideAndOutside(const QImage& image) {
-  std::pair<int, int> ink = {0, 0};
-  for (int y = 0; y < image.height(); ++y) {
-    for (int x = 0; x < image.width(); ++x) {
-      if (qGray(image.pixel(x, y)) == 0) continue;
-      ++(QRect(50, 50, 100, 100).contains(x, y) ? ink.first : ink.second);
-    }
+TEST_F(VectorItemTest, IsPaintedWhereItIsAndCutByWhatClipsIt) {
+  for (const auto& [y, height] : {std::pair(30, 40), {80, 20}, {-30, 10}, {-45, 0}, {105, 0}}) {
+    EXPECT_EQ(inkInsideAndOutside(y), std::pair(60 * height, 0)) << y;
   }
-  return ink;
-}
-
-TEST_F(VectorItemTest, IsPaintedWhereItIs) {
-  EXPECT_EQ(inkInsideAndOutside(paintedAt(30)), std::pair(60 * 40, 0));
-}
-
-TEST_F(VectorItemTest, IsCutAtTheEdgeOfWhatClipsIt) {
-  EXPECT_EQ(inkInsideAndOutside(paintedAt(80)), std::pair(60 * 20, 0));
-  EXPECT_EQ(inkInsideAndOutside(paintedAt(-30)), std::pair(60 * 10, 0));
-}
-
-TEST_F(VectorItemTest, IsNotPaintedOutsideOfWhatClipsIt) {
-  for (const double y : {-45.0, 105.0}) {
-    EXPECT_EQ(inkInsideAndOutside(paintedAt(y)), std::pair(0, 0)) << y;
-  }
+  area.setClip(false);
+  EXPECT_EQ(inkInsideAndOutside(105), std::pair(0, 60 * 40));
 }
 
 /// Counts how often it is painted.
@@ -87,7 +65,7 @@ class Probe : public VectorItem {
   mutable int paintings = 0;
 };
 
-TEST_F(VectorItemTest, WhatDoesNotTouchWhatMovesIsNotPaintedAgain) {
+TEST_F(VectorItemTest, IsNotPaintedAgainWhereNothingMoves) {
   const Probe far(window.contentItem(), {0, 0});
   const Probe near(window.contentItem(), {150, 180});
   Probe moving(window.contentItem(), {155, 175});
@@ -96,19 +74,8 @@ TEST_F(VectorItemTest, WhatDoesNotTouchWhatMovesIsNotPaintedAgain) {
   ASSERT_GT(painted, 0);
   const int paintedNear = near.paintings;
   moving.setX(158);
-  int frames = 0;
-  QObject::connect(&window, &QQuickWindow::afterRendering, [&] { ++frames; });
-  QElapsedTimer waited;
-  waited.start();
-  while (frames == 0 && waited.elapsed() < 5000) QCoreApplication::processEvents();
-  ASSERT_GT(frames, 0);
-  EXPECT_GT(near.paintings, paintedNear);
+  EXPECT_TRUE(eventually([&] { return near.paintings > paintedNear; }));
   EXPECT_EQ(far.paintings, painted);
-}
-
-TEST_F(VectorItemTest, WithoutAClipItIsPaintedOutsideOfItsParent) {
-  area.setClip(false);
-  EXPECT_EQ(inkInsideAndOutside(paintedAt(105)), std::pair(0, 60 * 40));
 }
 
 }  // namespace
