@@ -3,50 +3,40 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
 #include <QThread>
+#include <atomic>
 #include <thread>
 #include <vector>
+
+#include "tests/support/allocation_count.h"
+#include "tests/support/eventually.h"
 
 namespace corvane {
 namespace {
 
-class QtMainQueueTest : public testing::Test {
- protected:
-  int argc = 0;
-  QCoreApplication app{argc, nullptr};
-  std::shared_ptr<QtMainQueue> queue = std::make_shared<QtMainQueue>();
-};
-
-TEST_F(QtMainQueueTest, RunsJobsOfAnyThreadOnTheMainThreadInTheirOrder) {
+TEST(QtMainQueue, RunsJobsOfAnyThreadLaterOnTheMainThreadInTheirOrder) {
+  QtMainQueue queue;
   std::vector<int> ran;
   std::vector<QThread*> threads;
-  std::thread other([&] {
-    for (int i = 0; i < 3; ++i) {
-      queue->async([&, i] {
+  const auto submitTwo = [&] {
+    for (int i = 0; i < 2; ++i) {
+      queue.async([&, i] {
         ran.push_back(i);
         threads.push_back(QThread::currentThread());
       });
     }
-  });
-  other.join();
+  };
+  std::thread(submitTwo).join();
+  submitTwo();
   EXPECT_TRUE(ran.empty());
   QCoreApplication::processEvents();
-  EXPECT_THAT(ran, testing::ElementsAre(0, 1, 2));
-  EXPECT_THAT(threads, testing::Each(app.thread()));
+  EXPECT_THAT(ran, testing::ElementsAre(0, 1, 0, 1));
+  EXPECT_THAT(threads, testing::Each(QCoreApplication::instance()->thread()));
 }
 
-TEST_F(QtMainQueueTest, NeverRunsAJobWithinTheCallThatSubmitsIt) {
-  bool ran = false;
-  queue->async([&] { ran = true; });
-  EXPECT_FALSE(ran);
-  QCoreApplication::processEvents();
-  EXPECT_TRUE(ran);
-}
-
-TEST_F(QtMainQueueTest, ReleasedLastByAnotherThreadItRunsNothingMore) {
+TEST(QtMainQueue, ReleasedLastByAnotherThreadItRunsNothingMore) {
   int ran = 0;
-  std::thread other([&ran, last = std::move(queue)]() mutable {
+  std::thread other([&ran, last = std::make_shared<QtMainQueue>()]() mutable {
     last->async([&ran] { ++ran; });
     last.reset();
   });
@@ -54,6 +44,30 @@ TEST_F(QtMainQueueTest, ReleasedLastByAnotherThreadItRunsNothingMore) {
   QCoreApplication::processEvents();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_EQ(ran, 0);
+}
+
+TEST(QtMainQueue, NoJobAfterTheFirstAllocatesOnTheThreadThatSubmitsIt) {
+  QtMainQueue queue;
+  constexpr int jobs = 100;
+  std::atomic<int> ran = 0;
+  std::size_t allocations = jobs;
+  std::thread detection([&] {
+    std::size_t afterTheFirst = 0;
+    for (int job = 0; job < jobs; ++job) {
+      queue.async([&ran] {
+        ++ran;
+        ran.notify_one();
+      });
+      if (job == 0) afterTheFirst = allocationsOfThisThread();
+      ran.wait(job);
+    }
+    allocations = allocationsOfThisThread() - afterTheFirst;
+  });
+  EXPECT_TRUE(eventually([&] { return ran == jobs; }));
+  ran = jobs;  // Or the thread would wait for ever.
+  ran.notify_one();
+  detection.join();
+  EXPECT_EQ(allocations, 0U);
 }
 
 }  // namespace

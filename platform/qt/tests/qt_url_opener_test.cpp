@@ -16,42 +16,32 @@ namespace {
 class Desktop : public QObject {
   Q_OBJECT
  public:
-  explicit Desktop(const char* handled) : scheme(handled) {
-    QDesktopServices::setUrlHandler(scheme, this, "open");
+  Desktop() {
+    for (const QString& scheme : schemes) QDesktopServices::setUrlHandler(scheme, this, "open");
   }
-  ~Desktop() override { QDesktopServices::unsetUrlHandler(scheme); }
+  ~Desktop() override {
+    for (const QString& scheme : schemes) QDesktopServices::unsetUrlHandler(scheme);
+  }
 
   Q_INVOKABLE void open(const QUrl& url) { opened.push_back(url.toString().toStdString()); }
 
   std::vector<std::string> opened;
 
  private:
-  QString scheme;
+  const QStringList schemes = {"https", "http", "file", "x-unknown-settings"};
 };
 
-TEST(QtUrlOpener, OpensAWebPage) {
-  Desktop desktop("https");
-  EXPECT_TRUE(QtUrlOpener().openURL("https://example.org/privacy.html"));
-  EXPECT_THAT(desktop.opened, testing::ElementsAre("https://example.org/privacy.html"));
-}
-
-TEST(QtUrlOpener, OpensAFile) {
-  Desktop desktop("file");
-  EXPECT_TRUE(QtUrlOpener().openURL("file:///usr/share/doc/corvane/privacy.html"));
-  EXPECT_EQ(desktop.opened.size(), 1U);
-}
-
-TEST(QtUrlOpener, DeclinesAnAddressThatDoesNotParse) {
-  Desktop desktop("https");
-  EXPECT_FALSE(QtUrlOpener().openURL("https://a b"));
-  EXPECT_FALSE(QtUrlOpener().openURL(""));
-  EXPECT_TRUE(desktop.opened.empty());
-}
-
-TEST(QtUrlOpener, DeclinesASchemeThatThisDesktopHasNoProgramFor) {
-  Desktop desktop("x-unknown-settings");
-  EXPECT_FALSE(QtUrlOpener().openURL("x-unknown-settings:privacy"));
-  EXPECT_TRUE(desktop.opened.empty());
+TEST(QtUrlOpener, OpensWebPagesAndFilesAndNothingElse) {
+  Desktop desktop;
+  for (const char* address : {"https://a b", "", "x-unknown-settings:privacy"}) {
+    EXPECT_FALSE(QtUrlOpener().openURL(address)) << address;
+  }
+  EXPECT_THAT(desktop.opened, testing::IsEmpty());
+  const std::vector<std::string> addresses = {"https://example.org/privacy.html",
+                                              "http://example.org/",
+                                              "file:///usr/share/doc/corvane/privacy.html"};
+  for (const std::string& address : addresses) EXPECT_TRUE(QtUrlOpener().openURL(address));
+  EXPECT_EQ(desktop.opened, addresses);
 }
 
 }  // namespace
