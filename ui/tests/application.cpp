@@ -1,5 +1,3 @@
-#include "ui/tests/application.h"
-
 #include <gtest/gtest.h>
 
 #include <QGuiApplication>
@@ -11,7 +9,6 @@ namespace {
 
 /// The application of all tests in this program: without a display, but drawn as the tuner is.
 class Application final : public testing::Environment {
- public:
   void SetUp() override {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
@@ -20,20 +17,14 @@ class Application final : public testing::Environment {
   }
   void TearDown() override { app.reset(); }
 
- private:
   int argc = 1;
   char name[8] = "ui_test";
   char* argv[2] = {name, nullptr};
   std::unique_ptr<QGuiApplication> app;
 };
 
-testing::Environment* const application = testing::AddGlobalTestEnvironment(new Application);
+[[maybe_unused]] testing::Environment* const application =
+    testing::AddGlobalTestEnvironment(new Application);
 
 }  // namespace
-
-void restartApplication() {
-  application->TearDown();
-  application->SetUp();
-}
-
 }  // namespace corvane

@@ -7,7 +7,6 @@
 #include <QWindow>
 
 #include "tests/support/eventually.h"
-#include "ui/tests/application.h"
 #include "ui/tests/engine_on_fakes.h"
 #include "ui/tuner_model.h"
 
@@ -94,20 +93,22 @@ TEST_F(SpokenTest, ChangesTheMetersWordsTwiceASecondAtMost) {
   EXPECT_GE(std::chrono::steady_clock::now() - begun, std::chrono::milliseconds(3 * 500 - 1));
 }
 
-/// The window has not had the keyboard.
-class SpokenToAnotherProgram : public SpokenTest {
- protected:
-  static void SetUpTestSuite() { restartApplication(); }
-};
+using SpokenDeathTest = SpokenTest;
 
-TEST_F(SpokenToAnotherProgram, SaysNothingUntilTheWindowIsActive) {
-  QAccessible::setActive(true);
-  // A problem would be said at once, before the words of the meters change.
-  loseTheMicrophone();
-  EXPECT_TRUE(eventually([this] { return wordChanges > 0; }));
-  EXPECT_THAT(said, testing::IsEmpty());
-  goToTheWindow();
-  EXPECT_EQ(saidNext(), "No microphone is available.");
+TEST_F(SpokenDeathTest, SaysNothingUntilTheWindowIsActive) {
+  // In a program of its own, no window of which has been active.
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const auto test = [this] {
+    QAccessible::setActive(true);
+    // A problem would be said at once, before the words of the meters change.
+    loseTheMicrophone();
+    EXPECT_TRUE(eventually([this] { return wordChanges > 0; }));
+    EXPECT_THAT(said, testing::IsEmpty());
+    goToTheWindow();
+    EXPECT_EQ(saidNext(), "No microphone is available.");
+    std::_Exit(HasFailure() ? 1 : 0);
+  };
+  EXPECT_EXIT(test(), testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

@@ -96,6 +96,18 @@ class Shown {
 
   QQuickWindow& window() { return *screen; }
 
+  /// The picture once everything that moves has arrived.
+  QImage atRest() {
+    QImage last;
+    QImage next = screen->grabWindow();
+    while (next != last) {
+      last = next;
+      arrival.complete();
+      next = screen->grabWindow();
+    }
+    return last;
+  }
+
  private:
   /// As the program does it.
   void drawAsEnlarged() {
@@ -113,6 +125,7 @@ class Shown {
   }
 
   const QFont font = QGuiApplication::font();
+  Arrival arrival;
   Stage stage;
   QQmlApplicationEngine qml;
   QQuickWindow* screen = nullptr;
@@ -168,19 +181,6 @@ QColor colorAt(const QImage& picture, const QQuickItem& item, double x, double y
                             static_cast<int>(std::floor(place.y())));
 }
 
-/// The picture once everything that moves has arrived.
-QImage atRest(QQuickWindow& window) {
-  static Arrival arrival;
-  QImage last;
-  QImage next = window.grabWindow();
-  while (next != last) {
-    last = next;
-    arrival.complete();
-    next = window.grabWindow();
-  }
-  return last;
-}
-
 bool isFar(QRgb a, QRgb b) {
   constexpr int channelStep = 24;
   return std::abs(qRed(a) - qRed(b)) >= channelStep ||
@@ -192,12 +192,12 @@ bool isFar(QRgb a, QRgb b) {
 
 QImage picture(const Scene& scene) {
   Shown shown(scene);
-  return atRest(shown.window()).convertToFormat(QImage::Format_RGB32);
+  return shown.atRest().convertToFormat(QImage::Format_RGB32);
 }
 
 std::vector<TextSeen> textsOf(const Scene& scene) {
   Shown shown(scene);
-  atRest(shown.window());
+  shown.atRest();
   std::vector<TextSeen> texts;
   std::vector<QQuickItem*> items;
   for (QQuickItem* item : itemsInFront(shown.window())) {
@@ -207,7 +207,7 @@ std::vector<TextSeen> textsOf(const Scene& scene) {
     items.push_back(item);
   }
   for (QQuickItem* item : items) item->setOpacity(0.0);
-  const QImage ground = atRest(shown.window());
+  const QImage ground = shown.atRest();
   for (std::size_t i = 0; i < items.size(); ++i) {
     texts[i].ground = colorAt(ground, *items[i], items[i]->width() / 2, items[i]->height() / 2);
   }
@@ -216,7 +216,7 @@ std::vector<TextSeen> textsOf(const Scene& scene) {
 
 std::vector<MarkSeen> marksOf(const Scene& scene) {
   Shown shown(scene);
-  atRest(shown.window());
+  shown.atRest();
   auto items = itemsInFront(shown.window());
   for (QQuickItem* item : items) {
     if (isText(*item)) item->setOpacity(0.0);
