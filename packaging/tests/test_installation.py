@@ -59,61 +59,51 @@ class AnInstallation(unittest.TestCase):
             install("--prefix", "/somewhere", DESTDIR=gathered)
             self.assertEqual(files_below(pathlib.Path(gathered, "somewhere")), FILES)
 
-    def test_has_a_program_that_runs_where_it_was_put(self) -> None:
-        done = subprocess.run([self.prefix / "bin/corvane", "--version"], capture_output=True,
-                              text=True, check=True)
-        self.assertEqual(done.stdout, f"corvane {VERSION}\n")
-
-    def test_has_manual_pages_of_the_options_that_the_programs_tell(self) -> None:
+    def test_has_programs_that_run_and_manual_pages_of_the_options_that_they_tell(self) -> None:
+        self.assertEqual(self.output_of("corvane", "--version"), f"corvane {VERSION}\n")
         for name in ("corvane", "corvane-replay"):
             page = (self.share / f"man/man1/{name}.1").read_text(encoding="utf-8").replace("\\-", "-")
-            told = subprocess.run([self.prefix / "bin" / name, "--help"], capture_output=True,
-                                  text=True, check=True).stdout
-            self.assertEqual(options(page), options(told) | {"--help"}, name)
+            self.assertEqual(options(page), options(self.output_of(name, "--help")) | {"--help"}, name)
 
     def test_has_a_desktop_entry_that_names_its_program_and_its_icon(self) -> None:
-        entry = self.entry()
+        parser = configparser.ConfigParser(interpolation=None)
+        parser.optionxform = str  # the keys are case-sensitive
+        parser.read(self.share / f"applications/{ID}.desktop", encoding="utf-8")
+        entry = parser["Desktop Entry"]
         for key in ("Exec", "TryExec"):
             self.assertEqual(shutil.which(entry[key], path=self.prefix / "bin"),
                              str(self.prefix / "bin/corvane"))
-        self.assertEqual(entry["Icon"], ID)
-        self.assertEqual(entry["Categories"], "AudioVideo;Audio;Music;")
-        self.assertEqual(entry["Terminal"], "false")
+        expected = {"Name": "Corvane", "Icon": ID, "Categories": "AudioVideo;Audio;Music;",
+                    "Terminal": "false"}
+        self.assertEqual({key: entry[key] for key in expected}, expected)
         self.assertTrue(entry["Keywords"])
 
-    def test_has_a_metainfo_that_names_its_desktop_entry_and_its_program(self) -> None:
+    def test_has_a_metainfo_of_the_same_program_and_version_with_a_brief_summary(self) -> None:
         root = self.metainfo()
-        self.assertEqual(root.findtext("id"), ID)
-        self.assertEqual(root.findtext("launchable"), f"{ID}.desktop")
-        self.assertEqual(root.findtext("provides/binary"), "corvane")
-        self.assertEqual(root.findtext("name"), self.entry()["Name"])
+        expected = {"id": ID, "launchable": f"{ID}.desktop", "provides/binary": "corvane",
+                    "name": "Corvane"}
+        self.assertEqual({path: root.findtext(path) for path in expected}, expected)
         newest = root.find("releases/release").get("version")
         self.assertEqual(newest.removesuffix("~dev"), VERSION)
+        # As much as software centres have room for.
+        self.assertRegex(root.findtext("summary"), r"\A(?!A |An |The ).{9,34}[^.]\Z")
 
-    def test_introduces_itself_as_briefly_as_software_centres_have_room_for(self) -> None:
-        self.assertLessEqual(len(self.metainfo().findtext("name")), 15)
-        self.assertRegex(self.metainfo().findtext("summary"), r"\A(?!A |An |The ).{9,34}[^.]\Z")
-
-    def test_shows_screenshots_that_there_are(self) -> None:
+    def test_has_its_icon_in_every_size_and_shows_screenshots_that_there_are(self) -> None:
+        for size in ICON_SIZES:
+            icon = self.share / f"icons/hicolor/{size}x{size}/apps/{ID}.png"
+            self.assertEqual(size_of(icon), (size, size))
         shown = {image.text.rsplit("/", 1)[1]: (int(image.get("width")), int(image.get("height")))
                  for image in self.metainfo().iter("image")}
         there = {png.name: size_of(png) for png in (PACKAGING / "screenshots").glob("*.png")}
         self.assertEqual(shown, there)
         self.assertTrue(there)
 
-    def test_has_its_icon_in_every_size(self) -> None:
-        icons = self.share / "icons/hicolor"
-        for size in ICON_SIZES:
-            self.assertEqual(size_of(icons / f"{size}x{size}/apps/{ID}.png"), (size, size))
+    def output_of(self, program: str, option: str) -> str:
+        return subprocess.run([self.prefix / "bin" / program, option], capture_output=True,
+                              text=True, check=True).stdout
 
     def metainfo(self) -> ElementTree.Element:
         return ElementTree.parse(self.share / f"metainfo/{ID}.metainfo.xml").getroot()
-
-    def entry(self) -> configparser.SectionProxy:
-        parser = configparser.ConfigParser(interpolation=None)
-        parser.optionxform = str  # the keys are case-sensitive
-        parser.read(self.share / f"applications/{ID}.desktop", encoding="utf-8")
-        return parser["Desktop Entry"]
 
 
 if __name__ == "__main__":
