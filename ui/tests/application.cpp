@@ -10,6 +10,8 @@ namespace {
 /// The application of all tests in this program: without a display, but drawn as the tuner is.
 class Application final : public testing::Environment {
   void SetUp() override {
+    // A fork of a program with the toolkit's threads may hang: it starts anew instead.
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);

@@ -73,14 +73,5 @@ TEST(ContinuousRectangle, PaintsItsOutlineInsideItsNewSize) {
   EXPECT_EQ(image.pixelColor(40, 10).alpha(), 0);
 }
 
-TEST(ContinuousRectangle, ReportsANewShapeOnce) {
-  ContinuousRectangle item;
-  int changes = 0;
-  QObject::connect(&item, &ContinuousRectangle::shapeChanged, [&] { ++changes; });
-  item.setProperty("radius", 16.0);
-  item.setProperty("radius", 16.0);
-  EXPECT_EQ(changes, 1);
-}
-
 }  // namespace
 }  // namespace corvane

@@ -19,12 +19,9 @@ TEST(CentsText, HasARealMinusSignOrAPlusSign) {
   EXPECT_EQ(centsText(true, 3.0), "+3.0 ¢");
 }
 
-TEST(CentsText, HasNoSignAtExactlyZero) {
+TEST(CentsText, HasNoSignAtExactlyZeroAndTakesItBeforeRounding) {
   EXPECT_EQ(centsText(true, 0.0), "0.0 ¢");
   EXPECT_EQ(centsText(true, -0.0), "0.0 ¢");
-}
-
-TEST(CentsText, TakesTheSignBeforeRounding) {
   EXPECT_EQ(centsText(true, -0.04), "−0.0 ¢");
   EXPECT_EQ(centsText(true, 0.04), "+0.0 ¢");
 }
