@@ -73,6 +73,7 @@ TEST_F(SpokenTest, TakesBackWhatCanBeReadOnTheScreen) {
   QAccessible::setActive(true);
   loseTheMicrophone();
   EXPECT_EQ(saidNext(), "No microphone is available.");
+  EXPECT_EQ(spoken.announcement(), "No microphone is available.");  // for three seconds
   EXPECT_TRUE(eventually([this] { return spoken.announcement().isEmpty(); }));
 }
 
