@@ -33,6 +33,12 @@ MouseArea {
 
     Keys.onEscapePressed: dismissed(Qt.TabFocusReason)
     Keys.onShortcutOverride: event => event.accepted = true
+    // While a screen reader listens, Qt 6.4 tries shortcuts without asking the item that has the
+    // keyboard. A second shortcut of the same keys makes Help's ambiguous, so that neither acts.
+    Shortcut {
+        sequence: "Alt+H"
+    }
+
     Keys.onTabPressed: event => event.accepted = true
     Keys.onBacktabPressed: event => event.accepted = true
 
