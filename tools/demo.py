@@ -8,7 +8,6 @@ import dataclasses
 import os
 import pathlib
 import sys
-import time
 
 REPOSITORY = pathlib.Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(REPOSITORY / "tests" / "system"))
@@ -16,13 +15,13 @@ sys.path.insert(0, str(REPOSITORY / "tests" / "system"))
 from desk.desktop import PrivateDesktop  # noqa: E402
 from desk.instruments import STEEL_GUITAR, Band, Note  # noqa: E402
 from desk.pulse_audio import PulseAudioRoom  # noqa: E402
-from desk.readings import Reading, is_heard, middle, note  # noqa: E402
+from desk.readings import Reading, note  # noqa: E402
 from desk.room import Room  # noqa: E402
 from desk.settings import write_settings  # noqa: E402
 from desk.tuner import Tuner  # noqa: E402
 
 PICTURES = REPOSITORY / "build" / "demo"
-SETTLED_SECONDS = 0.8  # a pluck is sharp at first; half of the sound is left for the picture
+LOOKS = 5  # in a row, that show the same: a pluck is read as anything at first
 COLUMNS = "{:<8}{:<20}{:<8}{:>9}   {:<9}{:>9}"
 
 
@@ -40,6 +39,9 @@ class Plucked:
             return self.name
         side = "flat" if self.detune_cents < 0 else "sharp"
         return f"{self.name}, {abs(self.detune_cents):.0f} cents {side}"
+
+    def is_shown(self, shown: Reading) -> bool:
+        return (note(shown), shown.get("Status")) == (self.name, self.status)
 
 
 STRINGS = (Plucked(6, 40, "E2"), Plucked(5, 45, "A2", -20, "Flat"), Plucked(4, 50, "D3"),
@@ -75,28 +77,26 @@ def play_all(tuner: Tuner, room: Room, band: Band) -> int:
     wrong = 0
     for string in STRINGS:
         shown = pluck(string, tuner, room, band)
-        right = shown is not None and (note(shown), shown["Status"]) == (string.name, string.status)
+        right = string.is_shown(shown)
         print(line(string, shown) + ("" if right else "   WRONG"), flush=True)
         wrong += not right
     return wrong
 
 
-def pluck(string: Plucked, tuner: Tuner, room: Room, band: Band) -> Reading | None:
-    """The middle one of the readings while the string sounds; nothing when there was none."""
+def pluck(string: Plucked, tuner: Tuner, room: Room, band: Band) -> Reading:
+    """What is shown of the string, plucked over and over, when it is read rightly; else what was
+    shown last."""
     sound = band.wav(Note(STEEL_GUITAR, string.key, detune_cents=string.detune_cents))
-    player = room.start_playing(sound)
-    tuner.window.wait_for(lambda shown: is_heard(shown) or player.poll() is not None,
-                           seconds=20)
-    picture_time = time.monotonic() + SETTLED_SECONDS
-    heard = tuner.readings_while(lambda: time.monotonic() < picture_time)
-    tuner.window.screenshot(PICTURES / f"string-{string.number}-{string.name}.png")
-    heard += tuner.readings_while(lambda: player.poll() is None)
-    return middle(heard) if heard else None
+    with room.sounding(sound):
+        try:
+            return tuner.window.wait_for(string.is_shown, LOOKS)
+        except TimeoutError:
+            return tuner.window.read()
+        finally:
+            tuner.window.screenshot(PICTURES / f"string-{string.number}-{string.name}.png")
 
 
-def line(string: Plucked, shown: Reading | None) -> str:
-    if shown is None:
-        return COLUMNS.format(string.number, string.played, "nothing", "", "", "")
+def line(string: Plucked, shown: Reading) -> str:
     return COLUMNS.format(string.number, string.played, note(shown), shown["Cents"],
                           shown["Status"], shown["Frequency"])
 

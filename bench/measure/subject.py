@@ -48,7 +48,7 @@ class Subject:
         the same place, which is known from then on."""
         search = ["xdotool", "search", "--onlyvisible", "--pid", str(process.pid), "--name", "."]
         window = wait_until(lambda: subprocess.run(search, capture_output=True, text=True).stdout,
-                            SECONDS, lambda: "no window").split()[0]
+                            lambda: "no window").split()[0]
         info = subprocess.run(["xwininfo", "-id", window], check=True, capture_output=True,
                               text=True).stdout
         x, y = (int(re.search(rf"Absolute upper-left {axis}:\s+(-?\d+)", info)[1])

@@ -17,6 +17,8 @@ from desk.tuner import Tuner  # noqa: E402
 PROGRAM = pathlib.Path("/usr/bin/corvane")
 # The cursors of the display and the tables of the language: taken up where they are, and done without.
 OPTIONAL = {"libxcursor1", "libxrender1", "libc-bin"}
+# The font's samples are themselves some cents away from the notes they stand for.
+MOST_CENTS_OFF = 10
 PREFERENCES = pathlib.Path(os.environ["HOME"], ".config")
 
 
@@ -50,7 +52,8 @@ class TheInstalledPackage(system_test.SystemTest):
         tuner = self.enterContext(Tuner(self.desktop, PROGRAM, PREFERENCES, room.environment))
         tuner.wait_until_listening(room)
         for key, name in {40: "E2", 64: "E4"}.items():
-            self.assert_reads(name, self.hear(tuner, room, Note(STEEL_GUITAR, key)))
+            self.hear(tuner, room, self.band.wav(Note(STEEL_GUITAR, key)), name,
+                      most_off=MOST_CENTS_OFF)
         loaded = owners(mapped_files(tuner.process.pid))
         self.assertIn("corvane", loaded)
         self.assertEqual(loaded - needed() - OPTIONAL, set())

@@ -7,7 +7,6 @@ import unittest
 PROGRAM = os.environ["CORVANE_PROGRAM"]
 VERSION = os.environ["CORVANE_VERSION"]
 DISPLAYS = ("DISPLAY", "WAYLAND_DISPLAY", "XDG_RUNTIME_DIR", "QT_QPA_PLATFORM")
-SECONDS = 20
 
 
 def run(*arguments: str, stdout: int = subprocess.PIPE,
@@ -15,7 +14,7 @@ def run(*arguments: str, stdout: int = subprocess.PIPE,
     """The program's end and what it said, in a terminal that knows of no display."""
     bare = {name: value for name, value in os.environ.items() if name not in DISPLAYS}
     return subprocess.run([PROGRAM, *arguments], env={**bare, **environment}, stdout=stdout,
-                          stderr=subprocess.PIPE, text=True, timeout=SECONDS)
+                          stderr=subprocess.PIPE, text=True)
 
 
 class AnOption(unittest.TestCase):

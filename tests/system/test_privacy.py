@@ -7,17 +7,15 @@ import time
 from typing import ClassVar
 
 from desk import system_test
-from desk.controls import LEFT_HANDED, Controls
-from desk.instruments import STEEL_GUITAR, Note
+from desk.browser import Browser
+from desk.controls import LEFT_HANDED, PLAY, POLICY, Controls
+from desk.plucked import write_plucked
 from desk.pulse_audio import PulseAudioRoom
-from desk.screen import ANSWER_SECONDS, Screen
 from desk.settings import settings_file
 from desk.trace import Trace
 from desk.tuner import Tuner
-from desk.waiting import wait_until
 
-GUITAR_A = Note(STEEL_GUITAR, 45)
-POLICY = "Privacy Policy"
+GUITAR_A = 45
 
 # What a program could be led to load from where its user works, were it careless.
 DECOYS = ("qt.conf", "Corvane/qmldir", "Corvane/Main.qml", "QtQuick/qmldir", "QtQml/qmldir",
@@ -26,11 +24,6 @@ DECOYS = ("qt.conf", "Corvane/qmldir", "Corvane/Main.qml", "QtQuick/qmldir", "Qt
           "platformthemes/libqgtk3.so", "styles/libstyle.so", "libQt6Core.so.6", "libpulse.so.0",
           "platforminputcontexts/libibusplatforminputcontextplugin.so", "qml/QtQuick/qmldir")
 CODE = re.compile(r"\.(qml|qmlc|js|jsc|mjs|so(\.\d+)*)$|/(qmldir|qt\.conf)$")
-
-# A browser, as far as the program can tell, which starts nothing itself.
-BROWSER = """#!/bin/sh
-echo "$@" > {note}
-"""
 
 
 class Privacy(system_test.SystemTest):
@@ -43,16 +36,12 @@ class Privacy(system_test.SystemTest):
         cls.place = cls.desktop.folder("place")
         for folder in (cls.home, cls.place, cls.home / ".local/lib/qt6", cls.home / ".config"):
             lay_decoys(folder)
-        cls.programs = cls.desktop.folder("programs")
-        cls.browser = cls.programs / "xdg-open"
-        cls.browser.write_text(BROWSER.format(note=cls.programs / "note"))
-        cls.browser.chmod(0o755)
+        cls.browser = Browser(cls.desktop)
         cls.program = pathlib.Path(os.environ["CORVANE_PROGRAM"])
         cls.trace = Trace(cls.desktop.folder("trace"), cls.program, cls.place)
         with PulseAudioRoom(cls.desktop) as room:
             cls.sound = room.environment["XDG_RUNTIME_DIR"]
-            environment = {**room.environment, "HOME": str(cls.home),
-                           "PATH": f"{cls.programs}:{os.environ['PATH']}"}
+            environment = {**room.environment, **cls.browser.environment, "HOME": str(cls.home)}
             with Tuner(cls.desktop, cls.trace.command, cls.home / ".config", environment) as tuner:
                 tuner.wait_until_listening(room)
                 cls.play(tuner, room)
@@ -61,19 +50,20 @@ class Privacy(system_test.SystemTest):
 
     @classmethod
     def play(cls, tuner: Tuner, room: PulseAudioRoom) -> None:
-        room.start_playing(cls.band.wav(GUITAR_A))
-        tuner.window.wait_for(lambda shown: shown.get("Note") == "A" and "Heard note" in shown)
-        tuner.window.click("Play reference")
-        tuner.window.wait_for(lambda shown: shown.get("Status") == "Playing reference")
-        screen = Screen(tuner.process.pid)
-        screen.press(name=LEFT_HANDED)
-        screen.press(name="415 Hz")
-        screen.press(name="Bass")
-        Controls(screen, cls.home / ".config").wait_until_saved(left="true", a4="415",
+        window = tuner.window
+        with room.sounding(write_plucked(cls.desktop.folder("string") / "a.wav", GUITAR_A)):
+            window.wait_for(lambda shown: shown.get("Note") == "A")
+        with room.recording() as recording:
+            window.press(name=PLAY)
+            recording.wait_for_tone(110.0)
+        window.press(name=LEFT_HANDED)
+        window.press(name="415 Hz")
+        window.press(name="Bass")
+        Controls(window, cls.home / ".config").wait_until_saved(left="true", a4="415",
                                                                 instrument="bass")
         cls.page_wanted = time.time()
-        screen.press(name=POLICY)
-        wait_until((cls.programs / "note").exists, ANSWER_SECONDS, lambda: "nothing is opened")
+        window.press(name=POLICY)
+        cls.browser.wait_for_addresses(1)
 
     def test_the_session_goes_as_it_should(self) -> None:
         self.assertEqual(self.status, 0)
@@ -109,7 +99,7 @@ class Privacy(system_test.SystemTest):
 
     def test_the_privacy_page_starts_its_opener_alone(self) -> None:
         after = [call.texts[0] for call in self.trace.started() if call.time >= self.page_wanted]
-        self.assertEqual(after, [str(self.browser)])
+        self.assertEqual(after, [str(self.browser.program)])
 
     def test_it_loads_no_code_from_where_it_is_started_or_from_the_users_home(self) -> None:
         tried = self.trace.tried()

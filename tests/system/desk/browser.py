@@ -5,7 +5,6 @@ import pathlib
 import urllib.parse
 
 from .desktop import PrivateDesktop
-from .screen import ANSWER_SECONDS
 from .waiting import wait_until
 
 # The desktop's own way to open an address, as far as a program can tell.
@@ -20,14 +19,14 @@ class Browser:
     def __init__(self, desktop: PrivateDesktop):
         programs = desktop.folder("programs")
         self._note = programs / "opened"
-        browser = programs / "xdg-open"
-        browser.write_text(SCRIPT.format(note=self._note))
-        browser.chmod(0o755)
+        self.program = programs / "xdg-open"
+        self.program.write_text(SCRIPT.format(note=self._note))
+        self.program.chmod(0o755)
         self.environment = {"PATH": f"{programs}:{os.environ['PATH']}"}
 
     def wait_for_addresses(self, count: int) -> list[str]:
         """All that it was to open, once there are so many."""
-        wait_until(lambda: self._text().count("\n") >= count, ANSWER_SECONDS,
+        wait_until(lambda: self._text().count("\n") >= count,
                    lambda: f"opened is {self._text()}")
         return self._text().splitlines()
 

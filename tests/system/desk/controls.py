@@ -4,55 +4,69 @@ import pathlib
 
 import pyatspi
 
-from .screen import ANSWER_SECONDS, Item, Screen
 from .settings import read_settings
 from .waiting import wait_until
+from .window import Item, Window
 
 LEFT_HANDED = "Left-handed string order"
-PRESETS = "Concert pitch presets"
+STEPPER = "Concert pitch in hertz"
+PLAY = "Play reference"
+ALLOW = "Allow Microphone"
+POLICY = "Privacy Policy"
+NO_MICROPHONE = "No microphone is available."
 
 
 class Controls:
-    def __init__(self, screen: Screen, config_home: pathlib.Path):
-        self.screen = screen
-        self._config_home = config_home
+    def __init__(self, window: Window, config_home: pathlib.Path):
+        self.window = window
+        self.config_home = config_home
 
     def tuning_face(self) -> Item:
         """The control under the caption of the tuning, of which it has the left edge."""
-        items = self.screen.items()
+        items = self.window.items()
         caption = next(item for item in items if item.name in ("Tuning", "Mode"))
         return next(item for item in items if item.role == pyatspi.ROLE_PUSH_BUTTON
                     and item.box.x == caption.box.x and item.box.y > caption.box.y)
 
     def presets_face(self) -> Item:
-        return self.screen.find(description=PRESETS)
-
-    def chips(self) -> list[Item]:
-        """The chips of the string row from left to right, "Auto" first; empty without the row."""
-        items = self.screen.items()
-        tops = [item.box.y for item in items if item.name == "Auto"]
-        return sorted((item for item in items if [item.box.y] == tops),
-                      key=lambda item: item.box.x)
+        return self.window.find(description="Concert pitch presets")
 
     def strings(self) -> list[str]:
-        return [chip.name for chip in self.chips()[1:]]
-
-    def locked(self) -> list[str]:
-        """The marked chips of the string row."""
-        return [chip.name for chip in self.chips() if chip.checked]
-
-    def quick_pitches(self) -> list[str]:
-        """The marked ones."""
-        return [item.name for item in self.screen.items()
-                if item.name.endswith(" Hz") and item.checked]
+        """The chips of the string row from left to right, but for "Auto"."""
+        return [chip.name for chip in self._chips()[1:]]
 
     def wait_until_locked(self, name: str) -> None:
-        wait_until(lambda: self.locked() == [name], ANSWER_SECONDS,
-                   lambda: f"marked are {self.locked()} and not {name}")
+        """Until this chip of the string row is marked, and no other one."""
+        wait_until(lambda: [chip.name for chip in self._chips() if chip.checked] == [name],
+                   lambda: f"not {name} alone: {[(c.name, c.checked) for c in self._chips()]}")
+
+    def wait_for_tuning(self, name: str, strings: str, **saved: str) -> None:
+        """Until it is on the screen, with these chips, and `saved`."""
+        self.wait_until_saved(**saved)
+        wait_until(lambda: (self.tuning_face().name, self.strings()) == (name, strings.split()),
+                   lambda: f"{self.tuning_face().name} is shown, {self.strings()}")
+
+    def wait_for_pitch(self, hertz: int, title: str) -> None:
+        """Until it is on the screen and saved; the quick choice is marked that has this pitch."""
+        self.wait_until_saved(a4=str(hertz))
+        wait_until(lambda: self._shows_pitch(f"A4  {hertz}", title, f"{hertz} Hz"),
+                   lambda: f"{hertz} is not shown: {self.window.read()}")
 
     def wait_until_saved(self, **values: str) -> None:
         """Until the settings file has these values: `a4="440"` for the key "tuner.a4"."""
         wanted = {f"tuner.{key}": value for key, value in values.items()}
-        wait_until(lambda: wanted.items() <= read_settings(self._config_home).items(),
-                   ANSWER_SECONDS,
-                   lambda: f"{wanted} not in {read_settings(self._config_home)}")
+        wait_until(lambda: wanted.items() <= read_settings(self.config_home).items(),
+                   lambda: f"{wanted} not in {read_settings(self.config_home)}")
+
+    def _chips(self) -> list[Item]:
+        """From left to right, "Auto" first; empty without the row."""
+        items = self.window.items()
+        tops = [item.box.y for item in items if item.name == "Auto"]
+        return sorted((item for item in items if [item.box.y] == tops),
+                      key=lambda item: item.box.x)
+
+    def _shows_pitch(self, number: str, title: str, quick: str) -> bool:
+        items = self.window.items()
+        names = {item.name for item in items}
+        marked = {item.name for item in items if item.name.endswith(" Hz") and item.checked}
+        return {number, title} <= names and marked == {quick} & names

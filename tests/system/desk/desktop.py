@@ -9,9 +9,8 @@ import tempfile
 from collections.abc import Iterator
 
 from .processes import Processes
-from .waiting import wait_until
+from .waiting import EVENTUALLY_SECONDS, wait_until
 
-START_SECONDS = 20
 Size = tuple[int, int]  # in pixels
 SCREEN = (2560, 1440)  # room for a window that is far larger than the tuner needs
 
@@ -107,7 +106,7 @@ class PrivateDesktop(contextlib.ExitStack):
         os.environ["DISPLAY"] = f":{number}"
         # The first key changes the keyboard to that of xdotool. A window manager takes up its own
         # keys anew when that happens, and loses one that is pressed meanwhile.
-        subprocess.run(["xdotool", "key", "Shift_L"], check=True, timeout=START_SECONDS)
+        subprocess.run(["xdotool", "key", "Shift_L"], check=True, timeout=EVENTUALLY_SECONDS)
 
     def _start_session_bus(self) -> None:
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._start_and_read_line(
@@ -123,7 +122,7 @@ class PrivateDesktop(contextlib.ExitStack):
             ["dbus-send", "--session", "--print-reply", "--dest=org.a11y.Bus", "/org/a11y/bus",
              "org.freedesktop.DBus.Properties.Set", "string:org.a11y.Status", "string:IsEnabled",
              f"variant:boolean:{str(self._read_aloud).lower()}"],
-            check=True, stdout=subprocess.DEVNULL, timeout=START_SECONDS)
+            check=True, stdout=subprocess.DEVNULL, timeout=EVENTUALLY_SECONDS)
 
     def _start_window_manager(self) -> None:
         self._start_and_wait(["openbox", "--sm-disable"], ["xdotool", "get_num_desktops"])
@@ -131,7 +130,7 @@ class PrivateDesktop(contextlib.ExitStack):
     def _start_and_wait(self, command: list[str], is_ready: list[str]) -> None:
         self.processes.start(command)
         wait_until(lambda: subprocess.run(is_ready, capture_output=True).returncode == 0,
-                   START_SECONDS, lambda: self.processes.last_words(command[0]))
+                   lambda: self.processes.last_words(command[0]))
 
     def _start_and_read_line(self, *command: str) -> str:
         """Starts a program that tells where it can be reached on the descriptor `{fd}`."""

@@ -9,9 +9,12 @@ SAMPLE_RATE = 24000  # enough for what a string sounds like, in half the time
 PARTIALS = (1.0, 0.6, 0.4, 0.25, 0.15)  # how loud each is
 PEAK = 0.4  # of full scale
 DECAY_SECONDS = 1.5  # to a third
+SECONDS = 1.2
 
 
-def write_plucked(path: pathlib.Path, hertz: float, seconds: float) -> pathlib.Path:
+def write_plucked(path: pathlib.Path, key: int, cents: float = 0.0) -> pathlib.Path:
+    """`cents` off the note `key`, which counts from 69 for the A of 440 Hz."""
+    hertz = 440 * 2 ** ((key - 69 + cents / 100) / 12)
     scale = 32767 * PEAK / sum(PARTIALS)
     with wave.open(str(path), "wb") as sound:
         sound.setnchannels(1)
@@ -19,7 +22,7 @@ def write_plucked(path: pathlib.Path, hertz: float, seconds: float) -> pathlib.P
         sound.setframerate(SAMPLE_RATE)
         sound.writeframes(array.array("h", (
             round(scale * _sample(hertz, frame / SAMPLE_RATE))
-            for frame in range(round(seconds * SAMPLE_RATE)))))
+            for frame in range(round(SECONDS * SAMPLE_RATE)))))
     return path
 
 

@@ -26,11 +26,11 @@ class Processes:
         _libc.prctl(_PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0)
 
     def start(self, command: list, env: dict[str, str] | None = None,
-              pass_fds: tuple[int, ...] = ()) -> subprocess.Popen:
+              pass_fds: tuple[int, ...] = (), stdin: int = subprocess.DEVNULL) -> subprocess.Popen:
         with open(self._log(command[0]), "ab") as log:
-            process = subprocess.Popen(command, env=env, stdin=subprocess.DEVNULL, stdout=log,
-                                       stderr=log, pass_fds=pass_fds, preexec_fn=_die_with_parent,
-                                       start_new_session=True)
+            process = subprocess.Popen(command, env=env, stdin=stdin, stdout=log, stderr=log,
+                                       bufsize=0, pass_fds=pass_fds,
+                                       preexec_fn=_die_with_parent, start_new_session=True)
         self._running.append(process)
         return process
 

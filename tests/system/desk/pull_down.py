@@ -1,40 +1,35 @@
-"""A list that opens over a control, used as a person does: scrolled with the wheel and clicked."""
+"""A list that opens over a control."""
 
 import pyatspi
 
-from .screen import ANSWER_SECONDS, Item, Screen
 from .waiting import wait_until
+from .window import Item, Window
 
 # The toolkit tells the second of an item of any list.
 ENTRY_ROLES = (pyatspi.ROLE_MENU_ITEM, pyatspi.ROLE_LIST_ITEM)
-WHEEL_UP = "4"
-WHEEL_DOWN = "5"
 
 
 class PullDown:
     """Within the context the list of the control `face` is open, unless an entry is chosen."""
 
-    def __init__(self, screen: Screen, face: Item):
-        self._screen = screen
+    def __init__(self, window: Window, face: Item):
+        self._window = window
         self._face = face
         self._is_done = False
 
     def __enter__(self) -> "PullDown":
-        self._screen.click_at(self._face.box)
+        self._window.click_at(self._face.box)
         self._wait_until_open(True)
         return self
 
     def __exit__(self, failure, *_) -> None:
         if failure is None and not self._is_done:
-            self._screen.keys("Escape")
+            self._window.keys("Escape")
             self._wait_until_open(False)
 
-    def choose(self, title: str, order: list[str]) -> None:
-        """Clicks the entry of this title among `order`, the titles from first to last."""
-        while title not in (entries := {entry.name: entry for entry in self._entries()}):
-            above = order.index(title) < order.index(next(iter(entries)))
-            self._screen.click_at(self._screen.open_list()[0].box, WHEEL_UP if above else WHEEL_DOWN)
-        self._screen.click_at(entries[title].box)
+    def choose(self, title: str) -> None:
+        """Clicks the entry of this title, which is to be seen."""
+        self._window.click_at(next(entry for entry in self._entries() if entry.name == title).box)
         self._wait_until_open(False)
         self._is_done = True
 
@@ -48,28 +43,22 @@ class PullDown:
 
     def sections(self) -> list[str]:
         """The headings, from top to bottom."""
-        return [item.name for item in _top_to_bottom(self._screen.open_list())
+        return [item.name for item in _open_list(self._window)
                 if item.role == pyatspi.ROLE_HEADING]
 
     def _entries(self) -> list[Item]:
-        """The entries inside the list's area, once they no longer move."""
-        last: list[Item] = []
-
-        def are_still() -> bool:
-            before = [item.box for item in last]
-            area = self._screen.open_list()
-            last[:] = [item for item in area[1:]
-                       if item.role in ENTRY_ROLES and area[0].box.holds(item.box)]
-            return bool(last) and [item.box for item in last] == before
-
-        wait_until(are_still, ANSWER_SECONDS,
-                   lambda: f"the list keeps moving: {[item.name for item in last]}")
-        return _top_to_bottom(last)
+        area, *items = _open_list(self._window)
+        return [item for item in items if item.role in ENTRY_ROLES and area.box.holds(item.box)]
 
     def _wait_until_open(self, is_open: bool) -> None:
-        wait_until(lambda: bool(self._screen.open_list()) == is_open, ANSWER_SECONDS,
+        wait_until(lambda: bool(_open_list(self._window)) == is_open,
                    lambda: f"whether the list of {self._face.name} is open should be {is_open}")
 
 
-def _top_to_bottom(items: list[Item]) -> list[Item]:
-    return sorted(items, key=lambda item: item.box.y)
+def _open_list(window: Window) -> list[Item]:
+    """The list, which is the last thing in the window, with what is in it from top to bottom; empty
+    while none is open."""
+    items = window.items()
+    start = next((at for at, item in enumerate(items) if item.role == pyatspi.ROLE_POPUP_MENU),
+                 len(items))
+    return items[start:start + 1] + sorted(items[start + 1:], key=lambda item: item.box.y)

@@ -1,7 +1,5 @@
-"""What the window shows at one moment: each readout's description with its text."""
-
-import statistics
-from collections.abc import Sequence
+"""What the window shows at one moment: the name of each item that has a description, by the
+latter."""
 
 Reading = dict[str, str]
 
@@ -19,9 +17,3 @@ def note(reading: Reading) -> str:
 
 def cents(reading: Reading) -> float:
     return float(reading["Cents"].removesuffix(" ¢").replace("\N{MINUS SIGN}", "-"))
-
-
-def middle(heard: Sequence[Reading]) -> Reading:
-    """The reading with the median cents: neither the pluck nor the dying away of a note counts."""
-    median = statistics.median_low(cents(reading) for reading in heard)
-    return next(reading for reading in heard if cents(reading) == median)

@@ -1,16 +1,53 @@
 """A room: what is played in it is heard by its microphone. No sound card is touched."""
 
+import contextlib
 import json
 import os
 import pathlib
 import subprocess
+import threading
+import wave
+from collections.abc import Iterator
 
 from .desktop import PrivateDesktop
-from .waiting import wait_until
+from .recording import Recording
+from .waiting import EVENTUALLY_SECONDS, wait_until
 
-START_SECONDS = 20
 SPEAKER = "room"
 MICROPHONE = "mic"
+PIECE = 4096  # bytes, which a pipe takes at once
+REST_SECONDS = 0.25
+
+
+class Sound:
+    """What it was last told to be, over and over, with a rest in between: no block of what the tuner
+    measures has parts of two sounds in it."""
+
+    def __init__(self, wav: pathlib.Path, player: subprocess.Popen):
+        form, self._samples = _read(wav)
+        self._rest = bytes(form.nchannels * form.sampwidth * round(REST_SECONDS * form.framerate))
+        self._player = player
+        self._feeder = threading.Thread(target=self._feed)
+        self._feeder.start()
+
+    def become(self, wav: pathlib.Path) -> None:
+        """`wav` has as many channels and samples a second as the first sound."""
+        self._samples = _read(wav)[1]
+
+    def close(self) -> None:
+        """Once the player has ended."""
+        self._feeder.join()
+        self._player.stdin.close()
+
+    def _feed(self) -> None:
+        with contextlib.suppress(BrokenPipeError):  # The player has ended.
+            while True:
+                self._play(self._samples)
+                self._play(self._rest)
+
+    def _play(self, samples: bytes) -> None:
+        for start in range(0, len(samples), PIECE):
+            self._player.stdin.write(samples[start:start + PIECE])
 
 
 class Room:
@@ -21,7 +58,6 @@ class Room:
         self._desktop = desktop
         self.environment = {**os.environ, "XDG_RUNTIME_DIR": str(desktop.folder("sound"))}
         self._servers: list[subprocess.Popen] = []
-        self._players: list[subprocess.Popen] = []
         self._microphone_module = ""
 
     def __enter__(self) -> "Room":
@@ -56,24 +92,33 @@ class Room:
     def unplug(self) -> None:
         self.control("unload-module", self._microphone_module)
 
-    def start_playing(self, wav: pathlib.Path) -> subprocess.Popen:
-        """The process that ends by itself when the last of the sound has been heard."""
-        player = self._desktop.processes.start(["paplay", f"--device={SPEAKER}", str(wav)],
-                                               self.environment)
-        self._players.append(player)
-        return player
+    @contextlib.contextmanager
+    def sounding(self, wav: pathlib.Path) -> Iterator[Sound]:
+        """Plays `wav` over and over while the context lasts."""
+        form, _ = _read(wav)
+        player = self._desktop.processes.start(
+            ["pacat", "--raw", f"--device={SPEAKER}", "--latency-msec=500", "--format=s16ne",
+             f"--rate={form.framerate}", f"--channels={form.nchannels}"],
+            self.environment, stdin=subprocess.PIPE)
+        with contextlib.closing(Sound(wav, player)) as sound:
+            try:
+                yield sound
+            finally:
+                self._desktop.processes.end(player)
 
-    def hush(self) -> None:
-        """Ends whatever is still played."""
-        while self._players:
-            self._desktop.processes.end(self._players.pop())
-
-    def record(self, rate: int) -> subprocess.Popen:
-        """A process that prints what the microphone hears: one channel of native 16-bit numbers."""
-        return subprocess.Popen(
-            ["parec", "--raw", "--format=s16ne", "--channels=1", f"--rate={rate}",
-             "--latency-msec=20", f"--device={MICROPHONE}"], env=self.environment,
-            stdout=subprocess.PIPE)
+    @contextlib.contextmanager
+    def recording(self) -> Iterator[Recording]:
+        """What the microphone hears while the context lasts."""
+        with subprocess.Popen(
+                ["parec", "--raw", "--format=s16ne", "--channels=1", f"--rate={Recording.RATE}",
+                 "--latency-msec=20", f"--device={MICROPHONE}"], env=self.environment,
+                stdout=subprocess.PIPE) as recorder:
+            try:
+                recording = Recording(recorder.stdout)
+                recording.quarter()  # From now on it is heard at once.
+                yield recording
+            finally:
+                recorder.terminate()
 
     def is_listening(self, process: subprocess.Popen) -> bool:
         """Whether the server gives `process` the sound of a microphone at this moment."""
@@ -82,16 +127,21 @@ class Room:
                    for output in json.loads(listing))
 
     def control(self, *command: str) -> str:
-        return subprocess.run(["pactl", *command], env=self.environment, check=True, timeout=10,
-                              capture_output=True, text=True).stdout
+        return subprocess.run(["pactl", *command], env=self.environment, check=True,
+                              timeout=EVENTUALLY_SECONDS, capture_output=True, text=True).stdout
 
     def _start_server(self, *command: str) -> None:
         self._servers.append(self._desktop.processes.start(list(command), self.environment))
 
     def _wait_for_answer(self, *command: str) -> None:
         """Repeats a command until the server, which starts on its own time, carries it out."""
-        wait_until(lambda: subprocess.run(command, env=self.environment, timeout=10,
-                                          capture_output=True).returncode == 0,
-                   START_SECONDS, lambda: f"no answer to {' '.join(command)}\n" + "\n".join(
+        wait_until(lambda: subprocess.run(command, env=self.environment, capture_output=True,
+                                          timeout=EVENTUALLY_SECONDS).returncode == 0,
+                   lambda: f"no answer to {' '.join(command)}\n" + "\n".join(
                        self._desktop.processes.last_words(server.args[0])
                        for server in self._servers))
+
+
+def _read(wav: pathlib.Path) -> tuple[wave._wave_params, bytes]:
+    with wave.open(str(wav)) as opened:
+        return opened.getparams(), opened.readframes(opened.getnframes())

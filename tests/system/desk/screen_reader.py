@@ -9,6 +9,7 @@ import pyatspi
 from gi.repository import Atspi, GLib
 
 from .waiting import wait_until
+from .window import Window
 
 # Those that Orca, Debian's screen reader, asks for and answers with speech.
 FOCUS = "object:state-changed:focused"
@@ -27,64 +28,79 @@ STATES = {pyatspi.ROLE_RADIO_BUTTON: ("not selected", "selected"),
           pyatspi.ROLE_MENU_ITEM: ("", "checked")}
 
 
-class Said(NamedTuple):
-    seconds: float  # since the reader was started
-    words: str
+class Change(NamedTuple):
+    """Of a text on the screen."""
+
+    seconds: float  # of the monotonic clock, no earlier than the change
+    kind: str
+    of: str  # the item's name by then
 
 
 class ScreenReader:
-    """Listens to every program of the desktop while the context lasts. Events arrive while one of
-    its waits goes on."""
+    """Listens to every program of the desktop from now on. Events arrive while one of its waits
+    goes on, none is lost, and their order is that in which they happened."""
 
     def __init__(self) -> None:
-        self.said: list[Said] = []
-        self.changes: list[Said] = []  # of names and descriptions, of which nothing is said
+        self.words: list[str] = []  # that were said
+        self.changes: list[Change] = []  # of which nothing is said
         self._focused: pyatspi.Accessible | None = None
         self._answers: dict[str, Callable[[Atspi.Event], str]] = {
             FOCUS: self._on_focus, SHOWING: self._on_showing, CHECKED: self._on_checked,
             VALUE: self._on_value}
-
-    def __enter__(self) -> "ScreenReader":
-        self._start = time.monotonic()
         pyatspi.Registry.registerEventListener(self._hear, *self._answers, NAME, DESCRIPTION)
-        return self
 
-    def __exit__(self, *_) -> None:
-        pyatspi.Registry.deregisterEventListener(self._hear, *self._answers, NAME, DESCRIPTION)
+    def wait_for(self, condition: Callable[[], bool]) -> None:
+        wait_until(lambda: self.listen() or condition(),
+                   lambda: f"said is {self.words}, changed {self.changes}, keys {self.focused()}")
 
-    @property
-    def words(self) -> list[str]:
-        return [said.words for said in self.said]
+    def wait_for_words(self, words: str) -> None:
+        """Until this is said, since the last `forget`."""
+        self.wait_for(lambda: words in self.words)
 
-    def wait_for(self, condition: Callable[[list[str]], bool], seconds: float = 5) -> None:
-        """Until what was said since the last `forget` fulfils `condition`."""
-        wait_until(lambda: self.listen() or condition(self.words), seconds,
-                   lambda: f"said is {self.words}")
+    def wait_until_focused(self, *names: str) -> None:
+        """Until the keyboard is at an item of one of these names."""
+        self.wait_for(lambda: self.focused() in names)
 
-    def listen_while(self, lasting: Callable[[], bool]) -> None:
-        while lasting():
-            self.listen()
-            time.sleep(0.01)
+    def tab_to(self, window: Window, name: str, key: str = "Tab") -> None:
+        """Goes to an item with the key for it, past every other one at most once."""
+        for _ in window.items():
+            before = self.focused()
+            window.keys(key)
+            self.wait_for(lambda: self.focused() != before)
+            if self.focused() == name:
+                return
+        raise LookupError(f"the keyboard does not get to {name}")
 
-    def forget(self) -> None:
-        self.listen()
-        self.said.clear()
+    def focused(self) -> str:
+        """The name of the item that has the keyboard."""
+        with contextlib.suppress(GLib.Error):
+            return self._focused.name if self._focused else ""
+        return ""
+
+    def forget(self, window: Window | None = None) -> None:
+        """All until now."""
+        self.hear_out(window)
+        self.words.clear()
         self.changes.clear()
 
+    def hear_out(self, window: Window | None) -> None:
+        """What happened in the window before it answers a question comes before the answer."""
+        if window:
+            window.frame()
+        self.listen()
+
     def listen(self) -> None:
-        """To what has come until now."""
         context = GLib.MainContext.default()
         while context.iteration(False):
             pass
 
     def _hear(self, event: Atspi.Event) -> None:
         with contextlib.suppress(GLib.Error):  # What it is of may have gone away since.
-            seconds = time.monotonic() - self._start
-            if words := self._answers.get(event.type.removesuffix(":system"), lambda _: "")(event):
-                self.said.append(Said(seconds, words))
-            elif event.type in (NAME, DESCRIPTION):
-                self.changes.append(Said(seconds, f"{event.source.name}: "
-                                                  f"{event.source.description}"))
+            kind = event.type.removesuffix(":system")
+            if kind in (NAME, DESCRIPTION):
+                self.changes.append(Change(time.monotonic(), kind, event.source.name))
+            elif words := self._answers[kind](event):
+                self.words.append(words)
 
     def _on_focus(self, event: Atspi.Event) -> str:
         if not event.detail1:

@@ -1,66 +1,90 @@
 """What the tests of the whole program have in common."""
 
-import collections
 import os
 import pathlib
 import sys
 import unittest
+from collections.abc import Callable
 from typing import ClassVar
 
+from .controls import ALLOW, Controls
 from .desktop import SCREEN, PrivateDesktop, Size
-from .instruments import Band, Note
+from .instruments import Band
+from .plucked import write_plucked
 from .pulse_audio import PulseAudioRoom
-from .readings import Reading, note
+from .readings import Reading, cents, note
 from .room import Room
+from .screen_reader import ScreenReader
 from .settings import write_settings
 from .tuner import Tuner
+from .window import xdotool
 
-# A pluck reaches into the two overlapping blocks around it, whose reading may be of anything. The
-# shortest of the notes, the piano's highest, sounds for a dozen.
-LEAST_SHARE_READ_RIGHT = 0.8
+# A look takes at least a reading's time, so that this is longer than the pluck of a string, which
+# may be read as anything.
+LOOKS = 5
+
+# Of the window, in points.
+MENU_BAR = 28
+FIRST_SIZE = (480, 860 + MENU_BAR)
+SMALLEST = (420, 680 + MENU_BAR)
 
 
 class SystemTest(unittest.TestCase):
+    maxDiff = None
     desktop: ClassVar[PrivateDesktop]
     band: ClassVar[Band]
+    reader: ClassVar[ScreenReader]
     _room: ClassVar[PulseAudioRoom | None] = None
 
     def enter_room(self) -> PulseAudioRoom:
-        """All tests of a program are in the same, which takes seconds to hear. It is quiet again
-        when the next one enters."""
+        """All tests of a program are in the same."""
         if not SystemTest._room:
             SystemTest._room = self.desktop.enter_context(PulseAudioRoom(self.desktop))
-        self.addCleanup(SystemTest._room.hush)
         return SystemTest._room
 
-    def enter_another_room(self, room: Room) -> Room:
-        """One of a test's own. Two servers of the same kind cannot be on one desktop."""
-        if SystemTest._room:
-            SystemTest._room.close()
-            SystemTest._room = None
-        return self.enterContext(room)
+    def open(self, room: Room | None = None, instrument: str = "guitar",
+             tuning: str = "g6-standard", a4: int = 440, **variables: str) -> Tuner:
+        """The program with these preferences of a right-handed player, in front of everything, once
+        it listens, or says without a room that it cannot."""
+        self.config_home = self.desktop.folder("config")
+        write_settings(self.config_home, instrument, tuning, a4)
+        return self.open_again(room, **variables)
 
-    def start_tuner(self, config_home: pathlib.Path, environment: dict[str, str]) -> Tuner:
+    def open_again(self, room: Room | None = None, **variables: str) -> Tuner:
+        environment = {**(room.environment if room else os.environ), **variables}
         program = pathlib.Path(os.environ["CORVANE_PROGRAM"])
-        return self.enterContext(Tuner(self.desktop, program, config_home, environment))
-
-    def start_listening(self, room: Room, instrument: str, tuning: str) -> Tuner:
-        config_home = self.desktop.folder("config")
-        write_settings(config_home, instrument, tuning)
-        tuner = self.start_tuner(config_home, room.environment)
-        tuner.wait_until_listening(room)
+        tuner = self.enterContext(Tuner(self.desktop, program, self.config_home, environment))
+        self.controls = Controls(tuner.window, self.config_home)
+        if room:
+            tuner.wait_until_listening(room)
+        else:
+            tuner.window.find(name=ALLOW)
+        if environment["DISPLAY"]:
+            tuner.window.rest_mouse()
+            tuner.window.activate()
         return tuner
 
-    def hear(self, tuner: Tuner, room: Room, played: Note) -> list[Reading]:
-        """The readings of a note from its beginning to its end: at least one."""
-        player = room.start_playing(self.band.wav(played))
-        heard = tuner.readings_while(lambda: player.poll() is None)
-        self.assertTrue(heard, f"the window never showed a reading of {played}")
-        return heard
+    def open_other_window(self) -> None:
+        """In front of the program's."""
+        other = self.desktop.processes.start(["xev"])
+        self.addCleanup(self.desktop.processes.end, other)
+        xdotool("search", "--sync", "--name", "^Event Tester$", "windowactivate", "--sync")
 
-    def assert_reads(self, name: str, heard: list[Reading]) -> None:
-        shown = collections.Counter(note(reading) for reading in heard)
-        self.assertGreaterEqual(shown[name] / shown.total(), LEAST_SHARE_READ_RIGHT, shown)
+    def plucked(self, key: int, detuned: float = 0.0) -> pathlib.Path:
+        return write_plucked(self.desktop.folder("string") / "plucked.wav", key, detuned)
+
+    def hear(self, tuner: Tuner, room: Room, wav: pathlib.Path, name: str,
+             status: str | None = None, off: float = 0.0, most_off: float = 1.0) -> Reading:
+        """Plays the sound over and over until it is read as this note, so many cents off."""
+        with room.sounding(wav):
+            return tuner.window.wait_for(self.reads(name, status, off, most_off), LOOKS)
+
+    def reads(self, name: str, status: str | None, off: float,
+              most_off: float) -> Callable[[Reading], bool]:
+        return lambda shown: (note(shown) == name and "Hearing" not in shown
+                              and status in (None, shown["Status"])
+                              and abs(cents(shown) - off) <= most_off
+                              and shown["Frequency"] != "— Hz")
 
 
 def main(screen: Size = SCREEN) -> None:
@@ -68,5 +92,6 @@ def main(screen: Size = SCREEN) -> None:
     with PrivateDesktop(screen=screen) as desktop:
         SystemTest.desktop = desktop
         SystemTest.band = Band(desktop.folder("notes"))
+        SystemTest.reader = ScreenReader()
         result = unittest.main("__main__", verbosity=2, exit=False).result
     sys.exit(0 if result.testsRun and result.wasSuccessful() else 1)

@@ -10,7 +10,6 @@ from typing import NamedTuple
 
 from .waiting import wait_until
 
-END_SECONDS = 10
 # Whatever names a file, a program or an address. A name that is tried in vain is recorded too.
 CALLS = "%file,%process,connect,bind,listen,sendto,sendmsg"
 WRITING = ("O_WRONLY", "O_RDWR", "O_CREAT", "O_TRUNC", "O_APPEND")
@@ -55,7 +54,7 @@ class Trace:
     def wait_until_complete(self) -> None:
         """Each thread's record ends with a word about its end."""
         wait_until(lambda: all(text.rstrip().endswith("+++") for text in self._texts()),
-                   END_SECONDS, lambda: "the record of the program's calls has no end")
+                   lambda: "the record of the program's calls has no end")
 
     def calls(self) -> list[Call]:
         found = [call for text in self._texts() for call in _calls(text)]

@@ -1,17 +1,11 @@
 """The program under test, running on the private desktop."""
 
 import pathlib
-import time
-from collections.abc import Callable
 
 from .desktop import PrivateDesktop
-from .readings import Reading, is_heard
 from .room import Room
-from .waiting import POLL_SECONDS, wait_until
+from .waiting import EVENTUALLY_SECONDS, wait_until
 from .window import Window
-
-START_SECONDS = 20
-END_SECONDS = 10
 
 
 class Tuner:
@@ -28,7 +22,7 @@ class Tuner:
         self.process = self._desktop.processes.start([str(self._program)], self._environment)
         self.window = Window(self.process.pid)
         try:
-            wait_until(self._shows_a_status, START_SECONDS, self._last_words)
+            wait_until(self._shows_a_status, self._last_words)
         except BaseException:
             self._end()
             raise
@@ -38,21 +32,13 @@ class Tuner:
         self._end()
 
     def wait_until_listening(self, room: Room, listening: bool = True) -> None:
-        wait_until(lambda: room.is_listening(self.process) == listening, START_SECONDS,
+        wait_until(lambda: room.is_listening(self.process) == listening,
                    lambda: f"listening should be {listening}\n{self._last_words()}")
 
     def quit(self) -> int:
         """Closes the window; the program's exit status."""
         self.window.close()
-        return self.process.wait(END_SECONDS)
-
-    def readings_while(self, lasting: Callable[[], bool]) -> list[Reading]:
-        """What the window shows while `lasting` is true, as far as a note is heard."""
-        readings = []
-        while lasting():
-            readings.append(self.window.read())
-            time.sleep(POLL_SECONDS)
-        return [reading for reading in readings if is_heard(reading)]
+        return self.process.wait(EVENTUALLY_SECONDS)
 
     def _shows_a_status(self) -> bool:
         if self.process.poll() is not None:

@@ -3,7 +3,7 @@
 import os
 import subprocess
 
-from .desktop import START_SECONDS, PrivateDesktop, Size
+from .desktop import PrivateDesktop, Size
 from .waiting import wait_until
 
 SOCKET = "wayland-corvane"
@@ -17,8 +17,8 @@ class WaylandDisplay:
         self._screen = screen
         self._folder = desktop.folder("wayland")
         self.environment = {**os.environ, "XDG_RUNTIME_DIR": str(self._folder),
-                            "WAYLAND_DISPLAY": SOCKET, "QT_QPA_PLATFORM": "wayland"}
-        del self.environment["DISPLAY"]
+                            "WAYLAND_DISPLAY": SOCKET, "DISPLAY": "",
+                            "QT_QPA_PLATFORM": "wayland"}
 
     def __enter__(self) -> "WaylandDisplay":
         width, height = self._screen
@@ -26,8 +26,7 @@ class WaylandDisplay:
             ["weston", "--backend=headless-backend.so", "--use-pixman", "--no-config",
              "--idle-time=0", f"--width={width}", f"--height={height}", f"--socket={SOCKET}"],
             self.environment)
-        wait_until(self._is_ready, START_SECONDS,
-                   lambda: self._desktop.processes.last_words("weston"))
+        wait_until(self._is_ready, lambda: self._desktop.processes.last_words("weston"))
         return self
 
     def __exit__(self, *_) -> None:

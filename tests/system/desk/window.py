@@ -1,15 +1,74 @@
-"""The tuner's window, read as a screen reader reads it and handled as by a person."""
+"""The tuner's window, read as a screen reader reads it and used with the mouse and the keys."""
 
+import contextlib
+import functools
 import pathlib
 import subprocess
 from collections.abc import Callable, Iterator
+from typing import NamedTuple
 
 import pyatspi
 from gi.repository import GLib
 
 from .readings import Reading
-from .waiting import wait_until
-from .xdotool import xdotool
+from .waiting import EVENTUALLY_SECONDS, wait_until
+
+LEFT_BUTTON = "1"
+DRAG_STEPS = 10
+# A place is told in whole pixels, whose sum may be one off on each side.
+MOST_PIXELS_OFF = 2
+
+
+class Box(NamedTuple):
+    """In pixels of the screen, from its upper left corner."""
+
+    x: int
+    y: int
+    width: int
+    height: int
+
+    @property
+    def right(self) -> int:
+        return self.x + self.width
+
+    @property
+    def bottom(self) -> int:
+        return self.y + self.height
+
+    def holds(self, other: "Box", margin: int = 0) -> bool:
+        return (self.x - margin <= other.x and other.right <= self.right + margin
+                and self.y - margin <= other.y and other.bottom <= self.bottom + margin)
+
+
+class Item:
+    """What a screen reader is told of `found`, in the state in which it was found."""
+
+    def __init__(self, found: pyatspi.Accessible, states: pyatspi.StateSet):
+        self._found = found
+        self.role = found.getRole()
+        self.name = found.name
+        self.checked = states.contains(pyatspi.STATE_CHECKED)
+
+    # Asked only when it is wanted: each question is a message to the program and back.
+    @functools.cached_property
+    def description(self) -> str:
+        with contextlib.suppress(GLib.Error):
+            return self._found.description
+        return ""
+
+    @functools.cached_property
+    def box(self) -> Box:
+        """Empty when the item takes up no room, as when it has gone away since."""
+        with contextlib.suppress(GLib.Error, NotImplementedError):
+            place = self._found.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+            return Box(place.x, place.y, place.width, place.height)
+        return Box(0, 0, 0, 0)
+
+    def invoke(self, action: str) -> bool:
+        """Does what a screen reader does to press it; False when it has no such action."""
+        actions = self._found.queryAction()
+        names = [actions.getName(index) for index in range(actions.nActions)]
+        return action in names and actions.doAction(names.index(action))
 
 
 class Window:
@@ -18,38 +77,101 @@ class Window:
     def __init__(self, pid: int):
         self._pid = pid
 
-    def read(self) -> Reading:
-        """Description and text of every item that is on the screen and has both; empty while there
-        is no window."""
+    def items(self) -> list[Item]:
+        """Those that show; empty while there is no window."""
         try:
-            return {item.description: item.name for item in self._items()
-                    if item.description and item.getState().contains(pyatspi.STATE_SHOWING)}
+            return [Item(found, states) for found in self._all()
+                    if (states := found.getState()).contains(pyatspi.STATE_SHOWING)]
         except GLib.Error:  # An item went away while it was being asked.
-            return {}
+            return []
 
-    def wait_for(self, condition: Callable[[Reading], bool], seconds: float = 5) -> Reading:
-        """The first reading that fulfils `condition`; else TimeoutError with the last one."""
+    def _wait_for_items(self) -> list[Item]:
+        return wait_until(self.items, lambda: "there is no window")
+
+    def read(self) -> Reading:
+        """The name of each item that has a description, by the latter."""
+        return {item.description: item.name for item in self.items()
+                if item.name and item.description}
+
+    def wait_for(self, condition: Callable[[Reading], bool], times: int = 1) -> Reading:
+        """The last of the first readings that fulfil `condition` so many times in a row."""
         last: Reading = {}
+        fulfilled = 0
 
-        def fulfilled() -> bool:
-            nonlocal last
+        def is_fulfilled() -> bool:
+            nonlocal last, fulfilled
             last = self.read()
-            return condition(last)
+            fulfilled = fulfilled + 1 if condition(last) else 0
+            return fulfilled >= times
 
-        wait_until(fulfilled, seconds, lambda: f"the window shows {last}")
+        wait_until(is_fulfilled, lambda: f"the window shows {last}")
         return last
 
-    def buttons(self) -> list[str]:
-        """The names of the push buttons that are on the screen."""
-        return [button.name for button in self._buttons()]
+    def find(self, **wanted) -> Item:
+        """The one item that has these values, as soon as there is exactly one."""
+        found: list[Item] = []
 
-    def click(self, name: str) -> None:
-        """Presses the button of this name with the mouse."""
-        button = next(button for button in self._buttons() if button.name == name)
-        place = button.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-        self.activate()
-        xdotool("mousemove", str(place.x + place.width // 2), str(place.y + place.height // 2),
-                 "click", "--delay", "0", "1")
+        def is_there() -> bool:
+            found[:] = [item for item in self.items()
+                        if all(getattr(item, key) == value for key, value in wanted.items())]
+            return len(found) == 1
+
+        wait_until(is_there, lambda: f"not one {wanted} but {len(found)} among "
+                   f"{[(item.name, item.checked, item.description) for item in self.items()]}")
+        return found[0]
+
+    def wait_until_gone(self, **wanted) -> None:
+        wait_until(lambda: (items := self.items()) and not any(
+            all(getattr(item, key) == value for key, value in wanted.items()) for item in items),
+                   lambda: f"{wanted} does not go away")
+
+    def names(self, role: int) -> list[str]:
+        return [item.name for item in self._wait_for_items() if item.role == role]
+
+    def frame(self) -> Box:
+        """Where the window's own area is, without what the window manager puts around it."""
+        return self.find(role=pyatspi.ROLE_FRAME).box
+
+    def wait_for_size(self, size: tuple[int, int]) -> None:
+        wait_until(lambda: self.frame()[2:] == size, lambda: f"the window is {self.frame()}")
+
+    def outside(self, enlarged: float = 1) -> list[str]:
+        """What is not inside the window. The places of enlarged items are told as they are drawn,
+        but their sizes as they were before."""
+        frame, *items = self._wait_for_items()
+        drawn = {item.name: Box(item.box.x, item.box.y, round(item.box.width * enlarged),
+                                round(item.box.height * enlarged)) for item in items}
+        return [f"{name} at {box} in {frame.box}" for name, box in drawn.items()
+                if not frame.box.holds(box, MOST_PIXELS_OFF)]
+
+    def press(self, **wanted) -> None:
+        """Clicks in the middle of an item."""
+        self.click_at(self.find(**wanted).box)
+
+    def click_at(self, box: Box) -> None:
+        xdotool("mousemove", str(box.x + box.width // 2), str(box.y + box.height // 2),
+                "click", "--delay", "0", LEFT_BUTTON)
+
+    def keys(self, *names: str) -> None:
+        xdotool("key", *names)
+
+    def rest_mouse(self) -> None:
+        """Moves it out of the way, to the lower right corner of the screen."""
+        xdotool("mousemove", "9999", "9999")
+
+    def resize(self, width: int, height: int) -> None:
+        """Asks for a size of the window's own area, in the upper left corner of the screen."""
+        window = self._id()
+        xdotool("windowmove", window, "0", "0", "windowsize", window, str(width), str(height))
+
+    def drag(self, start: tuple[int, int], end: tuple[int, int]) -> None:
+        """Moves the mouse from one place to the other with its button held. The window manager
+        takes the first steps for the sign that something is to be dragged at all."""
+        xdotool("mousemove", *map(str, start), "mousedown", LEFT_BUTTON)
+        for step in range(1, DRAG_STEPS + 1):
+            xdotool("mousemove", *(str(s + (e - s) * step // DRAG_STEPS)
+                                   for s, e in zip(start, end)))
+        xdotool("mouseup", LEFT_BUTTON)
 
     def minimise(self) -> None:
         xdotool("windowminimize", self._id())
@@ -65,41 +187,38 @@ class Window:
 
     def screenshot(self, png: pathlib.Path) -> None:
         png.parent.mkdir(parents=True, exist_ok=True)
-        subprocess.run(["import", "-window", self._id(), f"png:{png}"], check=True, timeout=20)
-
-    def pixels(self) -> bytes:
-        """Of its own area, three bytes each."""
-        return subprocess.run(["import", "-window", self._id(), "-depth", "8", "rgb:-"], check=True,
-                              capture_output=True, timeout=20).stdout
+        subprocess.run(["import", "-window", self._id(), f"png:{png}"], check=True,
+                       timeout=EVENTUALLY_SECONDS)
 
     def size_in_pixels(self) -> tuple[int, int]:
         told = xdotool("getwindowgeometry", "--shell", self._id())
         values = dict(line.split("=") for line in told.split())
         return int(values["WIDTH"]), int(values["HEIGHT"])
 
+    def property(self, name: str) -> str:
+        """What the window tells the window manager and taskbars of itself."""
+        return subprocess.run(["xprop", "-id", self._id(), name], capture_output=True, text=True,
+                              check=True).stdout
+
     def _id(self) -> str:
         # The toolkit has windows of its own that never show; only this one has a title.
         return xdotool("search", "--all", "--pid", str(self._pid), "--name", ".").split()[0]
 
-    def _buttons(self) -> list[pyatspi.Accessible]:
-        try:
-            return [item for item in self._items() if item.getRole() == pyatspi.ROLE_PUSH_BUTTON
-                    and item.getState().contains(pyatspi.STATE_SHOWING)]
-        except GLib.Error:  # An item went away while it was being asked.
-            return []
-
-    def _items(self) -> Iterator[pyatspi.Accessible]:
-        for application in self._applications():
-            yield from below(application)
-
-    def _applications(self) -> list[pyatspi.Accessible]:
-        return [application for application in pyatspi.Registry.getDesktop(0)
-                if application and application.get_process_id() == self._pid]
+    def _all(self) -> Iterator[pyatspi.Accessible]:
+        for application in pyatspi.Registry.getDesktop(0):
+            if application and application.get_process_id() == self._pid:
+                yield from _below(application)
 
 
-def below(item: pyatspi.Accessible) -> Iterator[pyatspi.Accessible]:
+def _below(item: pyatspi.Accessible) -> Iterator[pyatspi.Accessible]:
     # Not by iteration, which asks for the number of children before each of them.
     for index in range(item.get_child_count()):
         if child := item.get_child_at_index(index):
             yield child
-            yield from below(child)
+            yield from _below(child)
+
+
+def xdotool(*command: str) -> str:
+    """What the command prints."""
+    return subprocess.run(["xdotool", *command], check=True, timeout=EVENTUALLY_SECONDS,
+                          capture_output=True, text=True).stdout

@@ -1,0 +1,85 @@
+"""Notes and strings from the room to the window, and when the tuner listens to them. The open strings
+of a guitar are those of tools/demo.py."""
+
+from desk import system_test
+from desk.instruments import FINGERED_BASS, GRAND_PIANO, Note
+from desk.readings import note
+
+# The font's samples are themselves up to 7 cents away from the notes they stand for.
+MOST_CENTS_OFF = 10
+A2, D3, BASS_E1 = 45, 50, 28
+
+
+class SampledNotes(system_test.SystemTest):
+    def test_each_open_string_of_a_five_string_bass_is_read(self) -> None:
+        self.assert_each_is_read("bass", "b5-standard", FINGERED_BASS,
+                                 {23: "B0", 28: "E1", 33: "A1", 38: "D2", 43: "G2"})
+
+    def test_the_ends_and_the_middle_of_a_piano_are_read(self) -> None:
+        self.assert_each_is_read("piano", "piano-chromatic", GRAND_PIANO,
+                                 {21: "A0", 69: "A4", 108: "C8"})
+
+    def assert_each_is_read(self, instrument: str, tuning: str, program: int,
+                            names: dict[int, str]) -> None:
+        room = self.enter_room()
+        tuner = self.open(room, instrument, tuning)
+        for key, name in names.items():
+            with self.subTest(name):
+                self.hear(tuner, room, self.band.wav(Note(program, key)), name,
+                          most_off=MOST_CENTS_OFF)
+
+
+class DetunedStrings(system_test.SystemTest):
+    def test_a_string_is_flat_or_sharp_by_what_it_is_off(self) -> None:
+        room = self.enter_room()
+        tuner = self.open(room)
+        for key, name, off, status in ((A2, "A2", -20, "Flat"), (D3, "D3", 15, "Sharp"),
+                                       (D3, "D3", 3, "In tune")):
+            self.hear(tuner, room, self.plucked(key, off), name, status, off)
+
+    def test_a_bass_string_eight_cents_down_is_flat_by_eight(self) -> None:
+        room = self.enter_room()
+        tuner = self.open(room, "bass", "b4-standard")
+        self.hear(tuner, room, self.plucked(BASS_E1, -8), "E1", "Flat", -8)
+
+    def test_a_locked_string_is_what_another_one_is_measured_by(self) -> None:
+        room = self.enter_room()
+        tuner = self.open(room)
+        tuner.window.press(name="D3")
+        self.controls.wait_until_locked("D3")
+        with room.sounding(self.plucked(A2)):
+            tuner.window.wait_for(lambda shown: (shown.get("Status"), note(shown)) == ("Flat", "D3"))
+            tuner.window.find(name="D3", description="locked, being heard")
+            tuner.window.press(name="Auto")
+            tuner.window.find(name="A2", description="being heard")
+
+
+class Listening(system_test.SystemTest):
+    def setUp(self) -> None:
+        self.room = self.enter_room()
+        self.tuner = self.open(self.room)
+
+    def test_the_last_note_stays_on_display_in_silence(self) -> None:
+        self.hear_guitar()
+        silent = self.tuner.window.wait_for(lambda shown: shown.get("Status") == "Play a note")
+        self.assertEqual(note(silent), "A2")
+        self.assertEqual((silent["Cents"], silent["Frequency"]), ("0.0 ¢", "— Hz"))
+        self.assertNotIn("Heard note", silent)
+
+    def test_stops_while_the_window_is_minimised(self) -> None:
+        self.tuner.window.minimise()
+        self.tuner.wait_until_listening(self.room, False)
+        self.tuner.window.activate()
+        self.tuner.wait_until_listening(self.room)
+        self.hear_guitar()
+
+    def test_goes_on_while_the_window_is_behind_another(self) -> None:
+        self.open_other_window()
+        self.hear_guitar()
+
+    def hear_guitar(self) -> None:
+        self.hear(self.tuner, self.room, self.plucked(A2), "A2", "In tune")
+
+
+if __name__ == "__main__":
+    system_test.main()

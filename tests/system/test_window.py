@@ -1,0 +1,104 @@
+"""The window itself and its menu, also of the program where `cmake --install` has put it."""
+
+import configparser
+import os
+import pathlib
+import re
+import subprocess
+
+import pyatspi
+
+from desk import system_test
+from desk.browser import Browser, privacy_page
+from desk.controls import ALLOW, POLICY
+from desk.pull_down import PullDown
+from desk.system_test import FIRST_SIZE, MENU_BAR, SMALLEST
+from desk.tuner import Tuner
+from desk.waiting import wait_until
+from desk.window import Window
+
+HINT = ("A=440 is the modern standard. Older concerts used many other pitches, from about 377 Hz "
+        "to above 560 Hz. In tune means within 5 cents.")
+ICON_SIZES = [16, 32, 48]
+# Of the content: whether there are a hint and a version, and the side of a chip.
+SIZES = {(420, 680): (False, False, 36), (480, 860): (True, True, 41), (480, 800): (True, True, 41),
+         (480, 720): (False, False, 41), (700, 1000): (True, True, 54), (2000, 1200): (True, True, 54)}
+
+
+class TheWindow(system_test.SystemTest):
+    def test_opens_at_its_first_size_and_gets_no_smaller_than_its_content_allows(self) -> None:
+        tuner = self.open()
+        window, frame = tuner.window, tuner.window.frame()
+        self.assertEqual(frame[2:], FIRST_SIZE)
+        # By the right end of the handle that the window manager puts under it.
+        window.drag((frame.right - 2, frame.bottom + 2), (frame.x + 100, frame.y + 100))
+        window.wait_for_size(SMALLEST)
+        window.resize(*FIRST_SIZE)
+        window.wait_for_size(FIRST_SIZE)
+        window.resize(100, 100)
+        window.wait_for_size(SMALLEST)
+        self.assertEqual(tuner.quit(), 0)
+
+    def test_all_is_inside_at_every_size(self) -> None:
+        window = self.open().window
+        for (width, height), (hint, version, chip) in SIZES.items():
+            with self.subTest(f"{width} x {height}"):
+                window.resize(width, height + MENU_BAR)
+                window.wait_for_size((width, height + MENU_BAR))
+                wait_until(lambda: chips(window) == {(chip, chip)}, lambda: f"{chips(window)}")
+                wait_until(lambda: window.outside() == [], lambda: f"{window.outside()}")
+                names = window.names(pyatspi.ROLE_LABEL)
+                self.assertEqual((HINT in names, "Version 1.0.0" in names), (hint, version))
+
+
+def chips(window: Window) -> set[tuple[int, int]]:
+    """The widths and heights of the string row's chips before the column shrinks."""
+    return {item.box[2:] for item in window.items() if item.name in ("Auto", "E2", "E4")}
+
+
+class ThePrivacyPolicy(system_test.SystemTest):
+    def test_is_all_there_is_in_the_help_menu_which_opens_it(self) -> None:
+        browser = Browser(self.desktop)
+        window = self.open(**browser.environment).window
+        with PullDown(window, window.find(name="Help")) as opened:
+            self.assertEqual((opened.titles(), opened.sections()), ([POLICY], []))
+            opened.choose(POLICY)
+        address, = browser.wait_for_addresses(1)
+        self.assertEqual(address, privacy_page())
+        page = pathlib.Path(address.removeprefix("file://")).read_text(encoding="utf-8")
+        self.assertIn("What Corvane does with sound", page)
+
+
+class TheInstalledProgram(system_test.SystemTest):
+    def setUp(self) -> None:
+        self.prefix = self.desktop.folder("prefix")
+        subprocess.run(["cmake", "--install", os.environ["CORVANE_BUILD"], "--prefix", self.prefix],
+                       check=True, stdout=subprocess.DEVNULL)
+        self.browser = Browser(self.desktop)
+        tuner = self.enterContext(
+            Tuner(self.desktop, self.prefix / "bin" / "corvane", self.desktop.folder("config"),
+                  {**os.environ, **self.browser.environment}))
+        self.window = tuner.window
+        self.window.find(name=ALLOW)
+
+    def test_opens_the_privacy_page_that_was_installed_with_it(self) -> None:
+        self.window.press(name=POLICY)
+        page = self.prefix / "share" / "doc" / "corvane" / "privacy.html"
+        self.assertEqual(self.browser.wait_for_addresses(1), [page.as_uri()])
+        self.assertTrue(page.exists())
+
+    def test_has_a_window_that_taskbars_find_the_desktop_entry_and_the_icon_of(self) -> None:
+        entry = configparser.ConfigParser(interpolation=None)
+        entry.read(self.prefix / "share/applications/org.corvane.Corvane.desktop")
+        self.assertIn(f'"{entry["Desktop Entry"]["StartupWMClass"]}"',
+                      self.window.property("WM_CLASS"))
+        wait_until(lambda: self.icon_sizes() == ICON_SIZES,
+                   lambda: f"the icon has the sizes {self.icon_sizes()}")
+
+    def icon_sizes(self) -> list[int]:
+        return [int(side) for side in re.findall(r"Icon \((\d+) x \1\)",
+                                                 self.window.property("_NET_WM_ICON"))]
+
+
+if __name__ == "__main__":
+    system_test.main()
