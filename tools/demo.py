@@ -15,10 +15,10 @@ sys.path.insert(0, str(REPOSITORY / "tests" / "system"))
 from desk.desktop import PrivateDesktop  # noqa: E402
 from desk.instruments import STEEL_GUITAR, Band, Note  # noqa: E402
 from desk.pulse_audio import PulseAudioRoom  # noqa: E402
-from desk.readings import Reading, note  # noqa: E402
 from desk.room import Room  # noqa: E402
 from desk.settings import write_settings  # noqa: E402
 from desk.tuner import Tuner  # noqa: E402
+from desk.window import Reading, note  # noqa: E402
 
 PICTURES = REPOSITORY / "build" / "demo"
 LOOKS = 5  # in a row, that show the same: a pluck is read as anything at first

@@ -47,7 +47,7 @@ GROUPS: dict[str, list[Promise]] = {
                 figures="rounds|buffers"),
         Promise("The program itself, on the screen: no stale note, the message and its button while "
                 "there is no input, and the right note after the return, on either server",
-                r"system\.faults"),
+                r"system\.servers"),
         Promise("Whatever call of the audio library fails, once or for good, ends in listening or "
                 "in one of the four messages, and leaks nothing",
                 r"pulse_(test\.FailingCalls\.|unit_test\.every_call).*"),
@@ -65,10 +65,10 @@ GROUPS: dict[str, list[Promise]] = {
                 r"qt_test\..*(AFullDisk|SettingsWriterTest.*Disk).*"),
         Promise("Two programs save at once",
                 r"(qt_test\.(Preferences|SettingsWriter).*(OfTwoPrograms|WhatThisProgram|Another).*|"
-                r"system\.shell)"),
+                r"system\.controls)"),
         Promise("The program is killed while it saves",
                 r"qt_test\..*IsKilledWhileItWrites.*"),
-        Promise("The whole program starts with whatever stands in the file", r"system\.settings"),
+        Promise("The whole program starts with whatever stands in the file", r"system\.controls"),
         Promise("Any input to the detector, the pipeline, the engine, the preferences and the "
                 "replay tool", command="fuzz/run"),
     ],

@@ -6,9 +6,9 @@ import pyatspi
 
 from desk import system_test
 from desk.controls import LEFT_HANDED
-from desk.pull_down import PullDown
 from desk.settings import read_settings, settings_file
 from desk.tuner import Tuner
+from desk.window import entries_of, headings_of
 
 STANDARD = "E2 A2 D3 G3 B3 E4"
 OLDER = ["377  Low historical", "392  French Baroque", "415  Baroque", "422  Handel, Mozart era",
@@ -35,10 +35,10 @@ class Choices(system_test.SystemTest):
         window = self.open(instrument="bass", tuning="b4-dropc").window
         window.press(name="G1")
         self.controls.wait_until_locked("G1")
-        with PullDown(window, self.controls.tuning_face()) as opened:
-            self.assertEqual(opened.sections(), ["4-string", "5-string", "6-string"])
-            self.assertEqual(opened.chosen(), ["4-string drop C"])
-            opened.choose("5-string standard")
+        opened = window.open_list(self.controls.tuning_face())
+        self.assertEqual(headings_of(opened), ["4-string", "5-string", "6-string"])
+        self.assertEqual([item.name for item in opened if item.checked], ["4-string drop C"])
+        window.choose(opened, "5-string standard")
         self.controls.wait_for_tuning("5-string standard", "B0 E1 A1 D2 G2", tuning="b5-standard")
         self.controls.wait_until_locked("Auto")
 
@@ -62,10 +62,10 @@ class Choices(system_test.SystemTest):
 
     def test_the_concert_pitch_is_chosen_from_the_list_the_quick_ones_and_by_steps(self) -> None:
         window = self.open().window
-        with PullDown(window, self.controls.presets_face()) as opened:
-            self.assertEqual(opened.sections(), ["Older pitches", "Modern"])
-            self.assertEqual(opened.titles(), OLDER + MODERN)
-            opened.choose("392  French Baroque")
+        opened = window.open_list(window.find(description="Concert pitch presets"))
+        self.assertEqual(headings_of(opened), ["Older pitches", "Modern"])
+        self.assertEqual(entries_of(opened), OLDER + MODERN)
+        window.choose(opened, "392  French Baroque")
         self.controls.wait_for_pitch(392, "392  French Baroque")
         for name, hertz, title in (("432 Hz", 432, "432"), ("440 Hz", 440, "440  Modern"),
                                    ("Raise", 441, "Custom"), ("Raise", 442, "442  Orchestra"),

@@ -10,9 +10,9 @@ from desk import system_test
 from desk.controls import ALLOW, NO_MICROPHONE, PLAY
 from desk.pipewire import PipeWireRoom
 from desk.pulse_audio import PulseAudioRoom
-from desk.readings import VERDICTS, is_heard, note
 from desk.room import Room
 from desk.waiting import wait_until
+from desk.window import VERDICTS, is_heard, note
 
 PLAYING = "Playing"
 PROBLEM = "Microphone problem"

@@ -3,7 +3,7 @@ of a guitar are those of tools/demo.py."""
 
 from desk import system_test
 from desk.instruments import FINGERED_BASS, GRAND_PIANO, Note
-from desk.readings import note
+from desk.window import note
 
 # The font's samples are themselves up to 7 cents away from the notes they stand for.
 MOST_CENTS_OFF = 10

@@ -11,7 +11,6 @@ import pyatspi
 from desk import system_test
 from desk.browser import Browser, privacy_page
 from desk.controls import ALLOW, POLICY
-from desk.pull_down import PullDown
 from desk.system_test import FIRST_SIZE, MENU_BAR, SMALLEST
 from desk.tuner import Tuner
 from desk.waiting import wait_until
@@ -60,9 +59,9 @@ class ThePrivacyPolicy(system_test.SystemTest):
     def test_is_all_there_is_in_the_help_menu_which_opens_it(self) -> None:
         browser = Browser(self.desktop)
         window = self.open(**browser.environment).window
-        with PullDown(window, window.find(name="Help")) as opened:
-            self.assertEqual((opened.titles(), opened.sections()), ([POLICY], []))
-            opened.choose(POLICY)
+        opened = window.open_list(window.find(name="Help"))
+        self.assertEqual([item.name for item in opened], [POLICY])
+        window.choose(opened, POLICY)
         address, = browser.wait_for_addresses(1)
         self.assertEqual(address, privacy_page())
         page = pathlib.Path(address.removeprefix("file://")).read_text(encoding="utf-8")

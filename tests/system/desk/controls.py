@@ -28,9 +28,6 @@ class Controls:
         return next(item for item in items if item.role == pyatspi.ROLE_PUSH_BUTTON
                     and item.box.x == caption.box.x and item.box.y > caption.box.y)
 
-    def presets_face(self) -> Item:
-        return self.window.find(description="Concert pitch presets")
-
     def strings(self) -> list[str]:
         """The chips of the string row from left to right, but for "Auto"."""
         return [chip.name for chip in self._chips()[1:]]

@@ -6,7 +6,6 @@ import pathlib
 import signal
 import subprocess
 import tempfile
-from collections.abc import Iterator
 
 from .processes import Processes
 from .waiting import EVENTUALLY_SECONDS, wait_until
@@ -55,17 +54,6 @@ class PrivateDesktop(contextlib.ExitStack):
     def picture(self) -> pathlib.Path:
         """What the display shows at every moment: a file in the format of xwd."""
         return self.root / "Xvfb_screen0"
-
-    @contextlib.contextmanager
-    def another_display(self, screen: Size) -> Iterator[None]:
-        """Within the context, what is started or done is on this one."""
-        before = os.environ["DISPLAY"]
-        try:
-            self._start_display(screen)
-            self._start_window_manager()
-            yield
-        finally:
-            os.environ["DISPLAY"] = before
 
     def _open(self) -> None:
         self._end_on_signals()

@@ -20,16 +20,12 @@ GRAND_PIANO = 0
 
 @dataclasses.dataclass(frozen=True)
 class Note:
-    """`program` counts General MIDI from 0; `key` has A4 at 69; `velocity` goes to 127."""
+    """`program` counts General MIDI from 0; `key` has A4 at 69."""
 
     program: int
     key: int
     seconds: float = 1.6
     detune_cents: float = 0.0
-    velocity: int = 100
-
-    def detuned(self, cents: float) -> "Note":
-        return dataclasses.replace(self, detune_cents=cents)
 
 
 class Band:
@@ -47,8 +43,7 @@ class Band:
 
     def _render(self, note: Note, path: pathlib.Path) -> None:
         score = path.with_suffix(".mid")
-        score.write_bytes(midi.one_note(note.program, note.key, note.seconds, note.velocity,
-                                        note.detune_cents))
+        score.write_bytes(midi.one_note(note.program, note.key, note.seconds, note.detune_cents))
         # Reverb and chorus would add a room and a second, detuned voice.
         command = ["fluidsynth", "-n", "-i", "-q", "-R", "0", "-C", "0", "-g", "1.0",
                    "-r", str(SAMPLE_RATE), "-F", path, SOUND_FONT, score]

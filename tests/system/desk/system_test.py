@@ -12,12 +12,11 @@ from .desktop import SCREEN, PrivateDesktop, Size
 from .instruments import Band
 from .plucked import write_plucked
 from .pulse_audio import PulseAudioRoom
-from .readings import Reading, cents, note
 from .room import Room
 from .screen_reader import ScreenReader
 from .settings import write_settings
 from .tuner import Tuner
-from .window import xdotool
+from .window import Reading, cents, note, xdotool
 
 # A look takes at least a reading's time, so that this is longer than the pluck of a string, which
 # may be read as anything.

@@ -10,9 +10,13 @@ from typing import NamedTuple
 import pyatspi
 from gi.repository import GLib
 
-from .readings import Reading
 from .waiting import EVENTUALLY_SECONDS, wait_until
 
+Reading = dict[str, str]  # the name of each item that has a description, by the latter
+
+VERDICTS = ("In tune", "Flat", "Sharp")
+# The entries of a list; the toolkit tells the second of an item of any list.
+ENTRIES = (pyatspi.ROLE_MENU_ITEM, pyatspi.ROLE_LIST_ITEM)
 LEFT_BUTTON = "1"
 DRAG_STEPS = 10
 # A place is told in whole pixels, whose sum may be one off on each side.
@@ -89,7 +93,6 @@ class Window:
         return wait_until(self.items, lambda: "there is no window")
 
     def read(self) -> Reading:
-        """The name of each item that has a description, by the latter."""
         return {item.description: item.name for item in self.items()
                 if item.name and item.description}
 
@@ -145,10 +148,24 @@ class Window:
                 if not frame.box.holds(box, MOST_PIXELS_OFF)]
 
     def press(self, **wanted) -> None:
-        """Clicks in the middle of an item."""
-        self.click_at(self.find(**wanted).box)
+        self.click(self.find(**wanted))
 
-    def click_at(self, box: Box) -> None:
+    def open_list(self, face: Item) -> list[Item]:
+        """Clicks the control that has a list; its headings and entries from top to bottom, but for
+        those that are scrolled away."""
+        self.click(face)
+        area = self.find(role=pyatspi.ROLE_POPUP_MENU)
+        return sorted((item for item in self.items() if area.box.holds(item.box)
+                       and item.role in (*ENTRIES, pyatspi.ROLE_HEADING)),
+                      key=lambda item: item.box.y)
+
+    def choose(self, entries: list[Item], title: str) -> None:
+        """Clicks the entry of this title in an open list."""
+        self.click(next(entry for entry in entries if entry.name == title))
+        self.wait_until_gone(role=pyatspi.ROLE_POPUP_MENU)
+
+    def click(self, item: Item) -> None:
+        box = item.box
         xdotool("mousemove", str(box.x + box.width // 2), str(box.y + box.height // 2),
                 "click", "--delay", "0", LEFT_BUTTON)
 
@@ -216,6 +233,27 @@ def _below(item: pyatspi.Accessible) -> Iterator[pyatspi.Accessible]:
         if child := item.get_child_at_index(index):
             yield child
             yield from _below(child)
+
+
+def is_heard(reading: Reading) -> bool:
+    return reading.get("Status") in VERDICTS
+
+
+def note(reading: Reading) -> str:
+    """The note with its octave: "E2"."""
+    return reading.get("Note", "") + reading.get("Octave", "")
+
+
+def cents(reading: Reading) -> float:
+    return float(reading["Cents"].removesuffix(" ¢").replace("\N{MINUS SIGN}", "-"))
+
+
+def entries_of(items: list[Item]) -> list[str]:
+    return [item.name for item in items if item.role in ENTRIES]
+
+
+def headings_of(items: list[Item]) -> list[str]:
+    return [item.name for item in items if item.role == pyatspi.ROLE_HEADING]
 
 
 def xdotool(*command: str) -> str:
