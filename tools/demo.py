@@ -21,7 +21,7 @@ from desk.tuner import Tuner  # noqa: E402
 from desk.window import Reading, note  # noqa: E402
 
 PICTURES = REPOSITORY / "build" / "demo"
-LOOKS = 5  # in a row, that show the same: a pluck is read as anything at first
+LOOKS = 12  # in a row, that show the same: a pluck is read as anything at first
 COLUMNS = "{:<8}{:<20}{:<8}{:>9}   {:<9}{:>9}"
 
 

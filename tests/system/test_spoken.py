@@ -110,19 +110,6 @@ class Spoken(system_test.SystemTest):
             item.name for item in items if item.role == pyatspi.ROLE_NOTIFICATION),
                    lambda: f"{self.window.names(pyatspi.ROLE_NOTIFICATION)}")
 
-    def test_the_meters_the_level_and_the_chip_say_their_values(self) -> None:
-        self.window.find(name="Level", description="silent")
-        self.window.find(name="Fine", description="nothing heard")
-        with self.room.sounding(self.plucked(E2, -30)):
-            self.window.find(name="E2", description="being heard")
-            self.window.find(name="Fine", description="E2, more than 10 cents flat")
-            self.window.find(name="Cents", description="E2, 30 cents flat")
-            wait_until(self.shows_a_level, lambda: f"{self.window.read()}")
-
-    def shows_a_level(self) -> bool:
-        return any(item.name == "Level" and re.fullmatch(r"[1-9]\d*0 percent", item.description)
-                   for item in self.window.items())
-
     def press(self, key: str, words: str) -> Step:
         """A key, after which exactly this is said."""
         self.reader.forget(self.window)

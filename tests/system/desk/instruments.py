@@ -3,15 +3,21 @@
 import array
 import dataclasses
 import pathlib
+import struct
 import subprocess
 import wave
-
-from . import midi
 
 SOUND_FONT = "/usr/share/sounds/sf2/TimGM6mb.sf2"
 SAMPLE_RATE = 48000
 PEAK = 0.5  # of full scale: a microphone near the instrument, with room left
 RELEASE_SECONDS = 0.2
+
+# A file that sets no tempo runs at 120 beats a minute.
+TICKS_PER_BEAT = 500
+TICKS_PER_SECOND = 2 * TICKS_PER_BEAT
+VELOCITY = 100  # of 127: how hard it is played
+BEND_CENTRE = 8192
+BEND_CENTS = 200.0  # a synthesizer's bend range unless told otherwise: two semitones each way
 
 STEEL_GUITAR = 25
 FINGERED_BASS = 33
@@ -43,7 +49,7 @@ class Band:
 
     def _render(self, note: Note, path: pathlib.Path) -> None:
         score = path.with_suffix(".mid")
-        score.write_bytes(midi.one_note(note.program, note.key, note.seconds, note.detune_cents))
+        score.write_bytes(_midi(note))
         # Reverb and chorus would add a room and a second, detuned voice.
         command = ["fluidsynth", "-n", "-i", "-q", "-R", "0", "-C", "0", "-g", "1.0",
                    "-r", str(SAMPLE_RATE), "-F", path, SOUND_FONT, score]
@@ -66,3 +72,25 @@ def _trim_and_level(path: pathlib.Path, frames: int) -> None:
     with wave.open(str(path), "wb") as levelled:
         levelled.setparams(form)
         levelled.writeframes(array.array("h", (round(sample * factor) for sample in samples)))
+
+
+def _midi(note: Note) -> bytes:
+    """The smallest Standard MIDI File that holds the note, detuned from -200 to below 200 cents by a
+    pitch bend, to 0.025 cents."""
+    bend = BEND_CENTRE + round(note.detune_cents / BEND_CENTS * BEND_CENTRE)
+    if not 0 <= bend < 2 * BEND_CENTRE:
+        raise ValueError(f"{note.detune_cents} cents is more than a pitch bend can do")
+    track = b"".join([
+        _event(0, 0xC0, note.program),
+        _event(0, 0xE0, bend & 0x7F, bend >> 7),
+        _event(0, 0x90, note.key, VELOCITY),
+        _event(round(note.seconds * TICKS_PER_SECOND), 0x80, note.key, 0),
+        _event(0, 0xFF, 0x2F, 0x00),
+    ])
+    header = struct.pack(">4sIHHH", b"MThd", 6, 0, 1, TICKS_PER_BEAT)
+    return header + struct.pack(">4sI", b"MTrk", len(track)) + track
+
+
+def _event(ticks: int, *message: int) -> bytes:
+    """`ticks` after the one before, in seven bits a byte, all but the last with the top bit set."""
+    return bytes([0x80 | ticks >> 7, ticks & 0x7F, *message])

@@ -57,9 +57,9 @@ class ScreenReader:
         """Until this is said, since the last `forget`."""
         self.wait_for(lambda: words in self.words)
 
-    def wait_until_focused(self, *names: str) -> None:
-        """Until the keyboard is at an item of one of these names."""
-        self.wait_for(lambda: self.focused() in names)
+    def wait_until_focused(self, name: str) -> None:
+        """Until the keyboard is at an item of this name."""
+        self.wait_for(lambda: self.focused() == name)
 
     def tab_to(self, window: Window, name: str, key: str = "Tab") -> None:
         """Goes to an item with the key for it, past every other one at most once."""

@@ -4,7 +4,6 @@ import os
 import pathlib
 import sys
 import unittest
-from collections.abc import Callable
 from typing import ClassVar
 
 from .controls import ALLOW, Controls
@@ -75,15 +74,12 @@ class SystemTest(unittest.TestCase):
     def hear(self, tuner: Tuner, room: Room, wav: pathlib.Path, name: str,
              status: str | None = None, off: float = 0.0, most_off: float = 1.0) -> Reading:
         """Plays the sound over and over until it is read as this note, so many cents off."""
-        with room.sounding(wav):
-            return tuner.window.wait_for(self.reads(name, status, off, most_off), LOOKS)
+        def is_read(shown: Reading) -> bool:
+            return (note(shown) == name and status in (None, shown["Status"])
+                    and shown["Frequency"] != "— Hz" and abs(cents(shown) - off) <= most_off)
 
-    def reads(self, name: str, status: str | None, off: float,
-              most_off: float) -> Callable[[Reading], bool]:
-        return lambda shown: (note(shown) == name and "Hearing" not in shown
-                              and status in (None, shown["Status"])
-                              and abs(cents(shown) - off) <= most_off
-                              and shown["Frequency"] != "— Hz")
+        with room.sounding(wav):
+            return tuner.window.wait_for(is_read, LOOKS)
 
 
 def main(screen: Size = SCREEN) -> None:

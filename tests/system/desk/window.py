@@ -15,10 +15,9 @@ from .waiting import EVENTUALLY_SECONDS, wait_until
 Reading = dict[str, str]  # the name of each item that has a description, by the latter
 
 VERDICTS = ("In tune", "Flat", "Sharp")
-# The entries of a list; the toolkit tells the second of an item of any list.
-ENTRIES = (pyatspi.ROLE_MENU_ITEM, pyatspi.ROLE_LIST_ITEM)
+# What is in a list; the toolkit tells the second of an item of any list.
+IN_LISTS = (pyatspi.ROLE_MENU_ITEM, pyatspi.ROLE_LIST_ITEM, pyatspi.ROLE_HEADING)
 LEFT_BUTTON = "1"
-DRAG_STEPS = 10
 # A place is told in whole pixels, whose sum may be one off on each side.
 MOST_PIXELS_OFF = 2
 
@@ -155,8 +154,8 @@ class Window:
         those that are scrolled away."""
         self.click(face)
         area = self.find(role=pyatspi.ROLE_POPUP_MENU)
-        return sorted((item for item in self.items() if area.box.holds(item.box)
-                       and item.role in (*ENTRIES, pyatspi.ROLE_HEADING)),
+        return sorted((item for item in self.items()
+                       if item.role in IN_LISTS and area.box.holds(item.box)),
                       key=lambda item: item.box.y)
 
     def choose(self, entries: list[Item], title: str) -> None:
@@ -180,15 +179,6 @@ class Window:
         """Asks for a size of the window's own area, in the upper left corner of the screen."""
         window = self._id()
         xdotool("windowmove", window, "0", "0", "windowsize", window, str(width), str(height))
-
-    def drag(self, start: tuple[int, int], end: tuple[int, int]) -> None:
-        """Moves the mouse from one place to the other with its button held. The window manager
-        takes the first steps for the sign that something is to be dragged at all."""
-        xdotool("mousemove", *map(str, start), "mousedown", LEFT_BUTTON)
-        for step in range(1, DRAG_STEPS + 1):
-            xdotool("mousemove", *(str(s + (e - s) * step // DRAG_STEPS)
-                                   for s, e in zip(start, end)))
-        xdotool("mouseup", LEFT_BUTTON)
 
     def minimise(self) -> None:
         xdotool("windowminimize", self._id())
@@ -246,14 +236,6 @@ def note(reading: Reading) -> str:
 
 def cents(reading: Reading) -> float:
     return float(reading["Cents"].removesuffix(" ¢").replace("\N{MINUS SIGN}", "-"))
-
-
-def entries_of(items: list[Item]) -> list[str]:
-    return [item.name for item in items if item.role in ENTRIES]
-
-
-def headings_of(items: list[Item]) -> list[str]:
-    return [item.name for item in items if item.role == pyatspi.ROLE_HEADING]
 
 
 def xdotool(*command: str) -> str:
