@@ -18,10 +18,10 @@ from desk.pulse_audio import PulseAudioRoom  # noqa: E402
 from desk.room import Room  # noqa: E402
 from desk.settings import write_settings  # noqa: E402
 from desk.tuner import Tuner  # noqa: E402
-from desk.window import Reading, note  # noqa: E402
+from desk.window import Reading, cents, note  # noqa: E402
 
 PICTURES = REPOSITORY / "build" / "demo"
-LOOKS = 12  # in a row, that show the same: a pluck is read as anything at first
+MOST_CENTS_OFF = 5  # of the samples themselves
 COLUMNS = "{:<8}{:<20}{:<8}{:>9}   {:<9}{:>9}"
 
 
@@ -41,7 +41,8 @@ class Plucked:
         return f"{self.name}, {abs(self.detune_cents):.0f} cents {side}"
 
     def is_shown(self, shown: Reading) -> bool:
-        return (note(shown), shown.get("Status")) == (self.name, self.status)
+        return ((note(shown), shown.get("Status")) == (self.name, self.status)
+                and abs(cents(shown) - self.detune_cents) <= MOST_CENTS_OFF)
 
 
 STRINGS = (Plucked(6, 40, "E2"), Plucked(5, 45, "A2", -20, "Flat"), Plucked(4, 50, "D3"),
@@ -89,7 +90,7 @@ def pluck(string: Plucked, tuner: Tuner, room: Room, band: Band) -> Reading:
     sound = band.wav(Note(STEEL_GUITAR, string.key, detune_cents=string.detune_cents))
     with room.sounding(sound):
         try:
-            return tuner.window.wait_for(string.is_shown, LOOKS)
+            return tuner.window.wait_for_note(string.is_shown)
         except TimeoutError:
             return tuner.window.read()
         finally:

@@ -18,6 +18,7 @@ VERDICTS = ("In tune", "Flat", "Sharp")
 # What is in a list; the toolkit tells the second of an item of any list.
 IN_LISTS = (pyatspi.ROLE_MENU_ITEM, pyatspi.ROLE_LIST_ITEM, pyatspi.ROLE_HEADING)
 LEFT_BUTTON = "1"
+LEAD = 5
 # A place is told in whole pixels, whose sum may be one off on each side.
 MOST_PIXELS_OFF = 2
 
@@ -95,19 +96,30 @@ class Window:
         return {item.description: item.name for item in self.items()
                 if item.name and item.description}
 
-    def wait_for(self, condition: Callable[[Reading], bool], times: int = 1) -> Reading:
-        """The last of the first readings that fulfil `condition` so many times in a row."""
+    def wait_for(self, condition: Callable[[Reading], bool]) -> Reading:
+        """The first reading that fulfils `condition`."""
         last: Reading = {}
-        fulfilled = 0
 
         def is_fulfilled() -> bool:
-            nonlocal last, fulfilled
+            nonlocal last
             last = self.read()
-            fulfilled = fulfilled + 1 if condition(last) else 0
-            return fulfilled >= times
+            return condition(last)
 
         wait_until(is_fulfilled, lambda: f"the window shows {last}")
         return last
+
+    def wait_for_note(self, is_right: Callable[[Reading], bool]) -> Reading:
+        """The reading of a note with which `LEAD` more of them have been right than wrong: a pluck may
+        be read as anything, and a look takes as long as the machine lets it."""
+        lead = 0
+
+        def leads(shown: Reading) -> bool:
+            nonlocal lead
+            right = is_heard(shown) and is_right(shown)
+            lead = max(0, lead + (1 if right else -1 if is_heard(shown) else 0))
+            return right and lead >= LEAD
+
+        return self.wait_for(leads)
 
     def find(self, **wanted) -> Item:
         """The one item that has these values, as soon as there is exactly one."""
