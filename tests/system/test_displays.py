@@ -129,12 +129,13 @@ class LargerTexts(DisplayTest):
 
 class OtherUsers(DisplayTest):
     def test_from_right_to_left_and_with_a_decimal_comma(self) -> None:
-        texts, places = self.texts_at(FIRST_SIZE), self.places(self.show())
+        usual = self.show()
         for locale in ("ar_EG", "he_IL", "de_DE", "fa_IR"):
             with self.subTest(locale):
                 window = self.show(**self.speaking(locale))
-                self.assert_has_texts(window, texts)
-                self.assertEqual(self.places(window), places)
+                wait_until(lambda: self.texts(window) == self.texts(usual)
+                           and self.places(window) == self.places(usual),
+                           lambda: f"{self.texts(window)} at {self.places(window)}")
 
     def test_without_the_round_font(self) -> None:
         texts = self.texts_at(FIRST_SIZE)

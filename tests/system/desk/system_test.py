@@ -6,7 +6,7 @@ import sys
 import unittest
 from typing import ClassVar
 
-from .controls import ALLOW, Controls
+from .controls import Controls
 from .desktop import SCREEN, PrivateDesktop, Size
 from .instruments import Band
 from .plucked import write_plucked
@@ -52,7 +52,7 @@ class SystemTest(unittest.TestCase):
         if room:
             tuner.wait_until_listening(room)
         else:
-            tuner.window.find(name=ALLOW)
+            tuner.wait_until_deaf()
         if environment["DISPLAY"]:
             tuner.window.rest_mouse()
             tuner.window.activate()

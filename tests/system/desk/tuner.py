@@ -2,6 +2,7 @@
 
 import pathlib
 
+from .controls import ALLOW, PLAY, POLICY
 from .desktop import PrivateDesktop
 from .room import Room
 from .waiting import EVENTUALLY_SECONDS, wait_until
@@ -22,7 +23,7 @@ class Tuner:
         self.process = self._desktop.processes.start([str(self._program)], self._environment)
         self.window = Window(self.process.pid)
         try:
-            wait_until(self._shows_a_status, self._last_words)
+            wait_until(self._is_there, self._last_words)
         except BaseException:
             self._end()
             raise
@@ -35,15 +36,24 @@ class Tuner:
         wait_until(lambda: room.is_listening(self.process) == listening,
                    lambda: f"listening should be {listening}\n{self._last_words()}")
 
+    def wait_until_deaf(self) -> None:
+        """Until it says that there is no microphone, and everything has made room for that."""
+        wait_until(lambda: self._has_in_order(PLAY, ALLOW, POLICY), self._last_words)
+
     def quit(self) -> int:
         """Closes the window; the program's exit status."""
         self.window.close()
         return self.process.wait(EVENTUALLY_SECONDS)
 
-    def _shows_a_status(self) -> bool:
+    def _is_there(self) -> bool:
         if self.process.poll() is not None:
             raise RuntimeError(f"ended with {self.process.returncode}\n{self._last_words()}")
-        return "Status" in self.window.read()
+        return self._has_in_order(PLAY, POLICY)
+
+    def _has_in_order(self, *names: str) -> bool:
+        """From top to bottom, and nowhere before the screen has been laid out."""
+        tops = {item.box.y: item.name for item in self.window.items() if item.name in names}
+        return [tops[top] for top in sorted(tops)] == list(names)
 
     def _last_words(self) -> str:
         return self._desktop.processes.last_words(self._program)

@@ -161,14 +161,21 @@ class Window:
     def press(self, **wanted) -> None:
         self.click(self.find(**wanted))
 
-    def open_list(self, face: Item) -> list[Item]:
-        """Clicks the control that has a list; its headings and entries from top to bottom, but for
-        those that are scrolled away."""
+    def open_list(self, face: Item, names: list[str]) -> list[Item]:
+        """Clicks the control that has a list; its headings and entries, as soon as they have these
+        names from top to bottom."""
         self.click(face)
-        area = self.find(role=pyatspi.ROLE_POPUP_MENU)
-        return sorted((item for item in self.items()
-                       if item.role in IN_LISTS and area.box.holds(item.box)),
-                      key=lambda item: item.box.y)
+        listed: list[Item] = []
+
+        def is_there() -> bool:
+            area = self.find(role=pyatspi.ROLE_POPUP_MENU)
+            listed[:] = sorted((item for item in self.items()
+                                if item.role in IN_LISTS and area.box.holds(item.box)),
+                               key=lambda item: item.box.y)
+            return [item.name for item in listed] == names
+
+        wait_until(is_there, lambda: f"{[item.name for item in listed]} in the list, not {names}")
+        return listed
 
     def choose(self, entries: list[Item], title: str) -> None:
         """Clicks the entry of this title in an open list."""
