@@ -19,15 +19,14 @@ class VectorItemTest : public testing::Test {
     area.setPosition({50, 50});
     area.setSize({100, 100});
     area.setClip(true);
+    item.setProperty("color", QColor(Qt::white));
+    item.setSize({60, 40});
     window.show();
   }
 
-  /// How many pixels are not as black as the ground, inside and outside of the area, with a
-  /// rectangle of 60 x 40 at this height in it.
+  /// How many pixels are not as black as the ground, inside and outside of the area, with the item
+  /// at this height in it.
   std::pair<int, int> inkInsideAndOutside(double y) {
-    ContinuousRectangle item(&area);
-    item.setProperty("color", QColor(Qt::white));
-    item.setSize({60, 40});
     item.setY(y);
     const QImage image = window.grabWindow();
     std::pair<int, int> ink = {0, 0};
@@ -42,6 +41,7 @@ class VectorItemTest : public testing::Test {
 
   QQuickWindow window;
   QQuickItem area{window.contentItem()};
+  ContinuousRectangle item{&area};
 };
 
 TEST_F(VectorItemTest, IsPaintedWhereItIsAndCutByWhatClipsIt) {
@@ -50,6 +50,11 @@ TEST_F(VectorItemTest, IsPaintedWhereItIsAndCutByWhatClipsIt) {
   }
   area.setClip(false);
   EXPECT_EQ(inkInsideAndOutside(105), std::pair(0, 60 * 40));
+}
+
+TEST_F(VectorItemTest, IsAsOpaqueAsWhatItIsIn) {
+  area.setOpacity(0.5);
+  EXPECT_NEAR(qGray(window.grabWindow().pixel(80, 70)), 127.5, 0.5);
 }
 
 /// Counts how often it is painted.
