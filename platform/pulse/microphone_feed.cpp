@@ -14,6 +14,10 @@ constexpr double secondsToSettle = 0.05;
 /// A PipeWire that was stopped goes on losing some quanta after it has begun again, for 0.4 s on a
 /// busy machine.
 constexpr double secondsToSettleAfterAStall = 0.5;
+/// A busy PulseAudio sends sound of the device before after the word that there is another, and
+/// between sound of the new one. Of each it has no more left than `longestBreath`, or there would
+/// have been silence.
+constexpr double secondsToSettleAfterAMove = 1.0;
 
 }  // namespace
 
@@ -38,7 +42,7 @@ void MicrophoneFeed::expectSound(Timers& timers) {
 void MicrophoneFeed::append(const float* interleaved, std::size_t frames) {
   if (std::exchange(silence, {}) > silence.zero()) {
     interrupt();
-    unsettled = framesIn(secondsToSettleAfterAStall);
+    settle(secondsToSettleAfterAStall);
   }
   if (timer) timer->arm(longestBreath, [this] { quiet(); });
   if (unsettled > 0) {
@@ -49,8 +53,13 @@ void MicrophoneFeed::append(const float* interleaved, std::size_t frames) {
   if (collector) collector->append(interleaved, frames);
 }
 
+void MicrophoneFeed::moved() {
+  interrupt();
+  settle(secondsToSettleAfterAMove);
+}
+
 void MicrophoneFeed::interrupt() {
-  unsettled = framesIn(secondsToSettle);
+  settle(secondsToSettle);
   const std::lock_guard held(gate);
   if (collector) collector->drop();
 }
@@ -59,6 +68,10 @@ void MicrophoneFeed::interrupt() {
 /// have without the gap, and need not wait for the rest of a fragment.
 std::size_t MicrophoneFeed::framesIn(double seconds) const {
   return bufferFrames * static_cast<std::size_t>(std::ceil(seconds * rate / bufferFrames));
+}
+
+void MicrophoneFeed::settle(double seconds) {
+  unsettled = std::max(unsettled, framesIn(seconds));
 }
 
 void MicrophoneFeed::end() {

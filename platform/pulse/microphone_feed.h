@@ -35,6 +35,8 @@ class MicrophoneFeed {
   void append(const float* interleaved, std::size_t frames);
   /// What comes next does not follow what has come.
   void interrupt();
+  /// It is from another device too.
+  void moved();
   /// No more silence either. Must be called before the feed is destroyed.
   void end();
 
@@ -44,6 +46,7 @@ class MicrophoneFeed {
 
  private:
   std::size_t framesIn(double seconds) const;
+  void settle(double seconds);
   void quiet();
   void keepSilence(std::size_t frames);
 

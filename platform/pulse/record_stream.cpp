@@ -30,8 +30,7 @@ bool RecordStream::connect() {
       stream(), [](pa_stream*, std::size_t, void* me) { static_cast<RecordStream*>(me)->read(); },
       this);
   pa_stream_set_moved_callback(
-      stream(), [](pa_stream*, void* me) { static_cast<RecordStream*>(me)->feed->interrupt(); },
-      this);
+      stream(), [](pa_stream*, void* me) { static_cast<RecordStream*>(me)->feed->moved(); }, this);
   const pa_buffer_attr buffering{
       .maxlength = serverDefault,
       .tlength = serverDefault,
