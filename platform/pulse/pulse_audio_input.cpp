@@ -66,7 +66,7 @@ void PulseAudioInput::open(const AudioFormat& format) {
   run->attempt = std::make_shared<Attempt>(Attempt{.stream = nullptr,
                                                    .format = format,
                                                    .order = channelOrder(format),
-                                                   .begun = std::chrono::steady_clock::now()});
+                                                   .begun = connection.now()});
   const auto stream =
       std::make_shared<RecordStream>(format, run->attempt->order, run->feed, observer());
   run->attempt->stream = stream;
@@ -151,7 +151,7 @@ void PulseAudioInput::silent(milliseconds lasting) {
 /// A stream that the server has not made yet has a deadline of its own.
 bool PulseAudioInput::isHopeless(milliseconds silence) const {
   const Attempt& attempt = *run->attempt;
-  const auto age = std::chrono::steady_clock::now() - attempt.begun;
+  const auto age = connection.now() - attempt.begun;
   if (attempt.stream == nullptr) return age >= pauseBetweenAttempts;
   return attempt.ready && silence >= longestSilence && age >= longestSilence;
 }

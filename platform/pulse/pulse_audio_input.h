@@ -42,7 +42,7 @@ class PulseAudioInput final : public AudioInput {
     std::shared_ptr<RecordStream> stream;
     AudioFormat format;
     pa_channel_map order{};
-    std::chrono::steady_clock::time_point begun;
+    Clock::Time begun;
     bool ready = false;
   };
   /// From `start` until `stop` or the start's failure: one recording after the other.

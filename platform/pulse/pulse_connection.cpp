@@ -7,8 +7,8 @@
 
 namespace corvane {
 
-PulseConnection::PulseConnection(MainQueue& queue)
-    : mainQueue(queue), lifetime(std::make_shared<char>()) {}
+PulseConnection::PulseConnection(MainQueue& queue, std::shared_ptr<const Clock> time)
+    : mainQueue(queue), clock(std::move(time)), lifetime(std::make_shared<char>()), loop(*clock) {}
 
 PulseConnection::~PulseConnection() {
   loop.async([this] {

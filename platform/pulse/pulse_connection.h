@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/back_off.h"
+#include "platform/clock.h"
 #include "platform/main_queue.h"
 #include "platform/pulse/pulse_loop.h"
 #include "platform/pulse/pulse_session.h"
@@ -27,12 +28,14 @@ class PulseConnection {
 
   using Settled = std::function<void(State)>;
 
-  /// `mainQueue` must outlive the connection.
-  explicit PulseConnection(MainQueue& mainQueue);
+  /// `mainQueue` must outlive the connection; `clock` measures every wait for the server.
+  explicit PulseConnection(MainQueue& mainQueue,
+                           std::shared_ptr<const Clock> clock = std::make_shared<SteadyClock>());
   ~PulseConnection();
   PulseConnection(const PulseConnection&) = delete;
   PulseConnection& operator=(const PulseConnection&) = delete;
 
+  Clock::Time now() const { return clock->now(); }
   State state() const { return currentState; }
   /// All zero unless connected.
   const ServerFacts& facts() const { return currentFacts; }
@@ -63,6 +66,7 @@ class PulseConnection {
   void tryAgain();
 
   MainQueue& mainQueue;
+  const std::shared_ptr<const Clock> clock;
   State currentState = State::unknown;
   ServerFacts currentFacts;
   std::vector<Settled> waiting;

@@ -29,10 +29,9 @@ std::thread startWithoutSignals(std::function<void()> body) {
 }
 
 /// For `poll`: no earlier than `moment`, and -1 for the end of time.
-int millisecondsUntil(std::optional<Timers::Clock::time_point> moment) {
+int millisecondsUntil(Clock::Time now, std::optional<Clock::Time> moment) {
   if (!moment) return -1;
-  const auto left =
-      std::chrono::ceil<std::chrono::milliseconds>(*moment - Timers::Clock::now()).count();
+  const auto left = std::chrono::ceil<std::chrono::milliseconds>(*moment - now).count();
   return static_cast<int>(std::clamp<std::int64_t>(left, 0, 1'000'000));
 }
 
@@ -47,7 +46,8 @@ void forget(int wakeup) {
 
 }  // namespace
 
-PulseLoop::PulseLoop() : wakeup(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+PulseLoop::PulseLoop(const Clock& ofTimers)
+    : clock(ofTimers), wakeup(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), loopTimers(ofTimers) {
   require(wakeup >= 0, "a descriptor is left to wake the audio thread");
   thread = startWithoutSignals([this] { run(); });
 }
@@ -98,8 +98,8 @@ void PulseLoop::openMainloop() {
   if (mainloop == nullptr) return;
   pa_mainloop_set_poll_func(
       mainloop.get(),
-      [](pollfd* descriptors, unsigned long count, int milliseconds, void* loop) {
-        return static_cast<PulseLoop*>(loop)->wait(descriptors, count, milliseconds);
+      [](pollfd* descriptors, unsigned long count, int limit, void* loop) {
+        return static_cast<PulseLoop*>(loop)->wait(descriptors, count, limit);
       },
       this);
   const auto wake = [](pa_mainloop_api*, pa_io_event*, int descriptor, pa_io_event_flags_t, void*) {
@@ -110,8 +110,8 @@ void PulseLoop::openMainloop() {
 
 /// Until something happens, a timer is due, or the time is up. A system that cannot tell what has
 /// happened is asked again.
-int PulseLoop::wait(pollfd* descriptors, unsigned long count, int milliseconds) {
-  const int longest = sooner(milliseconds, millisecondsUntil(loopTimers.next()));
+int PulseLoop::wait(pollfd* descriptors, unsigned long count, int limit) {
+  const int longest = sooner(limit, millisecondsUntil(clock.now(), loopTimers.next()));
   const int ready = poll(descriptors, count, longest);
   if (ready >= 0) return ready;
   if (errno != EINTR) std::this_thread::sleep_for(breather);

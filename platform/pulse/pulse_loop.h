@@ -9,6 +9,7 @@
 #include <thread>
 #include <vector>
 
+#include "platform/clock.h"
 #include "platform/pulse/timer.h"
 
 namespace corvane {
@@ -20,7 +21,8 @@ class PulseLoop {
  public:
   using Job = std::function<void()>;
 
-  PulseLoop();
+  /// `clock` is that of the timers and must outlive the loop.
+  explicit PulseLoop(const Clock& clock);
   /// Runs what was submitted before, then ends the thread.
   ~PulseLoop();
   PulseLoop(const PulseLoop&) = delete;
@@ -42,11 +44,12 @@ class PulseLoop {
   void runJobs();
   void iterate();
   void waitForJobs();
-  int wait(pollfd* descriptors, unsigned long count, int milliseconds);
+  int wait(pollfd* descriptors, unsigned long count, int limit);
 
   std::mutex lock;
   std::vector<Job> jobs;  ///< under `lock`
-  int wakeup;             ///< an eventfd, readable while jobs wait
+  const Clock& clock;
+  int wakeup;  ///< an eventfd, readable while jobs wait
   Timers loopTimers;
   std::unique_ptr<pa_mainloop, decltype(&pa_mainloop_free)> mainloop{nullptr, pa_mainloop_free};
   bool over = false;  ///< on the loop's thread

@@ -15,14 +15,14 @@ Timer* Timers::first() const {
   return found;
 }
 
-std::optional<Timers::Clock::time_point> Timers::next() const {
+std::optional<Clock::Time> Timers::next() const {
   const Timer* const timer = first();
   if (timer == nullptr) return std::nullopt;
   return timer->due;
 }
 
 void Timers::callDue() {
-  const auto now = Clock::now();
+  const auto now = clock.now();
   for (Timer* timer = first(); timer != nullptr && *timer->due <= now; timer = first()) {
     timer->call();
   }
@@ -39,7 +39,7 @@ Timer::~Timer() {
 void Timer::arm(std::chrono::milliseconds delay, std::function<void()> then) {
   require(delay.count() > 0, "a timer calls later");
   job = std::move(then);
-  due = Timers::Clock::now() + delay;
+  due = timers.clock.now() + delay;
 }
 
 void Timer::disarm() {

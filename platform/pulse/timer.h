@@ -5,6 +5,8 @@
 #include <optional>
 #include <vector>
 
+#include "platform/clock.h"
+
 namespace corvane {
 
 class Timer;
@@ -14,10 +16,11 @@ class Timer;
 /// system has had nothing left to give.
 class Timers {
  public:
-  using Clock = std::chrono::steady_clock;
+  /// `clock` must outlive the timers.
+  explicit Timers(const Clock& time) : clock(time) {}
 
   /// When the first of them is due; nothing when none is armed.
-  std::optional<Clock::time_point> next() const;
+  std::optional<Clock::Time> next() const;
 
   /// Calls what is due by now; what is armed meanwhile is not.
   void callDue();
@@ -26,6 +29,7 @@ class Timers {
   friend class Timer;
   Timer* first() const;
 
+  const Clock& clock;
   std::vector<Timer*> all;  ///< a handful, armed or not
 };
 
@@ -47,7 +51,7 @@ class Timer {
   void call();
 
   Timers& timers;
-  std::optional<Timers::Clock::time_point> due;  ///< none while disarmed
+  std::optional<Clock::Time> due;  ///< none while disarmed
   std::function<void()> job;
 };
 

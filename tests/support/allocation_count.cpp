@@ -34,63 +34,34 @@ std::size_t corvane::allocationsOfThisThread() {
   return count;
 }
 
-void* operator new(std::size_t size) {
-  return allocate(size);
-}
-void* operator new(std::size_t size, std::align_val_t align) {
-  return allocate(size, align);
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-  return allocateOrNull(size);
-}
-void* operator new(std::size_t size, std::align_val_t align, const std::nothrow_t&) noexcept {
-  return allocateOrNull(size, align);
-}
-void* operator new[](std::size_t size) {
-  return allocate(size);
-}
-void* operator new[](std::size_t size, std::align_val_t align) {
-  return allocate(size, align);
-}
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-  return allocateOrNull(size);
-}
-void* operator new[](std::size_t size, std::align_val_t align, const std::nothrow_t&) noexcept {
-  return allocateOrNull(size, align);
-}
-void operator delete(void* memory) noexcept {
-  release(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-  release(memory);
-}
-void operator delete(void* memory, std::align_val_t) noexcept {
-  release(memory);
-}
-void operator delete(void* memory, std::size_t, std::align_val_t) noexcept {
-  release(memory);
-}
-void operator delete(void* memory, const std::nothrow_t&) noexcept {
-  release(memory);
-}
-void operator delete(void* memory, std::align_val_t, const std::nothrow_t&) noexcept {
-  release(memory);
-}
-void operator delete[](void* memory) noexcept {
-  release(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-  release(memory);
-}
-void operator delete[](void* memory, std::align_val_t) noexcept {
-  release(memory);
-}
-void operator delete[](void* memory, std::size_t, std::align_val_t) noexcept {
-  release(memory);
-}
-void operator delete[](void* memory, const std::nothrow_t&) noexcept {
-  release(memory);
-}
-void operator delete[](void* memory, std::align_val_t, const std::nothrow_t&) noexcept {
-  release(memory);
-}
+#define CORVANE_NEW(form)                                                                         \
+  void* operator form(std::size_t size) {                                                         \
+    return allocate(size);                                                                        \
+  }                                                                                               \
+  void* operator form(std::size_t size, std::align_val_t align) {                                 \
+    return allocate(size, align);                                                                 \
+  }                                                                                               \
+  void* operator form(std::size_t size, const std::nothrow_t&) noexcept {                         \
+    return allocateOrNull(size);                                                                  \
+  }                                                                                               \
+  void* operator form(std::size_t size, std::align_val_t align, const std::nothrow_t&) noexcept { \
+    return allocateOrNull(size, align);                                                           \
+  }
+
+#define CORVANE_DELETE(form, ...)                                        \
+  void operator form(void* memory __VA_OPT__(, ) __VA_ARGS__) noexcept { \
+    release(memory);                                                     \
+  }
+
+#define CORVANE_DELETES(form)                         \
+  CORVANE_DELETE(form)                                \
+  CORVANE_DELETE(form, std::size_t)                   \
+  CORVANE_DELETE(form, std::align_val_t)              \
+  CORVANE_DELETE(form, std::size_t, std::align_val_t) \
+  CORVANE_DELETE(form, const std::nothrow_t&)         \
+  CORVANE_DELETE(form, std::align_val_t, const std::nothrow_t&)
+
+CORVANE_NEW(new)
+CORVANE_NEW(new[])
+CORVANE_DELETES(delete)
+CORVANE_DELETES(delete[])

@@ -1,7 +1,12 @@
 #include "tests/support/audio_server.h"
 
-#include <algorithm>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
 #include <exception>
+#include <fstream>
+#include <iostream>
 #include <sstream>
 #include <stdexcept>
 #include <utility>
@@ -28,6 +33,18 @@ std::vector<std::string> linesWith(const std::string& prefix, const std::string&
   return lines;
 }
 
+/// A socket exists for a moment before anybody listens on it, and WirePlumber ends when it is
+/// refused.
+bool isListenedTo(const fs::path& socketFile) {
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  socketFile.string().copy(address.sun_path, sizeof address.sun_path - 1);
+  const int descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  const int result = connect(descriptor, reinterpret_cast<sockaddr*>(&address), sizeof address);
+  close(descriptor);
+  return result == 0;
+}
+
 }  // namespace
 
 std::string nameOf(AudioServer::Kind kind) {
@@ -35,11 +52,16 @@ std::string nameOf(AudioServer::Kind kind) {
 }
 
 AudioServer::AudioServer(Kind which) : kind(which) {
+  for (const char* const program : {"pipewire", "pipewire-pulse"}) {
+    const fs::path folder = home() / ".config/pipewire" / (std::string(program) + ".conf.d");
+    fs::create_directories(folder);
+    // Reports of losses are of this level.
+    std::ofstream(folder / "log.conf") << "context.properties = { log.level = 3 }\n";
+  }
   start();
 }
 
 void AudioServer::start() {
-  rooms.clear();
   modules.clear();
   kind == Kind::pulseAudio ? startPulseAudio() : startPipeWire();
   waitFor(nameOf(kind) + " to answer", [this] { return obeys({"info"}); });
@@ -52,7 +74,7 @@ void AudioServer::startPulseAudio() {
 
 void AudioServer::startPipeWire() {
   const auto appears = [this](const std::string& socket) {
-    waitFor(socket, [this, socket] { return fs::exists(home() / socket); });
+    waitFor(socket, [this, socket] { return isListenedTo(home() / socket); });
   };
   run({"dbus-daemon", "--session", "--nofork", "--nopidfile",
        "--address=unix:path=" + (home() / "bus").string()});
@@ -86,47 +108,45 @@ void AudioServer::load(const std::string& device, std::vector<std::string> modul
 void AudioServer::unplug(const std::string& name) {
   pactl({"unload-module", modules.at(name)});
   modules.erase(name);
-  std::erase_if(rooms, [&name](const Room& room) { return room.microphone == name; });
 }
 
 void AudioServer::addSpeakers(const std::string& name, std::uint32_t rate, std::uint32_t channels) {
-  addSink(name, {name, rate, channels}, "Audio/Sink");
+  addSink(name, rate, channels, Pace::eager);
 }
 
 void AudioServer::addMicrophone(const std::string& name, std::uint32_t rate, std::uint32_t channels,
                                 Pace pace) {
   const std::string room = name + "-room";
-  rooms.push_back({name, rate, channels, pace});
-  addSink(room, rooms.back(), "Audio/Sink");
+  addSink(room, rate, channels, pace);
   if (kind == Kind::pulseAudio) {
     load(name,
          {"module-remap-source", "master=" + room + ".monitor", "source_name=" + name, "remix=no"});
   } else {
     // The graph runs at one rate; at another than the microphone's it would resample by itself.
     outputOf({"pw-metadata", "-n", "settings", "0", "clock.force-rate", std::to_string(rate)});
-    addSink(name, rooms.back(), "Audio/Source/Virtual");
-    linkChannels(room, name);
+    addSink(name, rate, channels, pace, "Audio/Source/Virtual");
+    linkChannels(room, name, channels);
   }
   setDefaultSource(name);
 }
 
-void AudioServer::addSink(const std::string& name, const Room& room,
-                          const std::string& mediaClass) {
+void AudioServer::addSink(const std::string& name, std::uint32_t rate, std::uint32_t channels,
+                          Pace pace, const std::string& mediaClass) {
   std::vector<std::string> module{
-      "module-null-sink", "sink_name=" + name, "rate=" + std::to_string(room.rate),
-      "channels=" + std::to_string(room.channels), "channel_map=" + channelOrder(room.channels)};
+      "module-null-sink", "sink_name=" + name, "rate=" + std::to_string(rate),
+      "channels=" + std::to_string(channels), "channel_map=" + channelOrder(channels)};
   if (kind == Kind::pulseAudio) {
     module.push_back("format=float32le");
     // It looks ahead only as long as it may take back what it has seen.
-    if (room.pace == Pace::eager) module.push_back("norewinds=yes");
+    if (pace == Pace::eager) module.push_back("norewinds=yes");
   } else {
     module.push_back("media.class=" + mediaClass);
   }
   load(name, std::move(module));
 }
 
-void AudioServer::linkChannels(const std::string& speakers, const std::string& microphone) {
-  const std::size_t channels = rooms.back().channels;
+void AudioServer::linkChannels(const std::string& speakers, const std::string& microphone,
+                               std::size_t channels) {
   std::vector<std::string> from;
   std::vector<std::string> to;
   waitFor("the ports of " + microphone, [&] {
@@ -155,16 +175,44 @@ void AudioServer::setDefaultSource(const std::string& name) {
 }
 
 std::unique_ptr<ChildProcess> AudioServer::play(const std::string& microphone,
-                                                const std::filesystem::path& samples) {
-  const auto room = std::find_if(rooms.begin(), rooms.end(),
-                                 [&](const Room& r) { return r.microphone == microphone; });
-  if (room == rooms.end()) throw std::invalid_argument(microphone);
+                                                const std::filesystem::path& samples,
+                                                std::uint32_t rate, std::uint32_t channels) {
   return std::make_unique<ChildProcess>(
       std::vector<std::string>{"pacat", "--playback", "--raw", "--device=" + microphone + "-room",
-                               "--format=float32le", "--rate=" + std::to_string(room->rate),
-                               "--channels=" + std::to_string(room->channels),
-                               "--channel-map=" + channelOrder(room->channels), samples},
+                               "--format=float32le", "--rate=" + std::to_string(rate),
+                               "--channels=" + std::to_string(channels),
+                               "--channel-map=" + channelOrder(channels), samples},
       home() / "pacat.log");
+}
+
+bool AudioServer::mayHaveLostSound() {
+  // Of the losses within this time PipeWire reports one.
+  constexpr std::chrono::seconds oneReport{2};
+  const auto begun = std::exchange(lastLook, std::chrono::steady_clock::now());
+  const std::string reports = newReportsOfLosses();
+  std::cout << reports;
+  if (!reports.empty()) lastReport = lastLook;
+  return begun < lastReport + oneReport;
+}
+
+std::string AudioServer::newReportsOfLosses() {
+  std::string found;
+  for (const char* const log : {"pipewire.log", "pipewire-pulse.log"}) {
+    std::ifstream file(home() / log);
+    file.seekg(static_cast<std::streamoff>(read[log]));
+    for (std::string line; std::getline(file, line) && !file.eof(); read[log] += line.size() + 1) {
+      for (const char* const loss : {"too slow", "XRun", "overrun", "underrun"}) {
+        if (line.find(loss) != std::string::npos) found += "reported: " + line + "\n";
+      }
+    }
+  }
+  return found;
+}
+
+void AudioServer::useLongCycles() {
+  if (kind == Kind::pipeWire) {
+    outputOf({"pw-metadata", "-n", "settings", "0", "clock.force-quantum", "4096"});
+  }
 }
 
 void AudioServer::suspend() {

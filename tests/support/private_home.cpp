@@ -61,7 +61,7 @@ PrivateHome::~PrivateHome() {
 }
 
 void waitFor(const std::string& what, const std::function<bool()>& condition) {
-  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+  const auto deadline = std::chrono::steady_clock::now() + longestWait;
   while (!condition()) {
     if (std::chrono::steady_clock::now() > deadline) {
       throw std::runtime_error("waited in vain for " + what);

@@ -22,7 +22,10 @@ class PrivateHome {
   std::filesystem::path directory;
 };
 
-/// Waits until `condition` holds; throws with `what` when it does not in ten seconds.
+/// How long a test waits for what must happen: it ends a test that has failed, and is no measure.
+constexpr std::chrono::seconds longestWait{30};
+
+/// Waits until `condition` holds; throws with `what` if it does not within `longestWait`.
 void waitFor(const std::string& what, const std::function<bool()>& condition);
 
 }  // namespace corvane::support

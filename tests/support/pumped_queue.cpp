@@ -1,11 +1,13 @@
 #include "tests/support/pumped_queue.h"
 
+#include <time.h>
+
 #include <algorithm>
 #include <utility>
 
-namespace corvane::support {
+#include "tests/support/private_home.h"
 
-using Clock = std::chrono::steady_clock;
+namespace corvane::support {
 
 void PumpedQueue::async(Job job) {
   {
@@ -15,26 +17,38 @@ void PumpedQueue::async(Job job) {
   submitted.notify_one();
 }
 
-bool PumpedQueue::pumpUntil(const std::function<bool()>& condition, Duration limit) {
-  const auto deadline = Clock::now() + limit;
+bool PumpedQueue::pumpUntil(const std::function<bool()>& condition) {
+  const auto deadline = std::chrono::steady_clock::now() + longestWait;
   while (!condition()) {
-    if (Clock::now() > deadline) return false;
-    const auto job = next();
-    if (!job) continue;
-    const auto begun = Clock::now();
-    job();
-    longest = std::max(longest, Clock::now() - begun);
+    if (std::chrono::steady_clock::now() > deadline) return false;
+    if (const auto job = next(std::chrono::milliseconds(5))) run(job);
   }
   return true;
 }
 
-MainQueue::Job PumpedQueue::next() {
+void PumpedQueue::pump() {
+  while (const auto job = next({})) run(job);
+}
+
+void PumpedQueue::run(const Job& job) {
+  const auto begun = timeOfThisThread();
+  job();
+  longest = std::max(longest, timeOfThisThread() - begun);
+}
+
+MainQueue::Job PumpedQueue::next(std::chrono::milliseconds limit) {
   std::unique_lock held(lock);
-  submitted.wait_for(held, std::chrono::milliseconds(5), [this] { return !jobs.empty(); });
+  submitted.wait_for(held, limit, [this] { return !jobs.empty(); });
   if (jobs.empty()) return nullptr;
   auto job = std::move(jobs.front());
   jobs.pop_front();
   return job;
+}
+
+std::chrono::nanoseconds timeOfThisThread() {
+  timespec time{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+  return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
 }  // namespace corvane::support

@@ -13,6 +13,10 @@ CodedFrame frameIn(float sample) {
   return {code >> 20U, code & 0xFFFFU};
 }
 
+std::string text(const CodedFrame& frame) {
+  return "frame " + std::to_string(frame.number) + " of room " + std::to_string(frame.room);
+}
+
 }  // namespace
 
 std::uint32_t frameAfter(std::uint32_t number, std::uint32_t count) {
@@ -25,18 +29,15 @@ float coded_signal::sample(const CodedFrame& frame, std::uint32_t channel) {
 
 void coded_signal::write(const std::filesystem::path& file, std::uint32_t room, std::uint32_t rate,
                          std::uint32_t channels, double seconds) {
-  const auto frames = static_cast<std::size_t>(seconds * rate);
   std::vector<float> samples;
-  samples.reserve(frames * channels);
-  std::uint32_t frame = 1;
-  for (std::size_t i = 0; i < frames; ++i, frame = frameAfter(frame)) {
-    for (std::uint32_t c = 0; c < channels; ++c) {
-      samples.push_back(sample({room, frame}, c));
-    }
+  for (std::uint32_t frame = 1; frame <= period; ++frame) {
+    for (std::uint32_t c = 0; c < channels; ++c) samples.push_back(sample({room, frame}, c));
   }
-  std::ofstream(file, std::ios::binary)
-      .write(reinterpret_cast<const char*>(samples.data()),
-             static_cast<std::streamsize>(samples.size() * sizeof(float)));
+  std::ofstream out(file, std::ios::binary);
+  for (double written = 0.0; written < seconds * rate; written += period) {
+    out.write(reinterpret_cast<const char*>(samples.data()),
+              static_cast<std::streamsize>(samples.size() * sizeof(float)));
+  }
 }
 
 RecordedBuffer::RecordedBuffer(const AudioBuffer& buffer)
@@ -60,7 +61,7 @@ bool RecordedBuffer::holdsSilence() const {
 }
 
 std::string RecordedBuffer::faultAgainst(std::uint32_t room) const {
-  std::uint32_t frame = firstFrame();
+  std::uint32_t frame = frameIn(channels.at(0).front()).number;
   for (std::size_t i = 0; i < frames; ++i, frame = frameAfter(frame)) {
     for (std::uint32_t c = 0; c < channels.size(); ++c) {
       const float played = coded_signal::sample({room, frame}, c);
@@ -79,12 +80,41 @@ std::vector<CodedFrame> RecordedBuffer::codedFrames() const {
   return found;
 }
 
-std::uint32_t RecordedBuffer::firstFrame() const {
-  return frameIn(channels.at(0).front()).number;
+std::string Joints::in(const RecordedBuffer& buffer) {
+  if (buffer.afterGap) *this = {};
+  std::string found = formatFault(buffer);
+  begun = true;
+  sampleRate = buffer.sampleRate;
+  channels = buffer.channels.size();
+  for (const CodedFrame& frame : buffer.codedFrames()) {
+    if (found.empty()) found = fault(frame);
+    take(frame);
+  }
+  return found;
 }
 
-std::uint32_t RecordedBuffer::lastFrame() const {
-  return frameIn(channels.at(0).back()).number;
+std::string Joints::formatFault(const RecordedBuffer& buffer) const {
+  if (!begun || (buffer.sampleRate == sampleRate && buffer.channels.size() == channels)) return {};
+  return "one format follows another";
+}
+
+std::string Joints::fault(const CodedFrame& frame) const {
+  const CodedFrame& last = heard.frame;
+  if (frame.isSilence() || last.isSilence()) return {};
+  const bool waited = frame.number == frameAfter(last.number);
+  const bool wentOn = frame.number == frameAfter(last.number, heard.silence + 1);
+  if (frame.room == last.room && (waited || wentOn)) return {};
+  return text(frame) + " follows " + text(last) + " after " + std::to_string(heard.silence) +
+         " of silence, " + std::to_string(position) + " frames into the stretch";
+}
+
+void Joints::take(const CodedFrame& frame) {
+  ++position;
+  if (!frame.isSilence()) {
+    heard = {frame};
+  } else {
+    ++heard.silence;
+  }
 }
 
 }  // namespace corvane

@@ -28,7 +28,7 @@ constexpr std::uint32_t period = 65535;  ///< frames, after which the numbering 
 /// What is played as `frame` on a channel.
 float sample(const CodedFrame& frame, std::uint32_t channel);
 
-/// Interleaved samples that last `seconds`; `room` is 0 to 15.
+/// Interleaved samples that last `seconds` or a little longer; `room` is 0 to 15.
 void write(const std::filesystem::path& file, std::uint32_t room, std::uint32_t rate,
            std::uint32_t channels, double seconds);
 
@@ -47,9 +47,6 @@ struct RecordedBuffer {
   std::string faultAgainst(std::uint32_t room) const;
   /// All frames, as the first channel has them.
   std::vector<CodedFrame> codedFrames() const;
-  /// The number of the first and of the last frame; 0 in silence.
-  std::uint32_t firstFrame() const;
-  std::uint32_t lastFrame() const;
 
   double sampleRate;
   std::uint32_t frames;
@@ -59,5 +56,36 @@ struct RecordedBuffer {
 
 /// The number of the frame that comes `count` frames after the one with that number.
 std::uint32_t frameAfter(std::uint32_t number, std::uint32_t count = 1);
+
+/// Finds joints: places where sound follows sound that it does not continue.
+///
+/// The coded signal says of each sample which room, and so which microphone, it is from, and as
+/// which frame it was played there. A stretch is what the tap got between two buffers that are
+/// marked as coming after a gap; whoever looks at several buffers at once looks at one stretch. In
+/// a stretch all sound must be of one format and one room, and each frame must follow the one
+/// before it. Where there is silence between them, the player either went on meanwhile, unheard,
+/// and has got further by as many frames, or waited, and goes on where it was.
+class Joints {
+ public:
+  /// Takes the next buffer that the tap got; what is wrong with it, which is nothing mostly.
+  std::string in(const RecordedBuffer& buffer);
+
+ private:
+  /// The last frame of the stretch that was no silence, and how much silence has come since.
+  struct Heard {
+    CodedFrame frame;
+    std::uint32_t silence = 0;
+  };
+
+  std::string formatFault(const RecordedBuffer& buffer) const;
+  std::string fault(const CodedFrame& frame) const;
+  void take(const CodedFrame& frame);
+
+  bool begun = false;
+  double sampleRate = 0.0;
+  std::size_t channels = 0;
+  std::size_t position = 0;  ///< in the stretch
+  Heard heard;
+};
 
 }  // namespace corvane

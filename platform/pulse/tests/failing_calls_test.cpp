@@ -14,6 +14,7 @@
 #include "platform/pulse/pulse_microphone_permission.h"
 #include "platform/pulse/pulse_microphone_watch.h"
 #include "platform/pulse/tests/held.h"
+#include "platform/pulse/tests/pulse_fixture.h"
 #include "tests/support/audio_server.h"
 #include "tests/support/fake_platform.h"
 #include "tests/support/figure.h"
@@ -47,12 +48,10 @@ class Tuner {
     output->play(std::vector<float>(441, 0.1F), [ended] { *ended = true; });
     return pumpUntil([ended] { return ended->load(); });
   }
-  bool pumpUntil(const std::function<bool()>& condition) {
-    return mainQueue->pumpUntil(condition, 10s);
-  }
+  bool pumpUntil(const std::function<bool()>& condition) { return mainQueue->pumpUntil(condition); }
 
   std::shared_ptr<support::PumpedQueue> mainQueue = std::make_shared<support::PumpedQueue>();
-  PulseConnection connection{*mainQueue};
+  PulseConnection connection{*mainQueue, clockOfTests()};
   PulseMicrophoneWatch microphones{connection};
   std::shared_ptr<PulseAudioOutput> output = std::make_shared<PulseAudioOutput>(connection);
   std::shared_ptr<TunerEngine> engine = TunerEngine::create(
@@ -66,6 +65,7 @@ class Tuner {
 class FailingCalls : public testing::Test {
  protected:
   FailingCalls() {
+    testClock().run();
     server.addSpeakers("speakers", 44100, 1);
     // At a high rate a block of sound is over soon.
     server.pactl(
@@ -169,9 +169,28 @@ TEST_F(FailingCalls, ThoseThatFailForGoodLeaveAMessageOrAListener) {
   });
 }
 
+/// PipeWire does not report everything that it learns of a device.
+TEST_F(FailingCalls, ShowThatTheServerIsAskedAFewTimesMoreAfterItsLastEvent) {
+  testClock().stop();
+  const std::chrono::milliseconds pauses[] = {200ms,  400ms,   800ms,   1600ms, 3200ms,
+                                              6400ms, 12800ms, 25600ms, 1min};
+  for (std::size_t answers = 0; answers < std::size(pauses); ++answers) {
+    Client client;
+    ASSERT_EQ(client.ask(), true);
+    for (std::size_t i = 0; i < answers; ++i) {
+      client.advance(pauses[i]);
+      client.waitForTheServer();
+    }
+    failing_calls::arm("pa_context_get_server_info", Lasting::once);
+    client.advance(pauses[answers]);
+    EXPECT_EQ(!failing_calls::failed().empty(), answers < 8) << answers;
+    failing_calls::heal();
+  }
+}
+
 TEST_F(FailingCalls, ChannelsThatHaveNoOrderEndTheStart) {
   support::PumpedQueue mainQueue;
-  PulseConnection connection(mainQueue);
+  PulseConnection connection(mainQueue, clockOfTests());
   PulseAudioInput input(connection, mainQueue);
   connection.connect([](PulseConnection::State) {});
   ASSERT_TRUE(mainQueue.pumpUntil([&] { return input.inputFormat() != AudioFormat{}; }));

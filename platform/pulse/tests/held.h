@@ -1,9 +1,9 @@
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <ostream>
 #include <string>
 
@@ -37,10 +37,6 @@ inline long memoryOfThisProcess() {
     if (word == "VmRSS:" && status >> kilobytes) return kilobytes;
   }
   return -1;
-}
-
-inline std::ptrdiff_t linesIn(const std::string& text) {
-  return std::count(text.begin(), text.end(), '\n');
 }
 
 }  // namespace corvane

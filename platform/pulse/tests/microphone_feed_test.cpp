@@ -2,167 +2,171 @@
 
 #include <gmock/gmock.h>
 
-#include <condition_variable>
-#include <future>
+#include <numeric>
 #include <vector>
 
-#include "platform/pulse/pulse_loop.h"
+#include "platform/pulse/tests/test_clock.h"
+#include "tests/support/allocation_count.h"
 
 namespace corvane {
 namespace {
 
 using namespace std::chrono_literals;
-using testing::Each;
+using testing::ElementsAre;
 
 struct Delivered {
   double rate;
-  std::uint32_t channels;
   bool afterGap;
   float first;
   float last;
+
+  bool operator==(const Delivered&) const = default;
 };
 
-/// A feed of buffers of ten frames at 1000 Hz on a loop of its own.
+void PrintTo(const Delivered& buffer, std::ostream* out) {
+  *out << (buffer.afterGap ? "gap " : "") << buffer.first << " to " << buffer.last << " at "
+       << buffer.rate << " Hz";
+}
+
+constexpr bool gap = true;
+
+/// A feed of buffers of ten frames at 1000 Hz.
 class MicrophoneFeedTest : public testing::Test {
  protected:
-  ~MicrophoneFeedTest() override {
-    onLoop([this] { feed.end(); });
-  }
-
-  void onLoop(const std::function<void()>& step) {
-    std::promise<void> done;
-    loop.async([&] {
-      step();
-      done.set_value();
-    });
-    done.get_future().wait();
-  }
-
-  void begin(double rate = 1000.0, std::uint32_t channels = 1) {
-    onLoop([&] { feed.begin({rate, channels}); });
-  }
+  ~MicrophoneFeedTest() override { feed.end(); }
 
   /// The frames `from`, `from` + 1 and so on, of one channel.
-  void append(int from, int frames) {
-    std::vector<float> samples;
-    for (int i = 0; i < frames; ++i) samples.push_back(static_cast<float>(from + i));
-    onLoop([&] { feed.append(samples.data(), samples.size()); });
+  void append(int from, std::size_t frames) {
+    std::vector<float> samples(frames);
+    std::iota(samples.begin(), samples.end(), static_cast<float>(from));
+    feed.append(samples.data(), frames);
   }
-
+  void beginSettled() {
+    feed.begin({1000.0, 1});
+    settle();
+  }
   /// The sound that is left out after each gap.
   void settle() { append(9000, 50); }
-
-  std::vector<Delivered> delivered() {
-    const std::lock_guard held(lock);
-    return buffers;
+  void advance(std::chrono::milliseconds time) {
+    clock.advance(time);
+    timers.callDue();
   }
 
-  bool waitForBuffers(std::size_t count) {
-    std::unique_lock held(lock);
-    return more.wait_for(held, 10s, [&] { return buffers.size() >= count; });
-  }
-
-  void keep(const AudioBuffer& buffer) {
-    const std::lock_guard held(lock);
-    const float* const samples = buffer.channels[0];
-    buffers.push_back({buffer.sampleRate, buffer.channelCount, buffer.afterGap, samples[0],
-                       samples[buffer.frameLength - 1]});
-    more.notify_all();
-  }
-
-  std::mutex lock;
-  std::condition_variable more;
-  std::vector<Delivered> buffers;                 ///< under `lock`
-  std::vector<std::chrono::milliseconds> silent;  ///< on the loop's thread
-  PulseLoop loop;
-  MicrophoneFeed feed{10, [this](const AudioBuffer& buffer) { keep(buffer); },
+  std::vector<Delivered> buffers;
+  std::vector<std::chrono::milliseconds> silent;
+  TestClock clock;
+  Timers timers{clock};
+  MicrophoneFeed feed{10,
+                      [this](const AudioBuffer& buffer) {
+                        buffers.push_back({buffer.sampleRate, buffer.afterGap,
+                                           buffer.channels[0][0], buffer.channels[0][9]});
+                      },
                       [this](std::chrono::milliseconds lasting) { silent.push_back(lasting); }};
 };
 
-TEST_F(MicrophoneFeedTest, TheFirstBufferFollowsNothingAndTheOthersFollowIt) {
-  begin();
-  settle();
-  append(1, 30);
-  ASSERT_EQ(delivered().size(), 3U);
-  EXPECT_TRUE(delivered()[0].afterGap);
-  EXPECT_FALSE(delivered()[1].afterGap);
-  EXPECT_FALSE(delivered()[2].afterGap);
-  EXPECT_EQ(delivered()[0].first, 1.0F);
+TEST_F(MicrophoneFeedTest, FirstBufferFollowsNothingAndTheOthersFollowIt) {
+  beginSettled();
+  append(1, 20);
+  EXPECT_THAT(buffers, ElementsAre(Delivered{1000.0, gap, 1, 10}, Delivered{1000.0, !gap, 11, 20}));
 }
 
-TEST_F(MicrophoneFeedTest, AnInterruptionDropsWhatIsHalfFullAndWhatHasNotSettled) {
-  begin();
-  settle();
+TEST_F(MicrophoneFeedTest, InterruptionDropsWhatIsHalfFullAndWhatHasNotSettled) {
+  beginSettled();
   append(1, 15);
-  onLoop([this] { feed.interrupt(); });
+  feed.interrupt();
   settle();
   append(101, 10);
-  ASSERT_EQ(delivered().size(), 2U);
-  EXPECT_TRUE(delivered()[1].afterGap);
-  EXPECT_EQ(delivered()[1].first, 101.0F);
-  EXPECT_EQ(delivered()[1].last, 110.0F);
+  EXPECT_THAT(buffers,
+              ElementsAre(Delivered{1000.0, gap, 1, 10}, Delivered{1000.0, gap, 101, 110}));
 }
 
 TEST_F(MicrophoneFeedTest, LeavesOutWholeBuffersSoThatThoseThatFollowEndWhereFragmentsDo) {
-  begin(1100.0);
+  feed.begin({1100.0, 1});
   append(1, 55);  // 50 ms of it.
   append(56, 5);
   append(61, 10);
-  ASSERT_EQ(delivered().size(), 1U);
-  EXPECT_EQ(delivered()[0].first, 61.0F);
-  EXPECT_EQ(delivered()[0].last, 70.0F);
+  EXPECT_THAT(buffers, ElementsAre(Delivered{1100.0, gap, 61, 70}));
 }
 
 TEST_F(MicrophoneFeedTest, AnotherFormatComesInBuffersOfItsOwn) {
-  begin();
-  settle();
+  beginSettled();
   append(1, 15);
-  begin(2000.0);
+  feed.begin({2000.0, 1});
   append(9000, 100);
   append(101, 10);
-  ASSERT_EQ(delivered().size(), 2U);
-  EXPECT_EQ(delivered()[1].rate, 2000.0);
-  EXPECT_TRUE(delivered()[1].afterGap);
-  EXPECT_EQ(delivered()[1].first, 101.0F);
+  EXPECT_THAT(buffers,
+              ElementsAre(Delivered{1000.0, gap, 1, 10}, Delivered{2000.0, gap, 101, 110}));
 }
 
 TEST_F(MicrophoneFeedTest, WhereSoundIsExpectedAndDoesNotComeThereIsSilence) {
-  begin();
-  settle();
+  beginSettled();
   append(1, 15);
-  onLoop([this] { feed.expectSound(loop.timers()); });
-  ASSERT_TRUE(waitForBuffers(5));
-  const auto all = delivered();
-  EXPECT_TRUE(all[1].afterGap);
-  for (std::size_t i = 1; i < all.size(); ++i) EXPECT_EQ(all[i].first, 0.0F);
-  EXPECT_FALSE(all[2].afterGap);
-  onLoop([this] {
-    EXPECT_EQ(silent.front(), MicrophoneFeed::longestBreath);
-    EXPECT_GT(silent.back(), silent.front());
-  });
+  feed.expectSound(timers);
+  advance(499ms);
+  EXPECT_EQ(buffers.size(), 1U);
+  advance(1ms);
+  for (int i = 0; i < 2; ++i) advance(10ms);
+  const Delivered silence{1000.0, !gap, 0, 0};
+  EXPECT_THAT(buffers, ElementsAre(Delivered{1000.0, gap, 1, 10}, Delivered{1000.0, gap, 0, 0},
+                                   silence, silence, silence));
+  EXPECT_THAT(silent, ElementsAre(500ms, 510ms, 520ms));
+}
+
+TEST_F(MicrophoneFeedTest, SoundInTimeIsFollowedByNoSilence) {
+  beginSettled();
+  feed.expectSound(timers);
+  for (int i = 0; i < 3; ++i) {
+    advance(499ms);
+    append(1, 1);
+  }
+  EXPECT_TRUE(buffers.empty());
 }
 
 TEST_F(MicrophoneFeedTest, SoundAfterSilenceIsNotJoinedToIt) {
-  begin();
-  onLoop([this] { feed.expectSound(loop.timers()); });
-  ASSERT_TRUE(waitForBuffers(2));
-  const std::size_t before = delivered().size();
+  feed.begin({1000.0, 1});
+  feed.expectSound(timers);
+  advance(500ms);
+  buffers.clear();
   // After a stall it settles ten times as long.
   append(9000, 500);
   append(1, 10);
-  ASSERT_GT(delivered().size(), before);
-  EXPECT_TRUE(delivered()[before].afterGap);
-  EXPECT_EQ(delivered()[before].first, 1.0F);
+  EXPECT_THAT(buffers, ElementsAre(Delivered{1000.0, gap, 1, 10}));
+}
+
+TEST_F(MicrophoneFeedTest, SoundOfTheDeviceBeforeThatComesAfterAMoveIsLeftOut) {
+  beginSettled();
+  append(1, 15);
+  feed.moved();
+  append(16, 500);
+  feed.interrupt();
+  append(9000, 500);
+  append(101, 10);
+  EXPECT_THAT(buffers,
+              ElementsAre(Delivered{1000.0, gap, 1, 10}, Delivered{1000.0, gap, 101, 110}));
 }
 
 TEST_F(MicrophoneFeedTest, NothingComesOnceItIsMuted) {
-  begin();
-  settle();
+  beginSettled();
   feed.mute();
   append(1, 10);
-  begin();
+  beginSettled();
   append(1, 100);
-  EXPECT_TRUE(delivered().empty());
+  EXPECT_TRUE(buffers.empty());
+}
+
+TEST_F(MicrophoneFeedTest, NoSoundAfterTheFirstBufferAllocates) {
+  buffers.reserve(20);
+  beginSettled();
+  feed.expectSound(timers);
+  const std::vector<float> fragment(5);
+  const auto hearUntil = [&](std::size_t count) {
+    while (buffers.size() < count) feed.append(fragment.data(), fragment.size());
+  };
+  hearUntil(1);
+  const std::size_t before = allocationsOfThisThread();
+  hearUntil(10);
+  EXPECT_EQ(allocationsOfThisThread() - before, 0U);
+  EXPECT_TRUE(timers.next()) << "or nobody watches over the sound";
 }
 
 }  // namespace

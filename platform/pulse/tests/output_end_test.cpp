@@ -1,95 +1,73 @@
-#include <gtest/gtest.h>
-
-#include "engine/tone_buffer.h"
-#include "platform/pulse/tests/output_fixture.h"
+#include "platform/pulse/tests/pulse_fixture.h"
+#include "platform/pulse/tests/tone_recording.h"
 
 namespace corvane {
 namespace {
 
-using std::chrono::seconds;
+using namespace std::chrono_literals;
 
-/// A server has 3 s to answer; one more for the machine.
-constexpr seconds patience{4};
-/// The same for one that has to play the tone first.
-constexpr seconds patienceWithTone{5};
-
-/// When a buffer's end is told, whatever the server does. `Client` watches that nothing holds the
-/// main thread meanwhile.
-class OutputEnd : public OutputTest {
+/// When a buffer's end is told, whatever the server does. The clock stands still: what is told
+/// without moving it waits for no server.
+class OutputEnd : public PulseTest {
  protected:
-  void pressTone(int buffer) { press(buffer, toneBuffer(110.0, toneSampleRate)); }
-  void pressUntilTheServerPlays(int buffer) {
-    pressTone(buffer);
-    ASSERT_TRUE(client.pumpUntil([this] { return serverPlays(); }));
+  void startAndPlay() {
+    startOutput();
+    ASSERT_NO_FATAL_FAILURE(pressUntilTheServerPlays(1));
+    EXPECT_TRUE(client.ends.told().empty());
   }
+  bool startsInTime() {
+    return client.pumpUntil([this] { return client.startOutput(); });
+  }
+  void pressShortly(int buffer) { client.press(buffer, std::vector<float>(4410, 0.1F)); }
   void expectAToneAsBefore(int buffer) {
     ASSERT_TRUE(startsInTime());
-    pressUntilTheServerPlays(buffer);
-    expectEnds(buffer, seconds(3));
+    EXPECT_TRUE(client.output->isRunning());
+    pressShortly(buffer);
+    client.expectEnds(buffer);
+  }
+  /// The end of the first buffer is not told before `time`, and then it is.
+  void expectEndAfter(std::chrono::milliseconds time) {
+    client.advance(time - 1ms);
+    EXPECT_TRUE(client.ends.told().empty());
+    client.advance(1ms);
+    EXPECT_EQ(client.ends.told().size(), 1U);
   }
 };
 
-TEST_P(OutputEnd, OfATonePlayedOutIsToldOnce) {
+TEST_P(OutputEnd, IsToldOnceWhetherPlayedOutOrEmptyOrCutOffBeforeTheServerKnowsIt) {
   startOutput();
-  const auto pressed = std::chrono::steady_clock::now();
-  pressTone(1);
-  ASSERT_TRUE(waitForEnds(1, seconds(3)));
-  EXPECT_GE(std::chrono::steady_clock::now() - pressed, std::chrono::milliseconds(1050));
-  EXPECT_TRUE(client.pumpUntil([this] { return !serverPlays(); }));
-  expectEnds(1, seconds(0));
+  client.press(1, {});
+  EXPECT_TRUE(client.waitForEnds(1));
+  pressShortly(2);
+  EXPECT_TRUE(client.waitForEnds(2));
+  EXPECT_TRUE(forgets("sink-inputs"));
+  for (int buffer = 3; buffer <= 7; ++buffer) pressShortly(buffer);
+  client.expectEnds(7);
 }
 
-TEST_P(OutputEnd, OfABufferWithoutSamplesIsTold) {
-  startOutput();
-  press(1, {});
-  EXPECT_TRUE(waitForEnds(1, seconds(1)));
-  expectAToneAsBefore(2);
-}
-
-TEST_P(OutputEnd, OfATonePressedAndCutOffBeforeTheServerKnowsItIsTold) {
-  startOutput();
-  for (int buffer = 1; buffer <= 5; ++buffer) pressTone(buffer);
-  expectEnds(5, seconds(3));
-}
-
-TEST_P(OutputEnd, OfASoundLongerThanTheServersTimeToAnswerComesWhenItIsOver) {
-  startOutput();
-  const auto pressed = std::chrono::steady_clock::now();
-  press(1, std::vector<float>(4 * 44100, 0.1F));
-  EXPECT_TRUE(waitForEnds(1, seconds(6)));
-  EXPECT_GE(std::chrono::steady_clock::now() - pressed, seconds(4));
-  expectEnds(1, seconds(0));
-}
-
-TEST_P(OutputEnd, IsToldWhenTheOutputIsStartedAfresh) {
-  startOutput();
-  pressUntilTheServerPlays(1);
-  EXPECT_TRUE(start());
-  EXPECT_TRUE(waitForEnds(1, seconds(1)));
-  expectAToneAsBefore(2);
-}
-
-TEST_P(OutputEnd, IsToldWhenTheOutputGoes) {
-  startOutput();
-  pressUntilTheServerPlays(1);
-  client.prompt([this] { output.reset(); });
-  EXPECT_TRUE(client.pumpUntil([this] { return !serverPlays(); }));
-  expectEnds(1, seconds(1));
+TEST_P(OutputEnd, IsToldWhenTheOutputIsStartedAfreshOrGoes) {
+  startAndPlay();
+  EXPECT_TRUE(client.startOutput());
+  EXPECT_TRUE(client.waitForEnds(1));
+  EXPECT_TRUE(forgets("sink-inputs"));
+  pressUntilTheServerPlays(2);
+  client.prompt([this] { client.output.reset(); });
+  EXPECT_TRUE(forgets("sink-inputs"));
+  client.expectEnds(2);
 }
 
 TEST_P(OutputEnd, IsToldWhenTheLoudspeakersAreUnplugged) {
-  startOutput();
-  pressUntilTheServerPlays(1);
+  startAndPlay();
   server.unplug(loudspeakers);
-  expectEnds(1, patienceWithTone);
+  client.advance(23s);
+  client.expectEnds(1);
 }
 
 TEST_P(OutputEnd, IsToldWhenTheServerDiesAndALaterStartWorks) {
-  startOutput();
-  pressUntilTheServerPlays(1);
+  startAndPlay();
   server.kill();
-  EXPECT_TRUE(waitForEnds(1, seconds(1)));
-  EXPECT_TRUE(client.pumpUntil([this] { return !output->isRunning(); }));
+  EXPECT_TRUE(client.waitForEnds(1));
+  EXPECT_TRUE(client.pumpUntil([this] { return !client.output->isRunning(); }));
   server.start();
   addLoudspeakers();
   expectAToneAsBefore(2);
@@ -99,79 +77,73 @@ TEST_P(OutputEnd, IsToldWhenTheServerHasDiedBeforeThePress) {
   startOutput();
   server.kill();
   // The main thread has not run since, so that nobody has told it.
-  pressTone(1);
-  expectEnds(1, seconds(1));
+  pressShortly(1);
+  client.expectEnds(1);
 }
 
 TEST_P(OutputEnd, OfAPressOnAHungServerIsToldInTimeAndALaterStartWorks) {
   startOutput();
   server.suspend();
-  pressTone(1);
-  EXPECT_TRUE(waitForEnds(1, patience));
+  pressShortly(1);
+  expectEndAfter(3000ms);
   server.resume();
   expectAToneAsBefore(2);
 }
 
+/// The server has the time of the sound and three seconds.
 TEST_P(OutputEnd, IsToldInTimeWhenTheServerHangsWhilePlayingAndALaterPressWorks) {
-  startOutput();
-  pressUntilTheServerPlays(1);
+  startAndPlay();
+  const MonitorRecording recording(server, loudspeakers, 44100);
+  ASSERT_TRUE(client.pumpUntil([&] { return recording.soundsSince(0); }));
   server.suspend();
-  EXPECT_TRUE(waitForEnds(1, patienceWithTone));
+  expectEndAfter(23000ms);
   server.resume();
-  // What the server still answers about the first tone finds nobody, and does no harm.
-  EXPECT_TRUE(client.pumpUntil([this] { return !serverPlays(); }));
+  // What the server still answers about the first sound finds nobody, and does no harm.
+  EXPECT_TRUE(forgets("sink-inputs"));
   expectAToneAsBefore(2);
 }
 
 TEST_P(OutputEnd, OfATonePressedAgainOnAHungServerIsToldAtOnce) {
-  startOutput();
-  pressUntilTheServerPlays(1);
+  startAndPlay();
   server.suspend();
-  pressTone(2);
-  EXPECT_TRUE(waitForEnds(1, seconds(1)));
-  pressTone(3);
-  EXPECT_TRUE(waitForEnds(2, seconds(1)));
+  pressShortly(2);
+  EXPECT_TRUE(client.waitForEnds(1));
+  pressShortly(3);
+  EXPECT_TRUE(client.waitForEnds(2));
   server.resume();
-  expectEnds(3, seconds(3));
+  client.expectEnds(3);
 }
 
 TEST_P(OutputEnd, IsToldWhenTheProgramEndsOnAHungServer) {
-  startOutput();
-  pressUntilTheServerPlays(1);
+  startAndPlay();
   server.suspend();
-  pressTone(2);
-  endProgram();
-  expectEnds(2, seconds(0));
+  pressShortly(2);
+  client.end();
+  client.expectEnds(2);
   server.resume();
-  EXPECT_TRUE(client.pumpUntil([this] { return !serverPlays(); }));
+  EXPECT_TRUE(forgets("sink-inputs"));
 }
 
 class OutputStart : public OutputEnd {};
 
-TEST_P(OutputStart, NothingRunsBeforeIt) {
-  addLoudspeakers();
-  EXPECT_FALSE(output->isRunning());
-  ASSERT_EQ(client.ask(), true);
-  EXPECT_FALSE(output->isRunning());
-  EXPECT_TRUE(start());
-  EXPECT_TRUE(output->isRunning());
-}
-
 TEST_P(OutputStart, FailsWithoutAServerAndWorksOnceThereIsOne) {
   server.kill();
   ASSERT_EQ(client.ask(), true);
-  EXPECT_FALSE(start());
-  EXPECT_FALSE(output->isRunning());
+  EXPECT_FALSE(client.startOutput());
+  EXPECT_FALSE(client.output->isRunning());
   server.start();
   addLoudspeakers();
+  ASSERT_EQ(client.ask(), true);
+  EXPECT_FALSE(client.output->isRunning()) << "it has not been started";
   expectAToneAsBefore(1);
 }
 
 TEST_P(OutputStart, WaitsForNoServerThatHangs) {
   addLoudspeakers();
   server.suspend();
-  EXPECT_FALSE(start());
-  EXPECT_FALSE(start());
+  EXPECT_FALSE(client.startOutput());
+  EXPECT_FALSE(client.startOutput());
+  EXPECT_FALSE(client.output->isRunning());
   server.resume();
   expectAToneAsBefore(1);
 }

@@ -10,13 +10,15 @@
 #include <string>
 #include <vector>
 
+#include "platform/pulse/tests/test_clock.h"
+
 namespace corvane {
 namespace {
 
 TEST(PulseLoop, RunsWhatWasSubmittedInOrderBeforeItEnds) {
   std::vector<int> ran;
   {
-    PulseLoop loop;
+    PulseLoop loop{testClock()};
     loop.async([&] {
       ran.push_back(1);
       // Submitted by a job, so it may come after the end was.
@@ -33,7 +35,7 @@ TEST(PulseLoop, HasOneThreadThatCarriesItsName) {
   pthread_t first{};
   pthread_t second{};
   {
-    PulseLoop loop;
+    PulseLoop loop{testClock()};
     loop.async([&] {
       first = pthread_self();
       pthread_getname_np(first, name, sizeof name);
@@ -49,7 +51,7 @@ TEST(PulseLoop, LeavesSignalsToTheOtherThreads) {
   sigset_t blocked;
   sigemptyset(&blocked);
   {
-    PulseLoop loop;
+    PulseLoop loop{testClock()};
     loop.async([&] { pthread_sigmask(SIG_BLOCK, nullptr, &blocked); });
   }
   EXPECT_TRUE(sigismember(&blocked, SIGTERM));
@@ -61,7 +63,7 @@ TEST(PulseLoop, LeavesSignalsToTheOtherThreads) {
 /// It refuses to look at more descriptors than a program may have, which the administrator may
 /// change while the program runs.
 TEST(PulseLoop, RunsItsJobsWhileTheSystemRefusesToWaitForAnything) {
-  PulseLoop loop;
+  PulseLoop loop{testClock()};
   const auto runsAJob = [&loop] {
     const auto ran = std::make_shared<std::promise<void>>();
     loop.async([ran] { ran->set_value(); });
@@ -82,7 +84,7 @@ TEST(PulseLoop, RunsItsJobsWhileTheSystemRefusesToWaitForAnything) {
 TEST(PulseLoop, KeepsNothingOfAJobThatHasRun) {
   const auto owned = std::make_shared<int>();
   {
-    PulseLoop loop;
+    PulseLoop loop{testClock()};
     loop.async([owned] {});
   }
   EXPECT_EQ(owned.use_count(), 1);

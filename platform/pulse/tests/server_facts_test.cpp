@@ -7,97 +7,83 @@
 namespace corvane {
 namespace {
 
-using Properties = std::unique_ptr<pa_proplist, decltype(&pa_proplist_free)>;
+/// Sources as a server describes them, of which `defaultSource` is the default.
+class ServerSurveyTest : public testing::Test {
+ protected:
+  enum class Monitor { no, ofASink, byItsClass };
 
-/// A source as a server describes it.
-struct Source {
-  explicit Source(const char* name) {
-    info.name = name;
-    info.sample_spec = {PA_SAMPLE_S16LE, 44100, 1};
-    pa_channel_map_init_mono(&info.channel_map);
-    info.monitor_of_sink = PA_INVALID_INDEX;
-    info.proplist = properties.get();
+  void begin(const char* defaultSource) {
+    pa_server_info server{};
+    server.default_source_name = defaultSource;
+    server.sample_spec = {PA_SAMPLE_FLOAT32LE, 48000, 2};
+    survey.emplace(server);
+  }
+  void add(const char* name, Monitor monitor = Monitor::no, std::uint8_t channels = 1) {
+    const std::unique_ptr<pa_proplist, decltype(&pa_proplist_free)> properties(pa_proplist_new(),
+                                                                               pa_proplist_free);
+    if (monitor == Monitor::byItsClass) {
+      pa_proplist_sets(properties.get(), PA_PROP_DEVICE_CLASS, "monitor");
+    }
+    pa_source_info source{};
+    source.name = name;
+    source.sample_spec = {PA_SAMPLE_S16LE, 44100, channels};
+    pa_channel_map_init_mono(&source.channel_map);
+    source.monitor_of_sink = monitor == Monitor::ofASink ? 0 : PA_INVALID_INDEX;
+    source.proplist = properties.get();
+    survey->add(source);
+  }
+  void expectFormats(const AudioFormat& device, const AudioFormat& server) {
+    EXPECT_EQ(survey->facts().device, device);
+    EXPECT_EQ(survey->facts().server, server);
   }
 
-  Properties properties{pa_proplist_new(), pa_proplist_free};
-  pa_source_info info{};
+  static constexpr AudioFormat theirs{48000.0, 2};
+  std::optional<ServerSurvey> survey;
 };
 
-ServerSurvey surveyOf(const char* defaultSource) {
-  pa_server_info server{};
-  server.default_source_name = defaultSource;
-  server.sample_spec = {PA_SAMPLE_FLOAT32LE, 48000, 2};
-  return ServerSurvey(server);
+TEST_F(ServerSurveyTest, DefaultSourceTellsItsOwnFormat) {
+  begin("mic");
+  add("other", Monitor::no, 2);
+  add("mic");
+  expectFormats({44100.0, 1}, theirs);
+  EXPECT_EQ(survey->facts().deviceOrder.map[0], PA_CHANNEL_POSITION_MONO);
 }
 
-TEST(ServerSurvey, TheDefaultSourceTellsItsOwnFormat) {
-  auto survey = surveyOf("mic");
-  Source other("other");
-  other.info.sample_spec.rate = 96000;
-  survey.add(other.info);
-  survey.add(Source("mic").info);
-  EXPECT_EQ(survey.facts().device, (AudioFormat{44100.0, 1}));
-  EXPECT_EQ(survey.facts().deviceOrder.map[0], PA_CHANNEL_POSITION_MONO);
-  EXPECT_EQ(survey.facts().server, (AudioFormat{48000.0, 2}));
-}
-
-TEST(ServerSurvey, WithoutSourcesThereIsNoFormatAtAll) {
-  EXPECT_EQ(surveyOf("mic").facts(), ServerFacts{});
-}
-
-TEST(ServerSurvey, AMicrophoneThatTheServerHasNotMadeItsDefaultYetIsNotConclusive) {
-  auto survey = surveyOf("@DEFAULT_SOURCE@");
-  EXPECT_TRUE(survey.isConclusive());
-  survey.add(Source("mic").info);
-  EXPECT_FALSE(survey.isConclusive());
-  EXPECT_EQ(survey.facts().device, AudioFormat{});
-  survey.add(Source("@DEFAULT_SOURCE@").info);
-  EXPECT_TRUE(survey.isConclusive());
-}
-
-TEST(ServerSurvey, TheMonitorOfASpeakerIsNoMicrophone) {
-  auto survey = surveyOf("room.monitor");
-  Source monitor("room.monitor");
-  monitor.info.monitor_of_sink = 0;
-  survey.add(monitor.info);
-  EXPECT_EQ(survey.facts(), ServerFacts{});
-}
-
-TEST(ServerSurvey, ASourceOfClassMonitorIsNoMicrophone) {
-  auto survey = surveyOf("room.monitor");
-  Source monitor("room.monitor");
-  pa_proplist_sets(monitor.properties.get(), PA_PROP_DEVICE_CLASS, "monitor");
-  survey.add(monitor.info);
-  EXPECT_EQ(survey.facts(), ServerFacts{});
-}
-
-TEST(ServerSurvey, AMonitorThatTheUserChoseBesideAMicrophoneIsFollowed) {
-  auto survey = surveyOf("room.monitor");
-  Source monitor("room.monitor");
-  monitor.info.monitor_of_sink = 0;
-  survey.add(monitor.info);
-  survey.add(Source("mic").info);
-  EXPECT_EQ(survey.facts().device, (AudioFormat{44100.0, 1}));
-}
-
-TEST(ServerSurvey, AMicrophoneThatIsNotYetTheDefaultLeavesTheServersOwnFormat) {
-  for (const char* name : {static_cast<const char*>(nullptr), "@DEFAULT_SOURCE@"}) {
-    auto survey = surveyOf(name);
-    survey.add(Source("mic").info);
-    EXPECT_EQ(survey.facts().device, AudioFormat{});
-    EXPECT_EQ(survey.facts().server, (AudioFormat{48000.0, 2}));
+TEST_F(ServerSurveyTest, WithoutSourcesButMonitorsThereIsNoFormatAtAll) {
+  for (const Monitor monitor : {Monitor::ofASink, Monitor::byItsClass}) {
+    begin("room.monitor");
+    EXPECT_EQ(survey->facts(), ServerFacts{});
+    add("room.monitor", monitor);
+    EXPECT_EQ(survey->facts(), ServerFacts{});
   }
 }
 
-TEST(ServerSurvey, AnInvalidFormatCountsAsNone) {
-  auto survey = surveyOf("mic");
-  Source mic("mic");
-  mic.info.sample_spec.channels = 0;
-  survey.add(mic.info);
-  EXPECT_EQ(survey.facts().device, AudioFormat{});
+TEST_F(ServerSurveyTest, MonitorThatTheUserChoseBesideAMicrophoneIsFollowed) {
+  begin("room.monitor");
+  add("room.monitor", Monitor::ofASink);
+  add("mic", Monitor::no, 2);
+  expectFormats({44100.0, 1}, theirs);
 }
 
-TEST(ServerFacts, TheOrderOfTheChannelsIsPartOfTheFacts) {
+TEST_F(ServerSurveyTest, MicrophoneThatIsNotYetTheDefaultIsNotConclusive) {
+  for (const char* name : {static_cast<const char*>(nullptr), "@DEFAULT_SOURCE@"}) {
+    begin(name);
+    EXPECT_TRUE(survey->isConclusive());
+    add("mic");
+    EXPECT_FALSE(survey->isConclusive());
+    expectFormats({}, theirs);
+  }
+  add("@DEFAULT_SOURCE@");
+  EXPECT_TRUE(survey->isConclusive());
+}
+
+TEST_F(ServerSurveyTest, InvalidFormatCountsAsNone) {
+  begin("mic");
+  add("mic", Monitor::no, 0);
+  expectFormats({}, theirs);
+}
+
+TEST(ServerFacts, OrderOfTheChannelsIsPartOfTheFacts) {
   ServerFacts a;
   pa_channel_map_init_stereo(&a.deviceOrder);
   ServerFacts b = a;

@@ -6,112 +6,108 @@
 
 #include <future>
 #include <memory>
-#include <thread>
 
 #include "platform/pulse/pulse_loop.h"
+#include "platform/pulse/tests/test_clock.h"
 
 namespace corvane {
 namespace {
 
 using namespace std::chrono_literals;
-using Clock = std::chrono::steady_clock;
 
-/// A timer on a loop of its own; the test runs its steps there.
+/// A timer, and how often its job has been called.
 class TimerTest : public testing::Test {
  protected:
-  TimerTest() {
-    onLoop([this] { timer = std::make_unique<Timer>(loop.timers()); });
+  int callsAfter(std::chrono::milliseconds time) {
+    clock.advance(time);
+    timers.callDue();
+    return calls;
   }
-  ~TimerTest() override {
-    onLoop([this] { timer.reset(); });
+  std::function<void()> count() {
+    return [this] { ++calls; };
   }
-
-  void onLoop(const std::function<void()>& step) {
-    std::promise<void> done;
-    loop.async([&] {
-      step();
-      done.set_value();
-    });
-    done.get_future().wait();
+  std::function<void()> fail() {
+    return [] { ADD_FAILURE() << "the first job ran"; };
   }
 
-  /// Sets `called` to the moment of the call.
-  std::function<void()> call() {
-    return [this] { called.set_value(Clock::now()); };
-  }
-
-  PulseLoop loop;
-  std::unique_ptr<Timer> timer;
-  std::promise<Clock::time_point> called;
+  TestClock clock;
+  Timers timers{clock};
+  std::optional<Timer> timer{std::in_place, timers};
+  int calls = 0;
 };
 
 TEST_F(TimerTest, CallsOnceAfterTheDelay) {
-  Clock::time_point start;
-  onLoop([&] {
-    start = Clock::now();
-    timer->arm(30ms, call());
-  });
-  EXPECT_GE(called.get_future().get() - start, 30ms);
+  EXPECT_EQ(timers.next(), std::nullopt);
+  timer->arm(30ms, count());
+  EXPECT_EQ(timers.next(), clock.now() + 30ms);
+  EXPECT_EQ(callsAfter(29ms), 0);
+  EXPECT_EQ(callsAfter(1ms), 1);
+  EXPECT_EQ(callsAfter(60ms), 1);
 }
 
-/// The other callback is called first: whatever has happened comes before the timers.
-TEST_F(TimerTest, ArmedAnewByACallbackOfTheSameMomentItWaitsAllOfTheDelay) {
+TEST_F(TimerTest, ArmedAnewForgetsTheJobAndTheDelayBefore) {
+  timer->arm(10ms, fail());
+  clock.advance(10ms);
+  timer->arm(30ms, count());
+  EXPECT_EQ(callsAfter(29ms), 0);
+  EXPECT_EQ(callsAfter(1ms), 1);
+}
+
+TEST_F(TimerTest, DisarmedOrDestroyedCallsNobody) {
+  timer->arm(10ms, fail());
+  timer->disarm();
+  EXPECT_EQ(timers.next(), std::nullopt);
+  callsAfter(10ms);
+  timer->arm(10ms, fail());
+  timer.reset();
+  callsAfter(10ms);
+}
+
+TEST_F(TimerTest, SeveralAreCalledInTheOrderOfTheirDelaysAndMayDestroyThemselves) {
+  Timer other(timers);
+  timer->arm(20ms, [this] {
+    EXPECT_EQ(calls, 1);
+    timer.reset();
+  });
+  other.arm(10ms, count());
+  callsAfter(20ms);
+  EXPECT_EQ(timer, std::nullopt);
+}
+
+TEST_F(TimerTest, ArmedByItsOwnJobCallsLater) {
+  timer->arm(1ms, [this] { timer->arm(1ms, count()); });
+  EXPECT_EQ(callsAfter(5ms), 0);
+  EXPECT_EQ(callsAfter(1ms), 1);
+}
+
+/// Whatever has happened comes before the timers, which it may have armed anew.
+TEST(TimersOfALoop, ComeAfterTheOtherCallbacksOfTheSameMoment) {
+  TestClock clock;
+  PulseLoop loop(clock);
   const int other = eventfd(1, EFD_CLOEXEC | EFD_NONBLOCK);
-  pa_io_event* event = nullptr;
-  Clock::time_point start;
-  const std::function<void()> rearm = [&] {
-    loop.api()->io_free(event);
-    start = Clock::now();
-    timer->arm(50ms, call());
-  };
-  onLoop([&] {
-    event = loop.api()->io_new(
+  std::string order;
+  std::promise<void> called;
+  std::optional<Timer> timer;
+  const std::function<void()> event = [&] { order += "event "; };
+  loop.async([&] {
+    timer.emplace(loop.timers());
+    loop.api()->io_new(
         loop.api(), other, PA_IO_EVENT_INPUT,
-        [](pa_mainloop_api*, pa_io_event*, int, pa_io_event_flags_t, void* job) {
+        [](pa_mainloop_api* api, pa_io_event* io, int, pa_io_event_flags_t, void* job) {
+          api->io_free(io);
           (*static_cast<const std::function<void()>*>(job))();
         },
-        const_cast<std::function<void()>*>(&rearm));
-    timer->arm(1ms, [] { ADD_FAILURE() << "the first job ran"; });
-    std::this_thread::sleep_for(5ms);  // Both are ready when the loop looks next.
-  });
-  EXPECT_GE(called.get_future().get() - start, 50ms);
-  close(other);
-}
-
-TEST_F(TimerTest, ArmedAnewItForgetsTheJobBefore) {
-  onLoop([&] {
-    timer->arm(1ms, [] { ADD_FAILURE() << "the first job ran"; });
-    timer->arm(20ms, call());
-  });
-  called.get_future().wait();
-}
-
-TEST_F(TimerTest, DisarmedItCallsNobody) {
-  Timer* other = nullptr;
-  onLoop([&] {
-    timer->arm(1ms, [] { ADD_FAILURE() << "it ran all the same"; });
-    timer->disarm();
-    other = new Timer(loop.timers());
-    other->arm(20ms, call());
-  });
-  called.get_future().wait();
-  onLoop([&] { delete other; });
-}
-
-TEST_F(TimerTest, CanBeDestroyedByItsOwnJob) {
-  onLoop([&] {
-    timer->arm(1ms, [this] {
-      timer.reset();
-      called.set_value(Clock::now());
+        const_cast<std::function<void()>*>(&event));
+    timer->arm(1ms, [&] {
+      order += "timer";
+      called.set_value();
     });
+    clock.advance(1ms);
   });
   called.get_future().wait();
-  EXPECT_EQ(timer, nullptr);
-}
-
-TEST_F(TimerTest, CanBeArmedByItsOwnJob) {
-  onLoop([&] { timer->arm(1ms, [this] { timer->arm(1ms, call()); }); });
-  called.get_future().wait();
+  loop.async([&] { timer.reset(); });
+  EXPECT_EQ(order, "event timer");
+  close(other);
 }
 
 }  // namespace

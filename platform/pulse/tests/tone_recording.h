@@ -20,10 +20,10 @@ class MonitorRecording {
 
   /// Frames so far. The server has played at least these.
   std::size_t size() const;
-  /// All of one channel so far.
-  std::vector<float> samples(std::uint32_t channel = 0) const;
-  /// True when there is sound at or after `frame`.
-  bool soundsSince(std::size_t frame) const;
+  /// All of the first channel so far.
+  std::vector<float> samples() const;
+  /// True when there is sound louder than `level` at or after `frame`.
+  bool soundsSince(std::size_t frame, float level = 0.0F) const;
   /// The silence at the end, in frames.
   std::size_t silence() const;
 
@@ -33,13 +33,9 @@ class MonitorRecording {
   support::ChildProcess recorder;
 };
 
-/// The first frame of sound at or after `from`; the size when there is none.
-std::size_t firstSound(std::span<const float> samples, std::size_t from = 0);
+/// The first frame of sound; the size when there is none.
+std::size_t firstSound(std::span<const float> samples);
 /// The frame after the last sound; 0 when there is none.
 std::size_t endOfSound(std::span<const float> samples);
-
-/// The frequency in Hz of a steady sine of which `near` is known to be nearly right. At least
-/// half a second of it, in which there are fifteen periods or more.
-double frequencyOf(std::span<const float> sine, double rate, double near);
 
 }  // namespace corvane

@@ -1,0 +1,160 @@
+#include <atomic>
+#include <set>
+
+#include "platform/pulse/tests/coded_signal.h"
+#include "platform/pulse/tests/pulse_fixture.h"
+
+namespace corvane {
+namespace {
+
+using testing::HasSubstr;
+
+class Recorded : public PulseTest {
+ protected:
+  /// Of all that has come since the last look.
+  std::string faults(const AudioFormat& format) {
+    std::string found;
+    Joints joints;
+    bool gapExpected = true;
+    for (const RecordedBuffer& buffer : client.recording.take()) {
+      found += joints.in(buffer);
+      // Before the player begins there is silence.
+      if (!buffer.holdsSilence()) found += buffer.faultAgainst(1);
+      if (buffer.afterGap != std::exchange(gapExpected, false)) found += " gap";
+      if (buffer.frames != Client::bufferFrames) found += " length";
+      if (buffer.sampleRate != format.sampleRate) found += " rate";
+      if (buffer.channels.size() != format.channelCount) found += " channels";
+    }
+    return found;
+  }
+
+  void expectUnchangedSound(const AudioFormat& format) {
+    SCOPED_TRACE(testing::PrintToString(format.sampleRate) + " Hz");
+    const std::string name = "mic" + std::to_string(++microphones);
+    addSoundingMicrophone(name, 1, format);
+    ASSERT_EQ(client.ask(), true);
+    ASSERT_TRUE(client.finds(format));
+    expectNoFault([&] {
+      EXPECT_EQ(client.listen(), true);
+      EXPECT_TRUE(client.hear(1, 4));
+      EXPECT_THAT(server.pactl({"list", "source-outputs"}),
+                  HasSubstr("float32le " + std::to_string(format.channelCount) + "ch " +
+                            std::to_string(static_cast<int>(format.sampleRate))));
+      client.stop();
+      return faults(format);
+    });
+    players.clear();
+  }
+
+  int microphones = 0;
+};
+
+/// One after the other on one server.
+TEST_P(Recorded, SoundOfEveryDeviceArrivesUnchangedInWholeBuffers) {
+  for (const double rate : {44100.0, 48000.0, 96000.0}) {
+    for (const std::uint32_t channels : {1U, 2U, 8U}) {
+      ASSERT_NO_FATAL_FAILURE(expectUnchangedSound({rate, channels}));
+    }
+  }
+}
+
+/// Unasked, PulseAudio collects two seconds before it hands anything out, and PipeWire 171 ms.
+TEST_P(Recorded, SoundArrivesWhileItIsMadeAndNotInHeaps) {
+  server.addMicrophone("mic", 48000, 2, support::AudioServer::Pace::lazy);
+  ASSERT_EQ(client.ask(), true);
+  ASSERT_EQ(client.listen(), true);
+  EXPECT_LE(latencyOf("sources", "mic", "source-outputs"), 2048.0 / 48000.0);
+}
+
+TEST_P(Recorded, SoundIsShownInTheMixerAsWhatItIs) {
+  addMicrophone();
+  server.pactl({"set-source-volume", "mic", "37%"});
+  const std::string volume = server.pactl({"get-source-volume", "mic"});
+  ASSERT_THAT(volume, HasSubstr(" 37%"));
+  ASSERT_EQ(client.ask(), true);
+  ASSERT_EQ(client.listen(), true);
+  for (const char* list : {"clients", "source-outputs"}) {
+    const std::string shown = server.pactl({"list", list});
+    EXPECT_THAT(shown, HasSubstr("application.name = \"Corvane\"")) << list;
+    EXPECT_THAT(shown, HasSubstr("application.id = \"org.corvane.Corvane\"")) << list;
+    EXPECT_THAT(shown, HasSubstr("application.icon_name = \"org.corvane.Corvane\"")) << list;
+    EXPECT_THAT(shown, HasSubstr("application.version = \"" CORVANE_VERSION "\"")) << list;
+  }
+  const std::string shown = server.pactl({"list", "source-outputs"});
+  EXPECT_THAT(shown, HasSubstr("media.name = \"Tuning\""));
+  EXPECT_THAT(shown, HasSubstr("media.role = \"production\""));
+  EXPECT_THAT(shown, HasSubstr("filter.suppress = \"echo-cancel\""));
+  // The volume is the user's.
+  EXPECT_EQ(server.pactl({"get-source-volume", "mic"}), volume);
+}
+
+using Restart = PulseTest;
+
+TEST_P(Restart, SoundFromBeforeAndAfterAStopIsNeverJoined) {
+  listenToMicrophone();
+  addSoundingMicrophone("other", 2);
+  for (std::uint32_t room = 2; room < 8; ++room) {
+    const std::uint32_t here = room % 2 + 1;
+    client.stop();
+    server.setDefaultSource(here == 1 ? "mic" : "other");
+    client.recording.take();
+    // No multiple of the servers' fragments, so that a stop always finds a part of a buffer.
+    client.input->installTap(3000, stereo, client.recording.tap());
+    client.input->start([](bool) {});
+    ASSERT_TRUE(client.pumpUntil([this] { return client.recording.size() > 2; }));
+    std::set<std::uint32_t> rooms;
+    for (const RecordedBuffer& buffer : client.recording.take()) rooms.merge(buffer.rooms());
+    EXPECT_EQ(rooms, std::set{here});
+  }
+}
+
+TEST_P(Restart, AfterAStopTheTapIsNotCalledAndIsGone) {
+  listenToMicrophone();
+  client.stop();
+  std::atomic<bool> stopped = false;
+  std::atomic<int> calls = 0;
+  std::atomic<int> late = 0;
+  for (int i = 0; i < 15; ++i) {
+    const auto owned = std::make_shared<int>();
+    stopped = false;
+    calls = 0;
+    // Buffers of one frame, so that the tap runs nearly all the time and stop meets it running.
+    client.input->installTap(1, client.input->inputFormat(), [&, owned](const AudioBuffer&) {
+      late += stopped ? 1 : 0;
+      ++calls;
+    });
+    client.input->start([](bool) {});
+    ASSERT_TRUE(client.pumpUntil([&calls, i] { return calls > 300 * i; }));
+    client.input->stop();
+    stopped = true;
+    // The test's own and the installed tap's; the recording has let go of its copy.
+    EXPECT_EQ(owned.use_count(), 2);
+  }
+  EXPECT_EQ(late, 0);
+}
+
+TEST_P(Restart, AStartThatIsStoppedNeverTellsItsOutcomeNorTheNextOnesInItsPlace) {
+  listenToMicrophone();
+  client.stop();
+  std::optional<bool> first;
+  std::optional<bool> second;
+  client.recording.take();
+  client.start(first);
+  // Sound comes only once the start has succeeded, and the main thread has not been told yet.
+  support::waitFor("sound", [this] { return client.recording.size() > 0; });
+  client.stop();
+  server.suspend();
+  client.start(second);
+  client.mainQueue.pump();
+  EXPECT_FALSE(first.has_value());
+  EXPECT_FALSE(second.has_value()) << "the server has not even heard of the second start";
+  server.resume();
+  EXPECT_TRUE(client.pumpUntil([&second] { return second.has_value(); }));
+  EXPECT_FALSE(first.has_value());
+}
+
+INSTANTIATE_TEST_SUITE_P(OnEitherServer, Recorded, eitherServer(), serverName);
+INSTANTIATE_TEST_SUITE_P(OnEitherServer, Restart, eitherServer(), serverName);
+
+}  // namespace
+}  // namespace corvane
