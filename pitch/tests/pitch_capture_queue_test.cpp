@@ -107,7 +107,7 @@ TEST_F(PitchCaptureQueue, AResetLetsARunningDetectionEnd) {
 }
 
 TEST(PitchCaptureModel, MatchesThePipelineForAnyInput) {
-  runFuzzer(20, 60);
+  runFuzzer(12, 300);
 }
 
 }  // namespace
