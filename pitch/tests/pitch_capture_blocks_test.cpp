@@ -60,5 +60,14 @@ TEST_F(PitchCaptureBlocks, OppositeChannelsGiveABlockOfZeros) {
   EXPECT_EQ(probe.analysed[0].block, signals::constant(0.0F, 8192));
 }
 
+TEST_F(PitchCaptureBlocks, AReportedCountOfNoChannelsIsReadAsOne) {
+  const signals::Samples samples = signals::ramp(0, 8192);
+  const float* channels[] = {samples.data()};
+  probe.capture->consume(
+      {.channels = channels, .frameLength = 8192, .channelCount = 0, .sampleRate = 48000.0},
+      probe.onReading);
+  expectBlocksOfTheRamp(1);
+}
+
 }  // namespace
 }  // namespace corvane

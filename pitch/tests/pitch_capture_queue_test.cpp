@@ -107,7 +107,7 @@ TEST_F(PitchCaptureQueue, AResetLetsARunningDetectionEnd) {
 }
 
 TEST(PitchCaptureModel, MatchesThePipelineForAnyInput) {
-  runFuzzer(12, 300);
+  runFuzzer(12, 200);
 }
 
 }  // namespace
