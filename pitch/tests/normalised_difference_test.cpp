@@ -38,6 +38,10 @@ TEST_P(NormalisedDifferenceOn, EqualsTheReferenceWhateverWasAskedBefore) {
       EXPECT_TRUE(sameBits(difference.at(tau), expected[tau])) << length;
     }
     EXPECT_TRUE(sameBits(difference.upTo(length / 2), expected)) << length;
+    // With no more room than this block needs.
+    NormalisedDifference fresh(GetParam());
+    begin(fresh, samples);
+    EXPECT_TRUE(sameBits(fresh.upTo(length / 2), expected)) << length;
   }
   begin(difference, signals::constant(0.25F, 300));
   EXPECT_TRUE(sameBits(difference.upTo(150), std::vector(151, 1.0))) << "nothing has differed";
