@@ -14,7 +14,7 @@
 #include "platform/pulse/pulse_microphone_permission.h"
 #include "platform/pulse/pulse_microphone_watch.h"
 #include "platform/pulse/tests/held.h"
-#include "platform/pulse/tests/pulse_fixture.h"
+#include "platform/pulse/tests/test_clock.h"
 #include "tests/support/audio_server.h"
 #include "tests/support/fake_platform.h"
 #include "tests/support/figure.h"
@@ -167,25 +167,6 @@ TEST_F(FailingCalls, ThoseThatFailForGoodLeaveAMessageOrAListener) {
     expectAVerdict(tuner);
     tuner.stop();
   });
-}
-
-/// PipeWire does not report everything that it learns of a device.
-TEST_F(FailingCalls, ShowThatTheServerIsAskedAFewTimesMoreAfterItsLastEvent) {
-  testClock().stop();
-  const std::chrono::milliseconds pauses[] = {200ms,  400ms,   800ms,   1600ms, 3200ms,
-                                              6400ms, 12800ms, 25600ms, 1min};
-  for (std::size_t answers = 0; answers < std::size(pauses); ++answers) {
-    Client client;
-    ASSERT_EQ(client.ask(), true);
-    for (std::size_t i = 0; i < answers; ++i) {
-      client.advance(pauses[i]);
-      client.waitForTheServer();
-    }
-    failing_calls::arm("pa_context_get_server_info", Lasting::once);
-    client.advance(pauses[answers]);
-    EXPECT_EQ(!failing_calls::failed().empty(), answers < 8) << answers;
-    failing_calls::heal();
-  }
 }
 
 TEST_F(FailingCalls, ChannelsThatHaveNoOrderEndTheStart) {

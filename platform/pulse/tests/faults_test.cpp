@@ -197,9 +197,9 @@ TEST_P(Faults, TheOnlyMicrophoneIsUnpluggedAndAnotherIsPluggedIn) {
 TEST_P(Faults, TheDefaultChangesToAMicrophoneOfAnotherRateAndChannelCount) {
   addSoundingMicrophone("other", 2, mono);
   goThrough([this](std::uint32_t) {
-    server.setDefaultSource("mic");
+    setDefaultSource("mic");
     ASSERT_NO_FATAL_FAILURE(expectSound(1));
-    server.setDefaultSource("other");
+    setDefaultSource("other");
     ASSERT_NO_FATAL_FAILURE(expectSound(2));
   });
 }
@@ -208,7 +208,7 @@ TEST_P(Faults, TheUserMovesTheRecordingToAnotherMicrophone) {
   // The server moves it as well, to a new default.
   addSoundingMicrophone("other", 2);
   ASSERT_NO_FATAL_FAILURE(expectSound(2));
-  server.setDefaultSource("mic");
+  setDefaultSource("mic");
   ASSERT_NO_FATAL_FAILURE(expectSound(1));
   goThrough([this](std::uint32_t) {
     move("other");

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <future>
 #include <iostream>
+#include <thread>
 #include <utility>
 
 namespace corvane {
@@ -95,19 +96,29 @@ void Client::waitForTheLoop() {
   done.get_future().wait();
 }
 
-void Client::waitForTheServer() {
-  for (int answer = 0; answer < 2; ++answer) {
-    std::promise<void> answered;
-    connection->async([&answered](PulseSession* session) {
-      pa_operation_unref(pa_context_get_server_info(
-          session->readyContext(),
-          [](pa_context*, const pa_server_info*, void* promise) {
-            static_cast<std::promise<void>*>(promise)->set_value();
-          },
-          &answered));
-    });
-    answered.get_future().wait();
-  }
+std::string Client::defaultSource() {
+  std::promise<std::string> told;
+  connection->async([&told](PulseSession* session) {
+    if (session == nullptr) return told.set_value("");
+    pa_operation_unref(pa_context_get_server_info(
+        session->readyContext(),
+        [](pa_context*, const pa_server_info* server, void* promise) {
+          const bool named = server != nullptr && server->default_source_name != nullptr;
+          static_cast<std::promise<std::string>*>(promise)->set_value(
+              named ? server->default_source_name : "");
+        },
+        &told));
+  });
+  return told.get_future().get();
+}
+
+void Client::reconnect() {
+  connection->async([](PulseSession* session) {
+    if (session != nullptr) pa_context_disconnect(session->readyContext());
+  });
+  EXPECT_TRUE(
+      pumpUntil([this] { return connection->state() != PulseConnection::State::connected; }));
+  EXPECT_EQ(ask(), true);
 }
 
 bool Client::pumpUntil(const std::function<bool()>& condition) {
@@ -184,8 +195,21 @@ void Client::expectEnds(int count) {
   EXPECT_EQ(ends.told(), each);
 }
 
+void PulseTest::setDefaultSource(const std::string& name) {
+  server.setDefaultSource(name);
+  while (onPipeWire() && client.connection->state() == PulseConnection::State::connected) {
+    for (int look = 0; look < 200; ++look) {
+      if (client.defaultSource() == name) return;
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    std::cout << "PipeWire does not tell this client of the default " << name << "\n";
+    client.reconnect();
+  }
+}
+
 void PulseTest::addMicrophone(const std::string& name, const AudioFormat& format) {
   server.addMicrophone(name, static_cast<std::uint32_t>(format.sampleRate), format.channelCount);
+  setDefaultSource(name);
 }
 
 void PulseTest::play(const std::string& microphone, std::uint32_t room, const AudioFormat& format) {

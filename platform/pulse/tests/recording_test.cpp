@@ -96,7 +96,7 @@ TEST_P(Restart, SoundFromBeforeAndAfterAStopIsNeverJoined) {
   for (std::uint32_t room = 2; room < 8; ++room) {
     const std::uint32_t here = room % 2 + 1;
     client.stop();
-    server.setDefaultSource(here == 1 ? "mic" : "other");
+    setDefaultSource(here == 1 ? "mic" : "other");
     client.recording.take();
     // No multiple of the servers' fragments, so that a stop always finds a part of a buffer.
     client.input->installTap(3000, stereo, client.recording.tap());
