@@ -4,7 +4,6 @@
 #include <pulse/operation.h>
 #include <pulse/proplist.h>
 
-#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -100,12 +99,9 @@ void PulseSession::report(const ServerFacts& facts) {
   if (facts != reported) observer.facts(facts);
   reported = facts;
   if (outdated) return survey();
-  // PipeWire chooses the default, and completes a device, after it has reported the device, at
-  // times without another event: ask a few times more. Without a session manager it never chooses:
-  // go on asking.
-  auto pause = secondThoughts.next();
-  if (!answers->isConclusive()) pause = std::min(pause, longestIndecision);
-  if (pause < lastThought) again.arm(pause, [this] { survey(); });
+  // PipeWire chooses the default after it has told of the device, and at times without a word; one
+  // that has nobody to choose never does.
+  if (!answers->isConclusive()) again.arm(secondThoughts.next(), [this] { survey(); });
 }
 
 /// The answer comes by callback; without an operation there will be none.

@@ -54,10 +54,8 @@ class PulseSession {
   Observer observer;
   pa_context* const context;  ///< null when there is none to be had
   Timer deadline;
-  Timer again;  ///< asks once more a server that may not have made up its mind
-  static constexpr std::chrono::milliseconds longestIndecision{1000};
-  static constexpr std::chrono::milliseconds lastThought{30000};
-  BackOff secondThoughts{std::chrono::milliseconds(200), lastThought};
+  Timer again;  ///< asks once more a server that has not made up its mind
+  BackOff secondThoughts{std::chrono::milliseconds(200), std::chrono::milliseconds(1000)};
   bool surveying = false;
   bool outdated = false;  ///< something has changed since the survey under way began
   std::optional<ServerSurvey> answers;
