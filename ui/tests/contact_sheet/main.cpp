@@ -9,6 +9,7 @@
 #include <QGuiApplication>
 #include <QQuickWindow>
 #include <cstdio>
+#include <cstdlib>
 
 #include "pictures.h"
 
@@ -72,5 +73,8 @@ int main(int argc, char** argv) {
   QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
   QGuiApplication app(argc, argv);
   QGuiApplication::setFont(QFont("DejaVu Sans"));
-  return run(QGuiApplication::arguments());
+  const int status = run(QGuiApplication::arguments());
+  // Qt 6.4 on Wayland sometimes waits for ever for its event thread when the application ends.
+  std::fflush(nullptr);
+  std::_Exit(status);
 }
