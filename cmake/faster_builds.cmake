@@ -1,17 +1,9 @@
-# Used where they are installed. They change how long a build takes and nothing else: what is released
-# is linked by the compiler's own linker, so that everyone builds the same bytes.
+# Used where they are installed. They change how long a build takes and nothing else.
 find_program(CORVANE_CCACHE ccache)
 if(CORVANE_CCACHE)
   # Files that use a precompiled header can only be cached with these.
   set(CMAKE_CXX_COMPILER_LAUNCHER env CCACHE_SLOPPINESS=pch_defines,time_macros ${CORVANE_CCACHE})
   if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
     add_compile_options(-fpch-preprocess)
-  endif()
-endif()
-
-if(CORVANE_TESTS)
-  find_program(CORVANE_MOLD mold)
-  if(CORVANE_MOLD)
-    add_link_options(-fuse-ld=mold)
   endif()
 endif()

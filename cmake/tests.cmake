@@ -20,6 +20,12 @@ target_compile_options(corvane_test_options INTERFACE -O0 -fPIC)
 target_compile_definitions(corvane_test_options INTERFACE _REENTRANT)
 target_link_libraries(corvane_test_options INTERFACE corvane_options GTest::gmock GTest::gtest_main)
 
+# The program itself is linked by the compiler's own linker, so that everyone builds the same bytes.
+find_program(CORVANE_MOLD mold)
+if(CORVANE_MOLD)
+  target_link_options(corvane_test_options INTERFACE -fuse-ld=mold)
+endif()
+
 # Reading the test framework takes longer than compiling most tests: all programs share one reading.
 # It belongs to a program because libraries are compiled with other flags.
 file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/test_headers.cpp CONTENT "")
@@ -44,5 +50,5 @@ function(corvane_tests name)
   endif()
   target_precompile_headers(${name} REUSE_FROM corvane_test_headers)
   gtest_discover_tests(${name} TEST_PREFIX ${name}. DISCOVERY_TIMEOUT 60
-                       PROPERTIES LABELS ${arg_LABEL} TIMEOUT 120 ${arg_PROPERTIES})
+                       PROPERTIES LABELS ${arg_LABEL} TIMEOUT 900 ${arg_PROPERTIES})
 endfunction()
