@@ -14,10 +14,10 @@ constexpr double secondsToSettle = 0.05;
 /// A PipeWire that was stopped goes on losing some quanta after it has begun again, for 0.4 s on a
 /// busy machine.
 constexpr double secondsToSettleAfterAStall = 0.5;
-/// A busy PulseAudio sends sound of the device before after the word that there is another, and
-/// between sound of the new one. Of each it has no more left than `longestBreath`, or there would
-/// have been silence.
-constexpr double secondsToSettleAfterAMove = 1.0;
+/// A busy PulseAudio sends sound of the old device after the notice of the move, and even between
+/// sound of the new one. Each has at most `longestBreath` left, or there would have been silence.
+constexpr double secondsToSettleAfterAMove =
+    2.0 * std::chrono::duration<double>(MicrophoneFeed::longestBreath).count();
 
 }  // namespace
 

@@ -35,7 +35,7 @@ class MicrophoneFeed {
   void append(const float* interleaved, std::size_t frames);
   /// What comes next does not follow what has come.
   void interrupt();
-  /// It is from another device too.
+  /// What comes next is from another device.
   void moved();
   /// No more silence either. Must be called before the feed is destroyed.
   void end();

@@ -131,8 +131,8 @@ class PulseTest : public testing::TestWithParam<support::AudioServer::Kind> {
   PulseTest() { testClock().stop(); }
 
   bool onPipeWire() const { return GetParam() == support::AudioServer::Kind::pipeWire; }
-  /// Also as the server tells it to the client: PipeWire 0.3 at times stops telling one of its
-  /// clients of changes, for as long as that is connected.
+  /// Returns once the server reports it to the client too. PipeWire 0.3 sometimes stops reporting
+  /// changes to one client: that is printed, and the client connects anew, at most ten times.
   void setDefaultSource(const std::string& name);
   void addMicrophone(const std::string& name = "mic", const AudioFormat& format = stereo);
   /// Plays the coded signal of `room` to a microphone of the server, for `seconds`.
