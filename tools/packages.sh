@@ -11,7 +11,8 @@ test_packages="qml6-module-qttest libgtest-dev libgmock-dev clang-format pipewir
   pipewire-bin pipewire-pulse wireplumber x11-utils util-linux desktop-file-utils appstream man-db strace
   weston locales"
 packaging_packages="build-essential debhelper fakeroot lintian git xz-utils"
-clean_system_packages="debootstrap util-linux"
+other_debian_packages="debootstrap util-linux"
+emulator_packages="qemu-user-static binfmt-support"
 bench_packages="libbenchmark-dev"
 fuzz_packages="clang-19 libclang-rt-19-dev"
 
