@@ -24,9 +24,9 @@ class InPlaceFunction<Result(Arguments...), capacity> {
   InPlaceFunction(std::nullptr_t) {}
 
   template <class F>
-  requires(!std::same_as<std::remove_cvref_t<F>, InPlaceFunction> &&
-           std::is_invocable_r_v<Result, std::decay_t<F>&, Arguments...>)
-      InPlaceFunction(F&& callable) {
+    requires(!std::same_as<std::remove_cvref_t<F>, InPlaceFunction> &&
+             std::is_invocable_r_v<Result, std::decay_t<F>&, Arguments...>)
+  InPlaceFunction(F&& callable) {
     using Callable = std::decay_t<F>;
     static_assert(sizeof(Callable) <= capacity && alignof(Callable) <= alignof(void*));
     static_assert(std::is_nothrow_move_constructible_v<Callable>);

@@ -7,9 +7,9 @@ build_packages="g++ cmake ninja-build pkg-config qt6-base-dev qt6-declarative-de
   fonts-quicksand libpulse-dev libsndfile1-dev librsvg2-bin python3"
 desktop_packages="xvfb openbox xdotool dbus at-spi2-core python3 python3-pyatspi gir1.2-atspi-2.0
   pulseaudio pulseaudio-utils imagemagick fluidsynth timgm6mb-soundfont fonts-dejavu-core"
-test_packages="qml6-module-qttest libgtest-dev libgmock-dev clang-format pipewire
+test_packages="qml6-module-qttest libgtest-dev libgmock-dev clang-format-19 pipewire
   pipewire-bin pipewire-pulse wireplumber x11-utils util-linux desktop-file-utils appstream man-db strace
-  weston locales"
+  weston wayland-utils locales git xz-utils"
 packaging_packages="build-essential debhelper fakeroot lintian git xz-utils"
 other_debian_packages="debootstrap util-linux"
 emulator_packages="qemu-user-static binfmt-support"

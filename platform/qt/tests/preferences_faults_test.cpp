@@ -77,7 +77,9 @@ TEST_F(PreferencesFaults, AnEmptyOrCorruptFileHoldsNothingAndTakesTheNextChoice)
 TEST_F(PreferencesFaults, WhatIsStillWholeInADamagedFileIsKept) {
   write(QByteArray("\x00\xff[[[\n=\n", 8) + saved + "tuner.left=\x01\ntuner.tun");
   expectSavedChoices();
-  { QtPreferences(path).setBoolean("tuner.left", true); }
+  {
+    QtPreferences(path).setBoolean("tuner.left", true);
+  }
   expectSavedChoices();
   EXPECT_EQ(read(), saved + "tuner.left=true\n");
 }
@@ -224,7 +226,9 @@ TEST_F(PreferencesFaults, WhatThisProgramHasNotChangedItDoesNotOverwrite) {
   here.setString("tuner.instrument", "guitar");
   here.setNumber("tuner.a4", 440.0);
   ASSERT_TRUE(saves("tuner.a4=440"));
-  { QtPreferences(path).setString("tuner.instrument", "bass"); }
+  {
+    QtPreferences(path).setString("tuner.instrument", "bass");
+  }
   here.setString("tuner.instrument", "guitar");
   here.setNumber("tuner.a4", 415.0);
   ASSERT_TRUE(saves("tuner.a4=415"));
@@ -237,7 +241,9 @@ pid_t startCounter(const QString& path, int from, std::array<int, 2>& told) {
   const pid_t program = startProgram([&] {
     close(told[0]);
     for (int i = from;; ++i) {
-      { QtPreferences(path).setNumber("count", i); }
+      {
+        QtPreferences(path).setNumber("count", i);
+      }
       if (::write(told[1], &i, sizeof i) != sizeof i) return;
     }
   });

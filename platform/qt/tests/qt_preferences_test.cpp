@@ -46,7 +46,9 @@ TEST_F(QtPreferencesTest, EveryTypeSurvivesARestartInEveryLanguage) {
 
 TEST_F(QtPreferencesTest, ANumberComesBackToTheLastBit) {
   for (const double value : {377.0, std::nextafter(440.0, 441.0), 1.0 / 3.0, 559.9999999999999}) {
-    { QtPreferences(path).setNumber("tuner.a4", value); }
+    {
+      QtPreferences(path).setNumber("tuner.a4", value);
+    }
     EXPECT_THAT(QtPreferences(path).number("tuner.a4"), Optional(value));
   }
 }
@@ -72,7 +74,9 @@ TEST_F(QtPreferencesTest, AFileLargerThanAnySettingsIsLeftAsItIs) {
   EXPECT_THAT(QtPreferences(path).boolean("tuner.left"), Optional(true));
   write(isTooLarge);
   expectNothingStored();
-  { QtPreferences(path).setBoolean("tuner.left", false); }
+  {
+    QtPreferences(path).setBoolean("tuner.left", false);
+  }
   EXPECT_TRUE(read() == isTooLarge);
 }
 

@@ -25,7 +25,7 @@ struct SlowDisk {
     isBusy = now;
     changed.notify_all();
   }
-  int count(int SlowDisk::*calls) {
+  int count(int SlowDisk::* calls) {
     const std::lock_guard held(lock);
     return this->*calls;
   }
@@ -113,7 +113,9 @@ TEST_F(SettingsWriterTest, WhatIsChangedWhileTheDiskIsBusyIsWrittenTogether) {
 }
 
 TEST_F(SettingsWriterTest, WithoutAChangeItNeitherLocksNorWrites) {
-  { SettingsWriter writer{SettingsFile(path)}; }
+  {
+    SettingsWriter writer{SettingsFile(path)};
+  }
   EXPECT_EQ(disk.count(&SlowDisk::syncs), 0);
   EXPECT_EQ(disk.count(&SlowDisk::lockings), 0);
 }
