@@ -227,15 +227,17 @@ TEST_P(Faults, TheMicrophoneIsMuted) {
   });
 }
 
-/// PipeWire's own microphones give zeros from then on, which nobody can tell from muted ones, until
-/// they are opened anew, of several channels only the first even then; those that it makes of other
-/// sources take no notice.
+/// PipeWire 0.3's own microphones give zeros from then on, which nobody can tell from muted ones,
+/// until they are opened anew, of several channels only the first even then. PipeWire 1.4 does not
+/// suspend a microphone that is recorded.
 TEST_P(Faults, TheMicrophoneIsSuspended) {
   addSoundingMicrophone("other", 2, {48000.0, 1});
   ASSERT_NO_FATAL_FAILURE(expectSound(2));
   goThrough([this](std::uint32_t) {
     server.pactl({"suspend-source", "other", "1"});
-    ASSERT_NO_FATAL_FAILURE(expectSilence());
+    if (!onPipeWire()) {
+      ASSERT_NO_FATAL_FAILURE(expectSilence());
+    }
     server.pactl({"suspend-source", "other", "0"});
     if (onPipeWire()) {
       ASSERT_EQ(client.listen(), true);
