@@ -2,8 +2,7 @@
 
 import pathlib
 
-import pyatspi
-
+from .screen_reader import BUTTONS
 from .settings import read_settings
 from .waiting import wait_until
 from .window import Item, Window
@@ -25,7 +24,7 @@ class Controls:
         """The control under the caption of the tuning, of which it has the left edge."""
         items = self.window.items()
         caption = next(item for item in items if item.name in ("Tuning", "Mode"))
-        return next(item for item in items if item.role == pyatspi.ROLE_PUSH_BUTTON
+        return next(item for item in items if item.role in BUTTONS
                     and item.box.x == caption.box.x and item.box.y > caption.box.y)
 
     def strings(self) -> list[str]:

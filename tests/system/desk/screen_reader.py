@@ -20,7 +20,9 @@ VALUE = "object:property-change:accessible-value"
 NAME = "object:property-change:accessible-name"
 DESCRIPTION = "object:property-change:accessible-description"
 
-ROLES = {pyatspi.ROLE_PUSH_BUTTON: "button", pyatspi.ROLE_RADIO_BUTTON: "radio button",
+# Until Qt 6.8, a button that opens a menu has the role of any other.
+BUTTONS = (pyatspi.ROLE_PUSH_BUTTON, pyatspi.ROLE_PUSH_BUTTON_MENU)
+ROLES = {**dict.fromkeys(BUTTONS, "button"), pyatspi.ROLE_RADIO_BUTTON: "radio button",
          pyatspi.ROLE_CHECK_BOX: "check box", pyatspi.ROLE_SPIN_BUTTON: "spin button",
          pyatspi.ROLE_LINK: "link", pyatspi.ROLE_POPUP_MENU: "menu"}
 STATES = {pyatspi.ROLE_RADIO_BUTTON: ("not selected", "selected"),

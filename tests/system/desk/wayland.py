@@ -35,4 +35,4 @@ class WaylandDisplay:
     def _is_ready(self) -> bool:
         """Not merely the socket: the first answer."""
         return (self._folder / SOCKET).exists() and subprocess.run(
-            ["weston-info"], env=self.environment, capture_output=True).returncode == 0
+            ["wayland-info"], env=self.environment, capture_output=True).returncode == 0
