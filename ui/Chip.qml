@@ -14,9 +14,11 @@ PlainButton {
         return row?.tuner.spoken.active ? states.filter(state => state !== "").join(", ") : "";
     }
 
-    width: row?.itemWidth ?? 0
-    height: width
-    reach: (row?.spacing ?? 0) / 2
+    readonly property real gap: row?.gap ?? 0
+    default property alias content: face.data
+
+    width: height + gap
+    height: row?.itemWidth ?? 0
 
     // Of a push button no screen reader says whether it is checked.
     Accessible.role: Accessible.RadioButton
@@ -28,8 +30,10 @@ PlainButton {
     ContinuousRectangle {
         id: face
 
-        x: Math.round(root.x) - root.x
-        width: Math.round(root.x + root.width) - Math.round(root.x)
+        readonly property real start: root.x + root.gap / 2
+
+        x: Math.round(start) - root.x
+        width: Math.round(start + root.height) - Math.round(start)
         height: Math.round(root.height)
         radius: 12
         color: Qt.tint(root.fill, root.light)

@@ -26,7 +26,7 @@ Item {
         anchors.right: stepper.left
         anchors.rightMargin: 10
         height: parent.height
-        implicitWidth: title.implicitWidth + 18
+        implicitWidth: title.width + 18
         onClicked: menu.open()
 
         Accessible.role: Accessible.ButtonMenu

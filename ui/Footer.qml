@@ -21,7 +21,7 @@ Row {
     PlainButton {
         id: link
 
-        implicitWidth: title.implicitWidth
+        implicitWidth: title.width
         implicitHeight: title.implicitHeight
         onClicked: root.tuner.openPrivacyPolicy()
 

@@ -21,7 +21,7 @@ Item {
 
         x: 6
         anchors.verticalCenter: parent.verticalCenter
-        implicitWidth: title.implicitWidth + 16
+        implicitWidth: title.width + 16
         height: 22
         onClicked: menu.open()
 

@@ -20,21 +20,26 @@ PlainButton {
     Accessible.checked: checked
     Accessible.onToggleAction: press()
 
+    // On whole points, as a chip is.
     ContinuousRectangle {
-        anchors.fill: parent
+        id: face
+
+        x: Math.round(root.x) - root.x
+        width: Math.round(root.x + root.width) - Math.round(root.x)
+        height: root.height
         radius: 6
         color: root.checked ? Qt.tint(Shades.raised, root.light) : root.light
     }
 
     FocusRing {
-        control: root
+        control: face
         radius: 8
         distance: 0
         visible: root.visualFocus
     }
 
     Label {
-        anchors.centerIn: parent
+        anchors.centerIn: face
         text: root.modelData
         font.weight: root.checked ? Font.DemiBold : Font.Normal
 

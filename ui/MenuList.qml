@@ -14,8 +14,13 @@ MenuView {
     model: entries
     boundsBehavior: Flickable.StopAtBounds
     highlightMoveDuration: 0
+    cacheBuffer: 4000 // keeps every row that was made
 
     function showChosen(): void {
+        // Makes every row. A list that has not seen all of its rows guesses its height, and since Qt 6.8
+        // a scroll ends when the guess changes.
+        for (let row = 0; row < count; ++row)
+            positionViewAtIndex(row, ListView.Contain);
         currentIndex = entries.chosenRow;
         positionViewAtIndex(Math.max(currentIndex, 0), ListView.Center);
     }

@@ -56,7 +56,7 @@ Column {
         }
 
         Capsule {
-            anchors.centerIn: parent
+            x: (track.width - width) / 2
             width: Math.min(track.width * 5 / root.span, track.width)
             height: parent.height
             color: Qt.alpha(TunerTheme.green, 0.35)

@@ -30,19 +30,55 @@ Column {
             anchors.horizontalCenter: parent.horizontalCenter
             spacing: 4
 
-            Label {
-                id: note
+            // Down to half, rather than that the note is cut.
+            readonly property real room: root.width - (octave.visible ? octave.width + spacing : 0) - (accidental.visible ? spacing : 0)
+            readonly property real wish: ofNote.advanceWidth(note.text) + (accidental.visible ? ofNote.font.pixelSize * accidental.breadth : 0)
+            readonly property real shrinking: Math.max(0.5, Math.min(1, room / wish))
 
-                width: Math.min(implicitWidth, root.width - (octave.visible ? octave.width + row.spacing : 0))
-                text: root.tuner.noteLabel
-                color: root.tuner.needleColor
+            FontMetrics {
+                id: ofNote
+
                 font.family: TypeScale.rounded
                 font.weight: Font.Bold
                 font.pixelSize: Math.round(root.metrics.note)
-                minimumPixelSize: root.metrics.note / 2
-                fontSizeMode: Text.HorizontalFit
+            }
 
+            Label {
+                id: note
+
+                text: root.tuner.noteLabel.charAt(0)
+                color: root.tuner.needleColor
+                font.family: TypeScale.rounded
+                font.weight: Font.Bold
+                font.pixelSize: row.shrinking < 1 ? Math.floor(root.metrics.note * row.shrinking) : ofNote.font.pixelSize
+
+                Accessible.name: root.tuner.noteLabel
                 Accessible.description: "Note"
+            }
+
+            // Fonts that have round letters seldom have these.
+            Item {
+                id: accidental
+
+                readonly property real breadth: 0.66
+
+                visible: root.tuner.noteLabel.length > 1
+                width: Math.ceil(note.font.pixelSize * breadth)
+                height: note.height
+
+                Symbol {
+                    id: sign
+
+                    readonly property real capitals: 0.7 * note.font.pixelSize
+
+                    // With lines as wide as the letter's.
+                    width: note.font.pixelSize * 1.05
+                    height: width
+                    x: Math.round((parent.width - width) / 2)
+                    y: Math.round(note.baselineOffset - (capitals + height) / 2)
+                    kind: root.tuner.noteLabel.endsWith("♯") ? Symbol.Sharp : Symbol.Flat
+                    color: root.tuner.needleColor
+                }
             }
 
             Label {

@@ -7,12 +7,12 @@ PlainButton {
 
     required property int modelData
     readonly property TunerRow row: parent as TunerRow
+    readonly property real gap: row?.gap ?? 0
     readonly property bool selected: row?.tuner.wholeHertz === modelData
     readonly property color ground: selected ? Shades.chosen : Shades.capsule
 
-    implicitWidth: number.implicitWidth + 20
+    implicitWidth: number.width + 20 + gap
     implicitHeight: number.implicitHeight + 12
-    reach: (row?.spacing ?? 0) / 2
     onClicked: row.tuner.a4 = modelData
 
     Accessible.role: Accessible.RadioButton
@@ -22,12 +22,16 @@ PlainButton {
     Accessible.onToggleAction: press()
 
     Capsule {
-        anchors.fill: parent
+        id: face
+
+        x: root.gap / 2
+        width: root.width - root.gap
+        height: root.height
         color: Qt.tint(root.ground, root.light)
     }
 
     FocusRing {
-        control: root
+        control: face
         radius: height / 2
         visible: root.visualFocus
     }

@@ -5,7 +5,7 @@ import Corvane
 TunerRow {
     id: root
 
-    spacing: 8
+    gap: 8
 
     Repeater {
         model: root.tuner.quickPitches

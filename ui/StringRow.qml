@@ -9,7 +9,7 @@ TunerRow {
 
     // So that what stands below is on whole points, which the side of a chip need not be.
     height: Math.round(metrics.chip)
-    spacing: 6
+    gap: 6
     itemWidth: metrics.chip
 
     AutoChip {}

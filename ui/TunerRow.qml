@@ -8,6 +8,10 @@ Row {
 
     required property TunerModel tuner
     property real itemWidth: 0
+    // Between what is seen of two items. Each item takes half of it on either side, so no press misses.
+    property real gap: 0
+
+    x: -gap / 2
 
     // To the next button of the row, or as many further as there are.
     function moveFocus(forward: bool, most: int): void {

@@ -22,10 +22,6 @@ Pressable::Pressable(QQuickItem* parent) : QQuickItem(parent) {
   setActiveFocusOnTab(true);
 }
 
-bool Pressable::contains(const QPointF& point) const {
-  return boundingRect().adjusted(-reach, -reach, reach, reach).contains(point);
-}
-
 void Pressable::press() {
   if (isEnabled()) emit clicked();
 }

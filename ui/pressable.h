@@ -18,7 +18,6 @@ class Pressable : public QQuickItem {
   Q_PROPERTY(bool hovered READ isHovered NOTIFY hoveredChanged)
   Q_PROPERTY(bool visualFocus READ hasVisualFocus NOTIFY visualFocusChanged)
   Q_PROPERTY(bool autoRepeat MEMBER autoRepeat NOTIFY autoRepeatChanged)
-  Q_PROPERTY(qreal reach MEMBER reach NOTIFY reachChanged)
 
  public:
   explicit Pressable(QQuickItem* parent = nullptr);
@@ -27,9 +26,6 @@ class Pressable : public QQuickItem {
   bool isHovered() const { return hovered; }  ///< the mouse is over it
   /// The keyboard is here, and came otherwise than by a press.
   bool hasVisualFocus() const { return visualFocus; }
-
-  /// Inside it, or no further from it than `reach` points: half of the gap to its neighbour, say.
-  bool contains(const QPointF& point) const override;
 
   /// A click from elsewhere: a screen reader, say. Nothing happens while it is disabled.
   Q_INVOKABLE void press();
@@ -40,7 +36,6 @@ class Pressable : public QQuickItem {
   void hoveredChanged();
   void visualFocusChanged();
   void autoRepeatChanged();
-  void reachChanged();
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
@@ -68,7 +63,6 @@ class Pressable : public QQuickItem {
   bool visualFocus = false;
   bool focusedByKeyboard = false;
   bool autoRepeat = false;
-  qreal reach = 0.0;
   bool repeated = false;  ///< the press that is going on has clicked already
   QBasicTimer repeat;
 };

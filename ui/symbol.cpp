@@ -62,6 +62,28 @@ QPainterPath plusOrMinus(bool plus) {
   return path;
 }
 
+QPainterPath flat() {
+  QPainterPath path;
+  path.moveTo(4.6, 2.2);
+  path.lineTo(4.6, 13.6);
+  path.cubicTo(8.2, 12.0, 11.8, 10.2, 11.8, 7.9);
+  path.cubicTo(11.8, 5.4, 7.6, 5.2, 4.6, 8.0);
+  return path;
+}
+
+QPainterPath sharp() {
+  QPainterPath path;
+  for (const double x : {5.9, 10.1}) {
+    path.moveTo(x, 2.6);
+    path.lineTo(x, 13.4);
+  }
+  for (const double y : {6.1, 10.5}) {
+    path.moveTo(3.3, y + 0.3);
+    path.lineTo(12.7, y - 0.9);
+  }
+  return path;
+}
+
 QPainterPath strokes(Symbol::Kind kind) {
   switch (kind) {
     case Symbol::ChevronUpDown:
@@ -74,6 +96,10 @@ QPainterPath strokes(Symbol::Kind kind) {
       return plusOrMinus(true);
     case Symbol::Minus:
       return plusOrMinus(false);
+    case Symbol::Flat:
+      return flat();
+    case Symbol::Sharp:
+      return sharp();
   }
   return {};
 }

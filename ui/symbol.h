@@ -22,6 +22,8 @@ class Symbol : public corvane::VectorItem {
     SpeakerWave,    ///< sound comes out
     Plus,
     Minus,
+    Flat,   ///< of a big note, in the middle
+    Sharp,  ///< the same
   };
   Q_ENUM(Kind)
 

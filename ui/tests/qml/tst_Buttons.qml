@@ -84,18 +84,18 @@ ScreenTest {
 
     function test_there_is_no_dead_gap_between_quick_pitches() {
         const row = show("QuickPitches");
-        const chip = buttonOf(row, "415 Hz");
-        mouseClick(row, chip.x + chip.width + 3, chip.height / 2);
+        const face = all(buttonOf(row, "415 Hz"), Capsule)[0];
+        mouseClick(face, face.width + 3, face.height / 2);
         compare(tuner.wholeHertz, 415);
-        mouseClick(row, chip.x + chip.width + 5, chip.height / 2);
+        mouseClick(face, face.width + 5, face.height / 2);
         compare(tuner.wholeHertz, 432);
     }
 
     function test_there_is_no_dead_gap_between_the_chips_of_the_strings() {
         const row = showSized("StringRow");
-        const chip = buttonOf(row, "A2");
-        const strings = [-2, -4, chip.width + 2].map(distance => {
-                mouseClick(row, chip.x + distance, chip.height / 2);
+        const face = all(buttonOf(row, "A2"), ContinuousRectangle)[0];
+        const strings = [-2, -4, face.width + 2].map(distance => {
+                mouseClick(face, distance, face.height / 2);
                 return tuner.lockedString;
             });
         compare(strings, [1, 0, 1]);

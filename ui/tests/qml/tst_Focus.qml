@@ -81,7 +81,7 @@ ScreenTest {
             const rings = all(window.contentItem, FocusRing).filter(each => each.visible);
             compare(rings.length, 1, item.Accessible.name);
             const around = rings[0].mapToItem(item, 0, 0, rings[0].width, rings[0].height);
-            verify(around.left < 0 && around.right > item.width, `${item.Accessible.name} ${around}`);
+            verify(around.top < 0 && around.bottom > item.height, `${item.Accessible.name} ${around}`);
         }
         const instruments = ["Guitar", "Bass", "Piano", "Left-handed string order", "Standard"];
         const strings = ["Auto", "E2", "A2", "D3", "G3", "B3", "E4"];

@@ -79,7 +79,9 @@ ScreenTest {
 
     function test_scrolls_with_the_wheel() {
         const list = opened();
+        const before = list.contentHeight;
         mouseWheel(list, 100, 100, 0, -600);
-        eventually(() => list.contentY > 0);
+        eventually(() => list.contentY > 100 && !list.moving);
+        compare(list.contentHeight, before);
     }
 }
