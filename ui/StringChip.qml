@@ -16,7 +16,9 @@ Chip {
     Accessible.description: inWords(selected ? "locked" : "", hearing ? "being heard" : "")
 
     Column {
-        anchors.centerIn: parent
+        // On whole points: Qt 6.11 centres on the display's pixels, earlier ones on points.
+        x: Math.round((parent.width - width) / 2)
+        y: Math.round((parent.height - height) / 2)
         spacing: 2
 
         Label {

@@ -181,11 +181,10 @@ QColor colorAt(const QImage& picture, const QQuickItem& item, double x, double y
                             static_cast<int>(std::floor(place.y())));
 }
 
-bool isFar(QRgb a, QRgb b) {
-  constexpr int channelStep = 24;
-  return std::abs(qRed(a) - qRed(b)) >= channelStep ||
-         std::abs(qGreen(a) - qGreen(b)) >= channelStep ||
-         std::abs(qBlue(a) - qBlue(b)) >= channelStep;
+/// Of the channel that differs most.
+int distance(QRgb a, QRgb b) {
+  return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
+                   std::abs(qBlue(a) - qBlue(b))});
 }
 
 }  // namespace
@@ -260,11 +259,19 @@ std::vector<QString> cutTextsOf(const Scene& scene) {
 int differentPixels(const QImage& a, const QImage& b) {
   if (a == b) return 0;
   if (a.size() != b.size()) return std::max(a.width() * a.height(), b.width() * b.height());
+  constexpr int edge = 24;
+  constexpr int stroke = 72;
+  constexpr int edges = 32;
   int different = 0;
+  int most = 0;
   for (int y = 0; y < a.height(); ++y) {
-    for (int x = 0; x < a.width(); ++x) different += isFar(a.pixel(x, y), b.pixel(x, y)) ? 1 : 0;
+    for (int x = 0; x < a.width(); ++x) {
+      const int far = distance(a.pixel(x, y), b.pixel(x, y));
+      different += far >= edge ? 1 : 0;
+      most = std::max(most, far);
+    }
   }
-  return different;
+  return most < stroke && different <= edges ? 0 : different;
 }
 
 }  // namespace corvane::sheet
