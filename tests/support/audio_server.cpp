@@ -201,7 +201,7 @@ std::string AudioServer::newReportsOfLosses() {
     std::ifstream file(home() / log);
     file.seekg(static_cast<std::streamoff>(read[log]));
     for (std::string line; std::getline(file, line) && !file.eof(); read[log] += line.size() + 1) {
-      for (const char* const loss : {"too slow", "XRun", "overrun", "underrun"}) {
+      for (const char* const loss : {"too slow", "XRun", "xrun", "overrun", "underrun"}) {
         if (line.find(loss) != std::string::npos) found += "reported: " + line + "\n";
       }
     }

@@ -32,8 +32,8 @@ std::vector<QString> cutTextsOf(const Scene& scene);
 
 /// How many pixels have a channel that differs by 24 steps of 255 or more, or all where the sizes
 /// differ. 0 where these are 32 at most and none of them differs by 72: versions of FreeType smooth
-/// the edges of at most 20 pixels differently, by up to 64, while the strokes of any text
-/// are more than 100 from their ground. The first big note that is drawn differs from the next ones by up to
+/// the edges of at most 20 pixels differently, by up to 64, while the strokes of any text are more
+/// than 100 from their ground. The first big note that is drawn differs from the next ones by up to
 /// 19.
 int differentPixels(const QImage& a, const QImage& b);
 
