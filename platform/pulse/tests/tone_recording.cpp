@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <fstream>
+#include <ranges>
 #include <system_error>
 
 namespace corvane {
@@ -47,8 +48,8 @@ std::vector<float> MonitorRecording::samples() const {
 
 bool MonitorRecording::soundsSince(std::size_t frame, float level) const {
   const auto all = samples();
-  return std::any_of(all.begin() + static_cast<std::ptrdiff_t>(frame), all.end(),
-                     [level](float sample) { return std::abs(sample) > level; });
+  return std::ranges::any_of(all | std::views::drop(frame),
+                             [level](float sample) { return std::abs(sample) > level; });
 }
 
 std::size_t MonitorRecording::silence() const {
