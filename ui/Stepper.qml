@@ -3,10 +3,9 @@ import Corvane
 
 // A pair of buttons that change a number by one, held inside its range. A screen reader finds the
 // range by the names of these properties.
-Item {
+ValueItem {
     id: root
 
-    required property real value
     required property real minimumValue
     required property real maximumValue
     readonly property real stepSize: 1
