@@ -28,7 +28,7 @@ class InPlaceFunction<Result(Arguments...), capacity> {
              std::is_invocable_r_v<Result, std::decay_t<F>&, Arguments...>)
   InPlaceFunction(F&& callable) {
     using Callable = std::decay_t<F>;
-    static_assert(sizeof(Callable) <= capacity && alignof(Callable) <= alignof(void*));
+    static_assert(sizeof(Callable) <= capacity && alignof(Callable) <= alignof(double));
     static_assert(std::is_nothrow_move_constructible_v<Callable>);
     new (storage) Callable(std::forward<F>(callable));
     operations = &operationsOf<Callable>;
@@ -85,7 +85,7 @@ class InPlaceFunction<Result(Arguments...), capacity> {
   };
 
   const Operations* operations = nullptr;
-  alignas(void*) mutable std::byte storage[capacity];
+  alignas(double) mutable std::byte storage[capacity];
 };
 
 }  // namespace corvane
