@@ -10,6 +10,10 @@ endif()
 # soon as the target allows it: readings would differ in the last bit between machines.
 add_library(corvane_arithmetic INTERFACE)
 target_compile_options(corvane_arithmetic INTERFACE -ffp-contract=off)
+# On 32-bit x86 only: elsewhere SSE2 is the default or does not exist. x87 arithmetic rounds to a wider format.
+if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "86")
+  target_compile_options(corvane_arithmetic INTERFACE -msse2 -mfpmath=sse)
+endif()
 
 add_library(corvane_options INTERFACE)
 target_compile_options(corvane_options INTERFACE ${CORVANE_WARNINGS})
