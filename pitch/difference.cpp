@@ -13,11 +13,13 @@ struct Portable {
   using Lanes = double;
 };
 
-#if defined(__x86_64__)
-struct Sse2 {
+#if defined(__x86_64__) || defined(__aarch64__)
+struct TwoLanes {
   using Lanes [[gnu::vector_size(16), gnu::aligned(8), gnu::may_alias]] = double;
 };
+#endif
 
+#if defined(__x86_64__)
 struct Avx2 {
   using Lanes [[gnu::vector_size(32), gnu::aligned(8), gnu::may_alias]] = double;
 };
@@ -56,16 +58,17 @@ void sumPortable(const double* x, std::size_t window, std::size_t firstLag, doub
   sum<Portable>(x, window, firstLag, d);
 }
 
-#if defined(__x86_64__)
-void sumSse2(const double* x, std::size_t window, std::size_t firstLag, double* d) {
-  sum<Sse2>(x, window, firstLag, d);
+#if defined(__x86_64__) || defined(__aarch64__)
+void sumTwoLanes(const double* x, std::size_t window, std::size_t firstLag, double* d) {
+  sum<TwoLanes>(x, window, firstLag, d);
 }
+#endif
 
+#if defined(__x86_64__)
 [[gnu::target("avx2")]] void sumAvx2(const double* x, std::size_t window, std::size_t firstLag,
                                      double* d) {
   sum<Avx2>(x, window, firstLag, d);
 }
-
 #endif
 
 bool runsEverywhere() {
@@ -76,7 +79,9 @@ constexpr DifferencePath paths[] = {
 #if defined(__x86_64__)
     {"AVX-512", 32, [] { return __builtin_cpu_supports("avx512f") != 0; }, sumAvx512},
     {"AVX2", lagsAtOnce<Avx2>, [] { return __builtin_cpu_supports("avx2") != 0; }, sumAvx2},
-    {"SSE2", lagsAtOnce<Sse2>, runsEverywhere, sumSse2},
+    {"SSE2", lagsAtOnce<TwoLanes>, runsEverywhere, sumTwoLanes},
+#elif defined(__aarch64__)
+    {"NEON", lagsAtOnce<TwoLanes>, runsEverywhere, sumTwoLanes},
 #endif
     {"portable", lagsAtOnce<Portable>, runsEverywhere, sumPortable},
 };
