@@ -1,10 +1,11 @@
 #!/usr/bin/python3 -B
-"""naming.py REPLAY: how often the tuner names a sampled string rightly.
+"""naming.py REPLAY...: how often the tuner names a sampled string rightly.
 
 Renders every string of every tuning of guitar and bass, and every key of the piano, from Debian's
 sound font, sends each through corvane-replay (the path REPLAY) with its tuning selected, and counts
 the analysed blocks by what the detector found: the string's own pitch to within half a semitone, that
-pitch some octaves off, another pitch, or none. Prints a table a tuning, tab-separated."""
+pitch some octaves off, another pitch, or none. Prints a table a tuning, tab-separated. Fails where
+builds of corvane-replay, of different processors say, do not print the same bytes."""
 
 import collections
 import concurrent.futures
@@ -52,21 +53,28 @@ def outcome(frequency: str, key: int) -> str:
     return "octave" if abs(semitones - 12 * round(semitones / 12)) < 0.5 else "other"
 
 
-def count(replay: str, sounding: Sounding, key: int, wav: pathlib.Path) -> collections.Counter:
-    done = subprocess.run([replay, wav, "--instrument", sounding.instrument, "--tuning",
-                           sounding.tuning], capture_output=True, text=True, check=True)
-    return collections.Counter(outcome(line.split("\t")[1], key)
-                               for line in done.stdout.splitlines()[1:])
+def readings(replays: list[str], *arguments: str | pathlib.Path) -> str:
+    printed = [subprocess.run([replay, *arguments], capture_output=True, text=True, check=True).stdout
+               for replay in replays]
+    for replay, other in zip(replays, printed, strict=True):
+        if other != printed[0]:
+            raise ValueError(f"{replays[0]} and {replay} differ: {arguments}\n{printed[0]}\n{other}")
+    return printed[0]
 
 
-def report(replay: str, band: Band) -> None:
+def count(replays: list[str], sounding: Sounding, key: int, wav: pathlib.Path) -> collections.Counter:
+    lines = readings(replays, wav, "--instrument", sounding.instrument, "--tuning", sounding.tuning)
+    return collections.Counter(outcome(line.split("\t")[1], key) for line in lines.splitlines()[1:])
+
+
+def report(replays: list[str], band: Band) -> None:
     print("tuning", "strings", "blocks", *OUTCOMES, sep="\t")
     total: collections.Counter = collections.Counter()
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         for sounding in soundings():
             # Rendered first, one by one: tunings share strings.
             wavs = [band.wav(Note(sounding.program, key)) for key in sounding.keys]
-            counts = pool.map(lambda pair: count(replay, sounding, *pair),
+            counts = pool.map(lambda pair: count(replays, sounding, *pair),
                               zip(sounding.keys, wavs, strict=True))
             print_row(sounding.tuning, len(wavs), tally := sum(counts, collections.Counter()))
             total += tally
@@ -78,11 +86,11 @@ def print_row(name: str, strings: int | str, tally: collections.Counter) -> None
 
 
 def main(arguments: list[str]) -> int:
-    if len(arguments) != 1:
+    if not arguments:
         print(__doc__, file=sys.stderr)
         return 2
     with tempfile.TemporaryDirectory() as notes:
-        report(arguments[0], Band(pathlib.Path(notes)))
+        report(arguments, Band(pathlib.Path(notes)))
     return 0
 
 

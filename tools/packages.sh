@@ -13,6 +13,11 @@ test_packages="qml6-module-qttest libgtest-dev libgmock-dev clang-format-19 pipe
 packaging_packages="build-essential debhelper fakeroot lintian git xz-utils"
 other_debian_packages="debootstrap util-linux"
 emulator_packages="qemu-user-static binfmt-support"
+# What compiles, on amd64, and what it links, of each architecture.
+cross_packages="g++ cmake ninja-build pkg-config qt6-base-dev-tools qt6-declarative-dev-tools librsvg2-bin
+  python3 fluidsynth timgm6mb-soundfont"
+cross_libraries="libgtest-dev libgmock-dev libsndfile1-dev libstdc++6"
+cross_desktop_libraries="qt6-base-dev qt6-declarative-dev qml6-module-qttest libpulse-dev libbenchmark-dev"
 bench_packages="libbenchmark-dev"
 fuzz_packages="clang-19 libclang-rt-19-dev"
 
