@@ -55,6 +55,12 @@ class Item:
 
     # Asked only when it is wanted: each question is a message to the program and back.
     @functools.cached_property
+    def toolkit(self) -> tuple[int, int]:
+        """The version of Qt."""
+        major, minor, *_ = self._found.getApplication().toolkitVersion.split(".")
+        return int(major), int(minor)
+
+    @functools.cached_property
     def description(self) -> str:
         with contextlib.suppress(GLib.Error):
             return self._found.description
@@ -151,8 +157,10 @@ class Window:
 
     def outside(self, enlarged: float = 1) -> list[str]:
         """What is not inside the window. The places of enlarged items are told as they are drawn,
-        but their sizes as they were before."""
+        but their sizes up to Qt 6.8 as they were before."""
         frame, *items = self._wait_for_items()
+        if frame.toolkit > (6, 8):
+            enlarged = 1
         drawn = {item.name: Box(item.box.x, item.box.y, round(item.box.width * enlarged),
                                 round(item.box.height * enlarged)) for item in items}
         return [f"{name} at {box} in {frame.box}" for name, box in drawn.items()
