@@ -16,7 +16,7 @@ Chip {
         id: label
 
         anchors.centerIn: parent
-        width: parent.width - 2 * 3 // clear of the outline
+        width: parent.width - 2 * 4 // clear of the outline
         fontSizeMode: Text.HorizontalFit
         minimumPixelSize: 8
         horizontalAlignment: Text.AlignHCenter

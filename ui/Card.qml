@@ -7,6 +7,7 @@ Item {
 
     required property fit metrics
     property real spacing: 0
+    property real overflow: 0 // of what is wider than the card, which grows by that on both sides together
     readonly property real padding: metrics.compact ? 10 : 14
     default property alias content: stack.data
 
@@ -14,6 +15,8 @@ Item {
 
     ContinuousRectangle {
         anchors.fill: parent
+        anchors.leftMargin: -root.overflow / 2
+        anchors.rightMargin: -root.overflow / 2
         color: TunerTheme.card
         radius: 16
     }
@@ -21,9 +24,9 @@ Item {
     Column {
         id: stack
 
-        x: root.padding
+        x: root.padding - root.overflow / 2
         y: root.padding
-        width: root.width - 2 * root.padding
+        width: root.width - 2 * root.padding + root.overflow
         spacing: root.spacing
     }
 }

@@ -27,7 +27,6 @@ Item {
         anchors.rightMargin: 10
         height: parent.height
         implicitWidth: title.width + 18
-        onClicked: menu.open()
 
         Accessible.role: Accessible.ButtonMenu
         Accessible.name: root.tuner.concertPitchTitle
@@ -77,6 +76,7 @@ Item {
             width: 220
             alignment: Qt.AlignRight
             entries: root.tuner.concertPitches
+            current: root.tuner.wholeHertz
             onPicked: hertz => root.tuner.a4 = Number(hertz)
         }
     }

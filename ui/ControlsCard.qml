@@ -8,6 +8,7 @@ Card {
     required property TunerModel tuner
 
     spacing: metrics.compact ? 6 : 8
+    overflow: Math.max(0, strings.implicitWidth - strings.gap - (width - 2 * padding))
 
     InstrumentPicker {
         width: parent.width
@@ -21,6 +22,8 @@ Card {
     }
 
     StringRow {
+        id: strings
+
         visible: root.tuner.strings.count > 0
         tuner: root.tuner
         metrics: root.metrics

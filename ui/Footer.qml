@@ -2,27 +2,35 @@ import QtQuick
 import Corvane
 
 // The version, and the way to the privacy policy.
-Row {
+Item {
     id: root
 
     required property TunerModel tuner
     required property fit metrics
     readonly property alias link: link
 
-    spacing: 10
+    implicitWidth: version.advance + title.width
+    implicitHeight: title.height
 
     Label {
+        id: version
+
+        readonly property real advance: visible ? width + 10 : 0
+
         visible: root.metrics.showsVersion
         text: "Version " + root.tuner.appVersion
         color: TunerTheme.muted
         font.pixelSize: TypeScale.caption2
     }
 
+    // Easier to hit than a line of small text.
     PlainButton {
         id: link
 
-        implicitWidth: title.width
-        implicitHeight: title.implicitHeight
+        x: version.advance - 5
+        y: -5
+        width: title.width + 10
+        height: title.height + 10
         onClicked: root.tuner.openPrivacyPolicy()
 
         Accessible.role: Accessible.Link
@@ -30,13 +38,16 @@ Row {
 
         FocusRing {
             control: link
-            radius: 5
+            distance: -1
+            radius: 7
             visible: link.visualFocus
         }
 
         Label {
             id: title
 
+            x: 5
+            y: 5
             text: root.tuner.privacyTitle
             color: TunerTheme.muted
             font.pixelSize: TypeScale.caption2

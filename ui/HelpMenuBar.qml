@@ -23,7 +23,6 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         implicitWidth: title.width + 16
         height: 22
-        onClicked: menu.open()
 
         Accessible.role: Accessible.ButtonMenu
         Accessible.name: title.text

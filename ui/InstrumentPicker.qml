@@ -14,6 +14,9 @@ Item {
 
         anchors.verticalCenter: parent.verticalCenter
         text: "Instrument"
+        color: TunerTheme.muted
+        font.pixelSize: TypeScale.caption
+        font.weight: Font.DemiBold
     }
 
     ContinuousRectangle {
@@ -25,9 +28,32 @@ Item {
         height: parent.height
         radius: 8
         color: Shades.track
+
+        // Slides to the segment that is chosen, on whole points, as the segments are.
+        ContinuousRectangle {
+            readonly property real start: root.tuner.instrument * row.itemWidth
+
+            x: 2 + Math.round(start)
+            y: 2
+            width: Math.round(start + row.itemWidth) - Math.round(start)
+            height: row.height
+            radius: 6
+            color: Shades.raised
+
+            Behavior on x {
+                enabled: root.visible
+
+                NumberAnimation {
+                    duration: 120
+                    easing.type: Easing.OutQuad
+                }
+            }
+        }
     }
 
     TunerRow {
+        id: row
+
         anchors.fill: track
         anchors.margins: 2
         tuner: root.tuner

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// One segment of the instrument picker; the chosen one is raised.
+// One segment of the instrument picker.
 PlainButton {
     id: root
 
@@ -28,7 +28,7 @@ PlainButton {
         width: Math.round(root.x + root.width) - Math.round(root.x)
         height: root.height
         radius: 6
-        color: root.checked ? Qt.tint(Shades.raised, root.light) : root.light
+        color: root.light
     }
 
     FocusRing {

@@ -22,10 +22,8 @@ Item {
 
         readonly property bool checked: root.tuner.leftHanded
 
-        anchors.right: title.left
-        anchors.rightMargin: 8
-        anchors.verticalCenter: parent.verticalCenter
-        implicitWidth: 34
+        anchors.right: parent.right
+        implicitWidth: knob.width + 8 + title.width
         implicitHeight: 20
         onClicked: root.tuner.leftHanded = !checked
 
@@ -36,7 +34,10 @@ Item {
         Accessible.onToggleAction: press()
 
         Capsule {
-            anchors.fill: parent
+            id: knob
+
+            width: 34
+            height: parent.height
             color: Qt.tint(handed.checked ? TunerTheme.gold : Shades.off, handed.light)
 
             Capsule {
@@ -46,22 +47,29 @@ Item {
                 height: width
                 // White would hardly be seen on gold.
                 color: handed.checked ? TunerTheme.bg : "white"
+
+                Behavior on x {
+                    NumberAnimation {
+                        duration: 120
+                        easing.type: Easing.OutQuad
+                    }
+                }
             }
         }
 
         FocusRing {
-            control: handed
+            control: knob
             radius: 13
             visible: handed.visualFocus
         }
-    }
 
-    Label {
-        id: title
+        Label {
+            id: title
 
-        anchors.right: parent.right
-        anchors.verticalCenter: parent.verticalCenter
-        text: "Left-handed"
-        font.pixelSize: TypeScale.caption
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            text: "Left-handed"
+            font.pixelSize: TypeScale.caption
+        }
     }
 }

@@ -25,7 +25,7 @@ PlainButton {
         anchors.fill: parent
         radius: 7
         color: root.down ? Shades.held : root.highlighted ? Shades.highlight : "transparent"
-        borderColor: TunerTheme.sharp
+        borderColor: "white"
         borderWidth: root.ringed ? 2 : 0
     }
 

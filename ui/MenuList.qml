@@ -16,22 +16,32 @@ MenuView {
     highlightMoveDuration: 0
     cacheBuffer: 4000 // keeps every row that was made
 
-    function showChosen(): void {
+    // Starts at the chosen entry; where none can be chosen, at the current one.
+    function showCurrent(current: string): void {
         // Makes every row. A list that has not seen all of its rows guesses its height, and since Qt 6.8
         // a scroll ends when the guess changes.
         for (let row = 0; row < count; ++row)
             positionViewAtIndex(row, ListView.Contain);
-        currentIndex = entries.chosenRow;
+        currentIndex = hasChoice ? entries.chosenRow : entries.rowWith(current);
+        if (currentIndex < 0 && byKeyboard)
+            currentIndex = 0;
         positionViewAtIndex(Math.max(currentIndex, 0), ListView.Center);
     }
 
-    function highlightAt(place: point): void {
+    // The row of the entry there; -1 where there is none.
+    function rowAt(place: point): int {
         const inList = contentItem.mapFromItem(null, place);
-        const row = itemAt(inList.x, inList.y) as MenuRow;
-        if (!row?.isEntryAt(inList.y - row.y))
+        const inView = mapFromItem(null, place);
+        const row = contains(inView) ? itemAt(inList.x, inList.y) as MenuRow : null;
+        return row?.isEntryAt(inList.y - row.y) ? row.index : -1;
+    }
+
+    function highlightAt(place: point): void {
+        const row = rowAt(place);
+        if (row < 0)
             return;
         byKeyboard = false;
-        currentIndex = row.index;
+        currentIndex = row;
     }
 
     // As far as there are entries.

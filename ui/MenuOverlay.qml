@@ -10,16 +10,27 @@ MouseArea {
     required property MenuModel entries
     required property real listWidth // at least; 0 for that of the control
     required property int alignment
+    required property string current
     readonly property rect size: Qt.rect(0, 0, control.width, control.height)
     readonly property rect inWindow: control.mapToItem(parent, size)
     readonly property rect place: Qt.rect(inWindow.x / zoom, inWindow.y / zoom, inWindow.width / zoom, inWindow.height / zoom)
     readonly property alias list: list
     readonly property real margin: 8 // between the list and the edge of the window
+    readonly property real gap: 4 // between the list and its control
     readonly property real padding: 6
     readonly property real zoom: (Window.window as Main)?.zoom ?? 1
 
     signal dismissed(reason: int)
     signal picked(value: string, reason: int)
+
+    // Of a press that opened it, there.
+    function drop(there: point): void {
+        const isIn = item => item.contains(item.mapFromItem(null, there));
+        if (list.rowAt(there) >= 0)
+            list.pick(list.rowAt(there), Qt.MouseFocusReason);
+        else if (!isIn(ground) && !isIn(control))
+            dismissed(Qt.MouseFocusReason);
+    }
 
     width: parent.width / zoom
     height: parent.height / zoom
@@ -44,7 +55,7 @@ MouseArea {
 
     Component.onCompleted: {
         list.byKeyboard = (control as PlainButton)?.visualFocus ?? false;
-        list.showChosen();
+        list.showCurrent(current);
         list.forceActiveFocus(Qt.PopupFocusReason);
     }
 
@@ -64,22 +75,26 @@ MouseArea {
         }
     }
 
-    Rectangle {
-        anchors.fill: parent
-        color: Qt.rgba(0, 0, 0, 0.45)
+    Shadow {
+        anchors.fill: ground
+        radius: ground.radius
     }
 
+    // Clear of its control: below, where the note stays in sight, unless there is little room.
     ContinuousRectangle {
         id: ground
 
         readonly property bool endsThere: root.alignment === Qt.AlignRight
         readonly property real start: endsThere ? root.place.right - width : root.place.x
-        readonly property real below: root.place.bottom + 4
+        readonly property real wish: list.implicitHeight + 2 * root.padding
+        readonly property real above: root.place.y - root.gap - root.margin
+        readonly property real below: root.height - root.margin - root.place.bottom - root.gap
+        readonly property bool isBelow: below >= Math.min(wish, 180) || below >= above
 
-        x: Math.max(root.margin, Math.min(start, root.width - width - root.margin))
-        y: Math.max(root.margin, Math.min(below, root.height - height - root.margin))
+        x: Math.round(Math.max(root.margin, Math.min(start, root.width - width - root.margin)))
+        y: Math.round(Math.max(root.margin, isBelow ? root.place.bottom + root.gap : root.place.y - root.gap - height))
         width: root.listWidth > 0 ? root.listWidth : root.place.width
-        height: Math.min(list.implicitHeight + 2 * root.padding, root.height - 2 * root.margin)
+        height: Math.floor(Math.min(wish, isBelow ? below : above, root.height - 2 * root.margin))
         radius: 12
         color: Shades.menu
         borderWidth: 1
@@ -97,6 +112,17 @@ MouseArea {
             anchors.margins: root.padding
             entries: root.entries
             onPicked: (value, reason) => root.picked(value, reason)
+        }
+
+        // How much more there is to scroll to.
+        Capsule {
+            anchors.right: parent.right
+            anchors.rightMargin: 2
+            y: list.y + list.visibleArea.yPosition * list.height
+            width: 3
+            height: list.visibleArea.heightRatio * list.height
+            visible: list.visibleArea.heightRatio < 1
+            color: Shades.unavailable
         }
     }
 }

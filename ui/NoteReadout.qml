@@ -27,7 +27,12 @@ Column {
         Row {
             id: row
 
+            // As much space above the letter as below it.
+            readonly property real above: root.metrics.gap + note.baselineOffset - sign.capitals
+            readonly property real below: note.height - note.baselineOffset + root.spacing + cents.baselineOffset - 0.7 * cents.font.pixelSize
+
             anchors.horizontalCenter: parent.horizontalCenter
+            y: Math.round((below - above) / 2)
             spacing: 4
 
             // Down to half, rather than that the note is cut.
@@ -99,6 +104,8 @@ Column {
     }
 
     FixedDigits {
+        id: cents
+
         anchors.horizontalCenter: parent.horizontalCenter
         text: root.tuner.centsText
         color: root.tuner.heard ? "white" : TunerTheme.muted

@@ -9,6 +9,7 @@ Item {
     required property Item control
     required property MenuModel entries
     property int alignment: Qt.AlignLeft // with which edge of the control
+    property string current // the value at which it starts where no entry can be chosen
     property Item shown: null
     readonly property bool opened: shown !== null
 
@@ -21,6 +22,7 @@ Item {
         shown = Qt.createComponent("MenuOverlay.qml").createObject(Window.contentItem, {
                 control: control,
                 entries: entries,
+                current: current,
                 listWidth: width,
                 alignment: alignment
             });
@@ -38,6 +40,27 @@ Item {
     }
 
     Component.onDestruction: discard()
+
+    // It opens with the press, so that one can drag to an entry and let go there.
+    Connections {
+        target: root.control as PlainButton
+
+        function onPressed(): void {
+            root.open();
+        }
+
+        function onClicked(): void {
+            root.open();
+        }
+
+        function onDragged(place: point): void {
+            (root.shown as MenuOverlay)?.list.highlightAt(place);
+        }
+
+        function onDropped(place: point): void {
+            (root.shown as MenuOverlay)?.drop(place);
+        }
+    }
 
     Connections {
         target: root.shown

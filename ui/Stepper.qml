@@ -30,6 +30,10 @@ ValueItem {
             step(event.key === Qt.Key_PageUp ? page : -page);
     }
 
+    WheelHandler {
+        onWheel: event => root.step(Math.sign(event.angleDelta.y) * root.stepSize)
+    }
+
     Accessible.role: Accessible.SpinBox
     Accessible.name: "Concert pitch in hertz"
     Accessible.onIncreaseAction: step(stepSize)

@@ -22,7 +22,6 @@ Column {
 
         width: root.width
         implicitHeight: texts.implicitHeight + 2 * padding
-        onClicked: menu.open()
 
         Accessible.role: Accessible.ButtonMenu
         Accessible.name: root.tuner.tuningName
@@ -31,6 +30,8 @@ Column {
         ContinuousRectangle {
             anchors.fill: parent
             radius: 14
+            borderWidth: 1
+            borderColor: Shades.outline
             color: Qt.tint(TunerTheme.card, menu.opened ? Qt.rgba(1, 1, 1, 0.12) : face.light)
         }
 
@@ -52,6 +53,7 @@ Column {
             id: menu
 
             control: face
+            width: 300
             entries: root.tuner.tunings
             onPicked: id => root.tuner.chooseTuning(id)
         }

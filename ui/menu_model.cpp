@@ -40,6 +40,11 @@ QString MenuModel::valueAt(int row) const {
   return data(index(row), Value).toString();
 }
 
+int MenuModel::rowWith(const QString& value) const {
+  const auto found = std::ranges::find(entries, value, &Entry::value);
+  return found == entries.end() ? -1 : static_cast<int>(found - entries.begin());
+}
+
 int MenuModel::rowStartingWith(const QString& text, int row) const {
   if (text.isEmpty()) return -1;
   for (int step = 1; step <= rowCount(); ++step) {

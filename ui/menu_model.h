@@ -35,6 +35,7 @@ class MenuModel : public QAbstractListModel {
 
   int chosenRow() const;  ///< -1 when no entry is the current one
   Q_INVOKABLE QString valueAt(int row) const;
+  Q_INVOKABLE int rowWith(const QString& value) const;  ///< -1 when no entry has it
   /// The next row after `row`, round and round, whose title starts with `text` in either case; -1
   /// when there is none, or no text.
   Q_INVOKABLE int rowStartingWith(const QString& text, int row) const;

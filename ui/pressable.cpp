@@ -1,12 +1,17 @@
 #include "ui/pressable.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace corvane {
 namespace {
 
 constexpr int beforeRepeatingMs = 300;
-constexpr int repeatingMs = 100;
+
+/// Faster the longer it is held: a hundred steps take three seconds.
+int nextRepeatMs(int repeats) {
+  return std::max(20, 100 - 4 * repeats);
+}
 
 bool presses(const QKeyEvent& event) {
   return event.key() == Qt::Key_Space || event.key() == Qt::Key_Return ||
@@ -31,16 +36,19 @@ void Pressable::mousePressEvent(QMouseEvent*) {
   focusedByKeyboard = false;
   setVisualFocus(false);
   setDown(true);
-  repeated = false;
+  repeats = 0;
+  emit pressed();
   if (autoRepeat) repeat.start(beforeRepeatingMs, this);
 }
 
 void Pressable::mouseMoveEvent(QMouseEvent* event) {
   setDown(contains(event->position()));
+  emit dragged(event->scenePosition());
 }
 
-void Pressable::mouseReleaseEvent(QMouseEvent*) {
+void Pressable::mouseReleaseEvent(QMouseEvent* event) {
   release();
+  emit dropped(event->scenePosition());
 }
 
 void Pressable::mouseUngrabEvent() {
@@ -90,9 +98,9 @@ void Pressable::focusOutEvent(QFocusEvent*) {
 }
 
 void Pressable::timerEvent(QTimerEvent*) {
-  repeat.start(repeatingMs, this);
+  repeat.start(nextRepeatMs(repeats), this);
   if (!down) return;
-  repeated = true;
+  ++repeats;
   emit clicked();
 }
 
@@ -106,7 +114,7 @@ void Pressable::itemChange(ItemChange change, const ItemChangeData& data) {
 
 void Pressable::release() {
   repeat.stop();
-  const bool counts = !std::exchange(repeated, false) && down;
+  const bool counts = std::exchange(repeats, 0) == 0 && down;
   setDown(false);
   if (counts) emit clicked();
 }

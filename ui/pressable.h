@@ -32,6 +32,10 @@ class Pressable : public QQuickItem {
 
  signals:
   void clicked();
+  /// The mouse or a finger: down, under way and up again, in the window's own coordinates.
+  void pressed();
+  void dragged(QPointF place);
+  void dropped(QPointF place);
   void downChanged();
   void hoveredChanged();
   void visualFocusChanged();
@@ -63,7 +67,7 @@ class Pressable : public QQuickItem {
   bool visualFocus = false;
   bool focusedByKeyboard = false;
   bool autoRepeat = false;
-  bool repeated = false;  ///< the press that is going on has clicked already
+  int repeats = 0;  ///< how often the press that is going on has clicked already
   QBasicTimer repeat;
 };
 

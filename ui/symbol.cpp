@@ -64,10 +64,10 @@ QPainterPath plusOrMinus(bool plus) {
 
 QPainterPath flat() {
   QPainterPath path;
-  path.moveTo(4.6, 2.2);
-  path.lineTo(4.6, 13.6);
-  path.cubicTo(8.2, 12.0, 11.8, 10.2, 11.8, 7.9);
-  path.cubicTo(11.8, 5.4, 7.6, 5.2, 4.6, 8.0);
+  path.moveTo(5.0, 8.0);
+  path.cubicTo(7.6, 5.4, 11.2, 5.6, 11.2, 8.0);
+  path.cubicTo(11.2, 10.2, 8.2, 12.0, 5.0, 13.6);
+  path.lineTo(5.0, 2.2);
   return path;
 }
 

@@ -64,8 +64,8 @@ class Choices(system_test.SystemTest):
     def test_the_concert_pitch_is_chosen_from_the_list_the_quick_ones_and_by_steps(self) -> None:
         window = self.open().window
         opened = window.open_list(window.find(description="Concert pitch presets"), PITCHES)
-        window.choose(opened, "392  French Baroque")
-        self.controls.wait_for_pitch(392, "392  French Baroque")
+        window.choose(opened, "435  French 1859")
+        self.controls.wait_for_pitch(435, "435  French 1859")
         for name, hertz, title in (("432 Hz", 432, "432"), ("440 Hz", 440, "440  Modern"),
                                    ("Raise", 441, "Custom"), ("Raise", 442, "442  Orchestra"),
                                    ("Lower", 441, "Custom")):

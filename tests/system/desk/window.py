@@ -170,15 +170,14 @@ class Window:
         self.click(self.find(**wanted))
 
     def open_list(self, face: Item, names: list[str]) -> list[Item]:
-        """Clicks the control that has a list; its headings and entries, as soon as they have these
-        names from top to bottom."""
+        """Clicks the control that has a list; its headings and entries, also those that it would have
+        to scroll to, as soon as they have these names from top to bottom."""
         self.click(face)
         listed: list[Item] = []
 
         def is_there() -> bool:
-            area = self.find(role=pyatspi.ROLE_POPUP_MENU)
-            listed[:] = sorted((item for item in self.items()
-                                if item.role in IN_LISTS and area.box.holds(item.box)),
+            self.find(role=pyatspi.ROLE_POPUP_MENU)
+            listed[:] = sorted((item for item in self.items() if item.role in IN_LISTS),
                                key=lambda item: item.box.y)
             return [item.name for item in listed] == names
 
@@ -186,7 +185,7 @@ class Window:
         return listed
 
     def choose(self, entries: list[Item], title: str) -> None:
-        """Clicks the entry of this title in an open list."""
+        """Clicks the entry of this title in an open list, where it is in view."""
         self.click(next(entry for entry in entries if entry.name == title))
         self.wait_until_gone(role=pyatspi.ROLE_POPUP_MENU)
 

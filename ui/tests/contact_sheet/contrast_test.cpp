@@ -158,7 +158,7 @@ TEST_F(Contrast, IsInTheDocumentForAllMarksOnTheScreen) {
   // A mark is looked at in its middle or at its left edge, and in a list at what is inside of it.
   EXPECT_THAT(unseen(marks),
               testing::ElementsAre("needle on the band: flat", "needle on the band: sharp",
-                                   "outline of a menu", "focus ring on the highlight in a menu"));
+                                   "outline of a menu"));
 }
 
 }  // namespace

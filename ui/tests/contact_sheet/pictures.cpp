@@ -165,7 +165,13 @@ std::vector<QQuickItem*> itemsInFront(QQuickWindow& window) {
   const auto list = std::ranges::find_if(all, [](const QQuickItem* item) {
     return QLatin1String(item->metaObject()->className()).startsWith(QLatin1String("MenuList_"));
   });
-  return list == all.end() ? all : visibleBelow(**list);
+  if (list == all.end()) return all;
+  // Rows that would have to be scrolled to exist too.
+  auto rows = visibleBelow(**list);
+  std::erase_if(rows, [view = (*list)->boundingRect(), list](const QQuickItem* item) {
+    return !view.contains(item->mapRectToItem(*list, item->boundingRect()));
+  });
+  return rows;
 }
 
 QColor withOpacityOf(const QQuickItem& item, const char* property) {

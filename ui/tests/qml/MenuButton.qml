@@ -15,7 +15,6 @@ PlainButton {
     y: 60
     width: 200
     height: 40
-    onClicked: menu.open()
 
     PullDownMenu {
         id: menu

@@ -92,6 +92,7 @@ ScreenTest {
     function test_the_link_is_underlined_under_the_mouse_and_opens_the_privacy_policy() {
         const link = buttonOf(showSized("Footer"), "Privacy Policy");
         const title = textItem(link, "Privacy Policy");
+        verify(link.width >= title.width + 10 && link.height >= title.height + 10);
         verify(!title.font.underline);
         mouseMove(link, 5, 5);
         eventually(() => title.font.underline);

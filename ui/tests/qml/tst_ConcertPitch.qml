@@ -113,6 +113,14 @@ ScreenTest {
         compare(pitches, [441, 440, 439, 449, 439, 439]);
     }
 
+    function test_the_wheel_steps_by_one() {
+        const stepper = only(referenceRow(), Stepper);
+        mouseWheel(stepper, 5, 5, 0, 120);
+        compare(tuner.a4, 441);
+        mouseWheel(stepper, 5, 5, 0, -240);
+        compare(tuner.a4, 440);
+    }
+
     function test_a_button_of_the_stepper_goes_on_while_it_is_held_and_leaves_the_keyboard_alone() {
         const raise = buttonOf(referenceRow(), "Raise");
         mousePress(raise);

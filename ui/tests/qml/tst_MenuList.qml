@@ -17,7 +17,7 @@ ScreenTest {
                 height: height ?? 1000
             });
         picked = spy(list, "picked");
-        list.showChosen();
+        list.showCurrent("");
         list.forceActiveFocus();
         settle(list);
         return list;

@@ -62,6 +62,18 @@ ScreenTest {
         verify(ground.y >= 8 && ground.y + ground.height <= 680 - 8, `${ground.y}`);
     }
 
+    function test_leaves_its_control_in_sight_data() {
+        return table(["y"], [[60], [300], [600]]);
+    }
+
+    function test_leaves_its_control_in_sight(row) {
+        const ground = openedList({
+                y: row.y
+            }).parent;
+        verify(ground.y >= row.y + 40 || ground.y + ground.height <= row.y, `${ground.y}`);
+        compare(all(ground, Capsule)[0].visible, true); // There is more to scroll to.
+    }
+
     function test_is_as_high_as_its_entries_and_scrolls_where_the_window_is_lower_data() {
         return table(["name", "instrument", "scrolls"], [["guitar", 0, true], ["bass", 1, false]]);
     }

@@ -12,7 +12,7 @@ ScreenTest {
                 width: 300,
                 height: 200
             });
-        list.showChosen();
+        list.showCurrent("");
         list.forceActiveFocus();
         paint(list);
         return list;

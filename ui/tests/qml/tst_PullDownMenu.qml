@@ -83,6 +83,39 @@ ScreenTest {
         compare(told(picked), ["g6-half"]);
     }
 
+    function test_a_press_opens_it_and_is_let_go_on_an_entry_or_elsewhere_data() {
+        return table(["where", "place", "stays", "chosen"], [
+                ["on an entry", (button, list) => entryOf(list, "Drop D").mapToItem(button, 20, 5), false, ["g6-dropd"]],
+                ["on the control", () => Qt.point(9, 9), true, []],
+                ["on a heading", (button, list) => list.mapToItem(button, 20, 5), true, []],
+                ["outside", () => Qt.point(-20, 10), false, []]
+            ]);
+    }
+
+    function test_a_press_opens_it_and_is_let_go_on_an_entry_or_elsewhere(row) {
+        const button = make(subject);
+        eventually(() => entriesInTheWindow() === 0); // The last list would take the press.
+        picked = spy(button.menu, "picked");
+        mousePress(button, 5, 5);
+        const place = row.place(button, listOf(button.menu));
+        mouseMove(button, place.x, place.y);
+        mouseRelease(button, place.x, place.y);
+        compare([button.menu.opened, told(picked)], [row.stays, row.chosen]);
+    }
+
+    function test_by_keyboard_it_starts_at_an_entry_data() {
+        return table(["button", "title"], [["Standard", "Standard"], ["440  Modern", "440  Modern"], ["Help", "Privacy Policy"]]);
+    }
+
+    function test_by_keyboard_it_starts_at_an_entry(row) {
+        const window = showWindow();
+        const button = buttonOf(window.contentItem, row.button);
+        button.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Space);
+        compare(listOf(only(button, PullDownMenu)).currentItem.title, row.title);
+        keyClick(Qt.Key_Escape);
+    }
+
     function test_it_closes_without_a_choice_and_reaches_nothing_beneath_data() {
         return table(["way", "leave"], [
                 ["by Escape", () => keyClick(Qt.Key_Escape)],

@@ -58,6 +58,17 @@ ScreenTest {
         compare(column(view).scale, 300 / natural);
     }
 
+    function test_eight_strings_keep_clear_of_the_edges_of_their_card() {
+        tuner.chooseTuning("g8-standard");
+        const view = sized(420, 680);
+        const card = only(view, ControlsCard);
+        const ground = all(card, ContinuousRectangle)[0];
+        for (const chip of all(card, Chip)) {
+            const face = all(chip, ContinuousRectangle)[0].mapToItem(ground, 0, 0, chip.height, chip.height);
+            verify(face.left >= card.padding && face.right <= ground.width - card.padding, `${face}`);
+        }
+    }
+
     function test_its_lines_are_on_whole_points() {
         const view = sized(531, 907);
         compare(column(view).scale, 1);

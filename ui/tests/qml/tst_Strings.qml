@@ -54,8 +54,8 @@ ScreenTest {
 
     function test_the_switch_turns_the_order_and_follows_the_tuner() {
         const handed = buttonOf(show("LeftHandedRow"), "Left-handed string order");
-        for (const turned of [true, false]) {
-            mouseClick(handed);
+        for (const [turned, text] of [[true, handed.width - 2], [false, 2]]) {
+            mouseClick(handed, text, handed.height / 2);
             compare([tuner.leftHanded, handed.checked], [turned, turned]);
         }
         tuner.leftHanded = true;
@@ -70,7 +70,7 @@ ScreenTest {
         verifyInside(knob, track);
         compareColor(knob.color, "white");
         tuner.leftHanded = true;
-        compare(room(), [after, before]);
+        eventually(() => room()[0] === after && room()[1] === before);
         compareColor(track.color, TunerTheme.gold);
         compareColor(knob.color, TunerTheme.bg);
     }
