@@ -2,6 +2,7 @@
 
 import contextlib
 import functools
+import itertools
 import pathlib
 import subprocess
 from collections.abc import Callable, Iterator
@@ -176,8 +177,9 @@ class Window:
         listed: list[Item] = []
 
         def is_there() -> bool:
-            self.find(role=pyatspi.ROLE_POPUP_MENU)
-            listed[:] = sorted((item for item in self.items() if item.role in IN_LISTS),
+            # The list comes last, because it is over everything.
+            inside = itertools.dropwhile(lambda item: item.role != pyatspi.ROLE_POPUP_MENU, self.items())
+            listed[:] = sorted((item for item in inside if item.role in IN_LISTS),
                                key=lambda item: item.box.y)
             return [item.name for item in listed] == names
 
