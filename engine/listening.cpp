@@ -118,6 +118,8 @@ void TunerEngine::captureStarted(bool success) {
   if (success) {
     listening = true;
     errorText = std::nullopt;
+  } else if (platform.microphonePermission->recordPermission() == RecordPermission::denied) {
+    showMicrophoneDenied();  // Some systems say so only now.
   } else {
     errorText = notStartedText;
     listening = false;

@@ -4,13 +4,13 @@
 
 namespace corvane {
 
-/// Whether there is something to listen with, for those who do not listen. Main thread only.
+/// Whether there is something to listen with, and whether we may. Main thread only.
 class MicrophoneWatch {
  public:
   virtual ~MicrophoneWatch() = default;
 
-  /// Until `end`, calls `changed` with true when a microphone has come, and with false when there
-  /// has been none for so long that the user should know.
+  /// Until `end`, calls `changed` after each change: with true when there is a microphone that we
+  /// may use, else with false.
   virtual void begin(std::function<void(bool present)> changed) = 0;
   virtual void end() = 0;
 };

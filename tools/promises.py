@@ -74,8 +74,8 @@ GROUPS: dict[str, list[Promise]] = {
     ],
     "It keeps nothing": [
         Promise("It talks to the display, the audio server and D-Bus alone, writes its preferences "
-                "alone, starts no program but the privacy page's opener, and loads no code from "
-                "the working directory or the user's home", r"system\.privacy"),
+                "alone, starts no program that nobody asked for, and loads no code from the working "
+                "directory or the user's home", r"system\.privacy"),
         Promise("It is position independent, read-only after relocation, bound at once, without an "
                 "executable stack, and built with stack, library call and control flow checks",
                 r"policy\.hardening"),

@@ -37,9 +37,9 @@ void ListeningSwitch::listeningChanged() {
 }
 
 void ListeningSwitch::microphoneChanged(bool present) {
-  if (!present) return absence.start();
   absence.stop();
-  if (!engine->listening()) engine->start();
+  if (!engine->listening()) return engine->start();
+  if (!present) absence.start();
 }
 
 void ListeningSwitch::tellOfAbsence() {

@@ -14,7 +14,7 @@ namespace corvane {
 /// Listens while the user can see the window: starts when it is shown and whenever it becomes the
 /// active one, stops when it is minimised or hidden. A window that is merely not active goes on
 /// listening, so that one can tune while reading a score. A microphone that comes meanwhile is
-/// taken up; that there is none any more is told by starting once again.
+/// taken up; that there is none any more, or that it is denied, is told by starting once again.
 class ListeningSwitch : public QObject {
  public:
   /// `window` and `watch` must outlive the switch. After `grace` without a microphone the user

@@ -56,7 +56,7 @@ int main(int argc, char** argv) {
       .mainQueue = mainQueue,
       .audioInput = std::make_shared<PulseAudioInput>(connection, *mainQueue),
       .audioOutput = std::make_shared<PulseAudioOutput>(connection),
-      .microphonePermission = std::make_shared<PulseMicrophonePermission>(connection),
+      .microphonePermission = std::make_shared<PulseMicrophonePermission>(connection, *mainQueue),
       .preferences = std::make_shared<QtPreferences>(),
       .urlOpener = std::make_shared<QtUrlOpener>(),
   };

@@ -205,6 +205,14 @@ TEST_F(Listening, AMicrophoneThatCannotStartIsRetriedByTheNextStart) {
   expectState(false, true, noMicrophone);
 }
 
+TEST_F(Listening, AStartThatFailsBecauseTheMicrophoneIsDeniedSaysThat) {
+  world.input->answersLater = true;
+  engine->start();
+  world.permission->permission = RecordPermission::denied;
+  world.input->pendingStart(false);
+  expectState(false, false, denied);
+}
+
 TEST_F(Listening, AStartThatSucceedsLaterListensThen) {
   world.input->answersLater = true;
   engine->start();

@@ -117,7 +117,7 @@ void PulseAudioInput::ready() {
 
 void PulseAudioInput::ended(int error) {
   run->attempt->stream = nullptr;
-  if (error == PA_ERR_ACCESS) connection.refuse();
+  if (error == PA_ERR_ACCESS) connection.refuseRecording();
   // The first recording's end is how the start ended; that of a later one leaves silence, which
   // leads to the next.
   if (const Started started = std::exchange(run->started, nullptr)) {
@@ -127,7 +127,7 @@ void PulseAudioInput::ended(int error) {
 }
 
 void PulseAudioInput::serverChanged() {
-  const AudioFormat& device = connection.facts().device;
+  const AudioFormat device = connection.recordable();
   // Without a microphone the server may let us hear its loudspeakers instead.
   if (device == AudioFormat{}) return close();
   if (isOfTheDevice()) return;
@@ -143,9 +143,10 @@ bool PulseAudioInput::isOfTheDevice() const {
 }
 
 void PulseAudioInput::silent(milliseconds lasting) {
-  if (connection.facts().device == AudioFormat{} || !isHopeless(lasting)) return;
+  const AudioFormat device = connection.recordable();
+  if (device == AudioFormat{} || !isHopeless(lasting)) return;
   close();
-  open(connection.facts().device);
+  open(device);
 }
 
 /// A stream that the server has not made yet has a deadline of its own.

@@ -22,7 +22,6 @@ void PulseConnection::connect(Settled settled) {
     return mainQueue.async([settled = std::move(settled)] { settled(State::connected); });
   }
   waiting.push_back(std::move(settled));
-  recordingRefused = false;
   if (attempt == nullptr) open();
 }
 
@@ -53,6 +52,7 @@ PulseSession::Observer PulseConnection::observer() {
 void PulseConnection::settle(State state, const ServerFacts& facts) {
   currentState = state;
   currentFacts = facts;
+  refusedAt.reset();
   if (state != State::connected && std::exchange(attempt, nullptr) != nullptr) {
     loop.async([this] { session.reset(); });
   }
@@ -62,9 +62,12 @@ void PulseConnection::settle(State state, const ServerFacts& facts) {
   if (attempt == nullptr) tryLater();
 }
 
-void PulseConnection::refuse() {
-  recordingRefused = true;
-  settle(State::refused, {});
+void PulseConnection::refuseRecording() {
+  if (!std::exchange(refusedAt, now())) tellWatchers();
+}
+
+void PulseConnection::allowRecording() {
+  if (std::exchange(refusedAt, std::nullopt)) tellWatchers();
 }
 
 std::shared_ptr<const void> PulseConnection::watch(std::function<void()> changed) {
@@ -87,7 +90,7 @@ bool PulseConnection::isWatched() const {
 }
 
 void PulseConnection::tryLater() {
-  if (!isWatched() || recordingRefused) return;
+  if (!isWatched()) return;
   const auto again = [this, &queue = mainQueue, weak = std::weak_ptr(lifetime)] {
     queue.async([this, weak] {
       if (!weak.expired()) tryAgain();

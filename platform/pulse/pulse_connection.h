@@ -49,9 +49,14 @@ class PulseConnection {
   /// and seeks a server that has gone, or refused us, until there is one again.
   [[nodiscard]] std::shared_ptr<const void> watch(std::function<void()> changed);
 
-  /// Takes the server's word, given to a stream, that this program may not listen. It stands until
-  /// `connect` is called: the server would let us in again, and refuse the next stream.
-  void refuse();
+  /// Takes the server's word, given to a stream, that this program may not record. It stands until
+  /// the server has other news or `allowRecording` is called; whatever plays is not concerned.
+  void refuseRecording();
+  void allowRecording();
+  /// When the last recording was refused; nothing unless that stands.
+  std::optional<Clock::Time> recordingRefused() const { return refusedAt; }
+  /// The format of what there is to record from; zero when we may not.
+  AudioFormat recordable() const { return refusedAt ? AudioFormat{} : currentFacts.device; }
 
   /// Runs `job` on the loop's thread, with null when no server is connected.
   void async(std::function<void(PulseSession*)> job);
@@ -71,7 +76,7 @@ class PulseConnection {
   ServerFacts currentFacts;
   std::vector<Settled> waiting;
   std::vector<std::weak_ptr<const std::function<void()>>> watchers;
-  bool recordingRefused = false;
+  std::optional<Clock::Time> refusedAt;
   /// Before an attempt that nobody asks for: soon enough that a server that was restarted is back
   /// in no time, seldom enough for one that never comes.
   BackOff pauses{std::chrono::milliseconds(200), std::chrono::milliseconds(1000)};

@@ -19,11 +19,16 @@ class PulseMicrophoneWatch final : public MicrophoneWatch {
 
  private:
   void look();
-  bool isPresent() const { return connection.facts().device != AudioFormat{}; }
+
+  struct Seen {
+    bool denied, present;
+    bool operator==(const Seen&) const = default;
+  };
+  Seen see() const;
 
   PulseConnection& connection;
   std::function<void(bool present)> changed;
-  std::optional<bool> present;  ///< none until the server's first answer
+  std::optional<Seen> seen;  ///< none until the server's first answer
   std::shared_ptr<const void> watch;
 };
 

@@ -1,14 +1,20 @@
 """The program on both kinds of audio server: the reference tone, and what the user sees when the
 sound goes away and comes back."""
 
+import os
+import pathlib
+import sys
 import time
 from collections.abc import Callable
 
 from desk import system_test
-from desk.controls import ALLOW, NO_MICROPHONE, PLAY
+from desk.browser import Browser
+from desk.controls import ALLOW, DENIED, NO_MICROPHONE, PLAY
 from desk.pipewire import PipeWireRoom
 from desk.pulse_audio import PulseAudioRoom
 from desk.room import Room
+from desk.system_test import go_to_other_window
+from desk.waiting import wait_until
 from desk.window import VERDICTS, is_heard, note
 
 PLAYING = "Playing"
@@ -16,6 +22,7 @@ PROBLEM = "Microphone problem"
 GUITAR_A, GUITAR_D = 45, 50
 # Without a choice the tone is that of the guitar's second string.
 TONE_HERTZ = 110.0
+SANDBOX = pathlib.Path(os.environ["CORVANE_SOURCE"], "tests/support/no_recordings.py")
 UNMEASURED_SECONDS = 1.35  # from the press of the button
 
 
@@ -84,6 +91,42 @@ class OnPulseAudio(OnAServer, system_test.SystemTest):
 
 class OnPipeWire(OnAServer, system_test.SystemTest):
     open_room = PipeWireRoom
+
+
+class ThatRefusesEveryRecording(system_test.SystemTest):
+    def test_denies_the_microphone_and_not_the_tone_until_it_allows_recordings(self) -> None:
+        room = self.enter_room()
+        folder = self.desktop.folder("sandbox")
+        sandbox = self.desktop.processes.start([
+            sys.executable, str(SANDBOX), str(folder / "native"),
+            room.environment["XDG_RUNTIME_DIR"] + "/pulse/native", str(folder / "allowed")])
+        self.addCleanup(self.desktop.processes.end, sandbox)
+        wait_until((folder / "native").exists, lambda: "no sandbox")
+        mixer = Browser(self.desktop, "pavucontrol")
+        self.reader.forget()
+        tuner = self.open(PULSE_SERVER=f"unix:{folder}/native", **mixer.environment)
+        window = tuner.window
+        with room.recording() as recording:
+            for _ in range(3):
+                window.find(name=DENIED)
+                window.press(name=PLAY)
+                self.assertTrue(recording.wait_for_tone(TONE_HERTZ))
+        window.press(name=ALLOW)
+        mixer.wait_for_addresses(1)
+        window.find(name=DENIED)
+        self.reader.hear_out(window)
+        texts = {change.of for change in self.reader.changes if "icrophone" in change.of}
+        self.assertLessEqual(texts, {DENIED, "Microphone off"})
+        (folder / "allowed").touch()
+        self.open_other_window()
+
+        def listens_on_return() -> bool:
+            go_to_other_window()
+            window.activate()
+            return room.is_listening(tuner.process)
+
+        wait_until(listens_on_return, lambda: "recordings that are allowed are not made")
+        window.wait_until_gone(name=ALLOW)
 
 
 if __name__ == "__main__":

@@ -1,5 +1,6 @@
 #include "ui/listening_switch.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
@@ -103,6 +104,15 @@ TEST_F(ListeningSwitchTest, ReportsAMicrophoneThatStaysAway) {
   EXPECT_EQ(engine->errorText(), std::nullopt);
   EXPECT_TRUE(eventually([this] { return !engine->listening(); }));
   EXPECT_EQ(engine->errorText(), "No microphone is available.");
+}
+
+TEST_F(ListeningSwitchTest, TellsAtOnceThatAMicrophoneIsDeniedWhereThereWasNone) {
+  unplug();
+  window.show();
+  ASSERT_EQ(engine->errorText(), "No microphone is available.");
+  world.permission->permission = RecordPermission::denied;
+  watch.changed(false);
+  EXPECT_THAT(engine->errorText().value_or(""), testing::StartsWith("Microphone access is off."));
 }
 
 TEST_F(ListeningSwitchTest, IgnoresAnAbsenceThatEndsOrThatTheWindowDoesNotOutlast) {

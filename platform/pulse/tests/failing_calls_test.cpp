@@ -57,7 +57,7 @@ class Tuner {
   std::shared_ptr<TunerEngine> engine = TunerEngine::create(
       {std::make_shared<SteadyClock>(), mainQueue,
        std::make_shared<PulseAudioInput>(connection, *mainQueue), output,
-       std::make_shared<PulseMicrophonePermission>(connection),
+       std::make_shared<PulseMicrophonePermission>(connection, *mainQueue),
        std::make_shared<fakes::MemoryPreferences>(), std::make_shared<fakes::FakeUrlOpener>()});
 };
 

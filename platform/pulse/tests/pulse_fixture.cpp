@@ -56,7 +56,7 @@ Client::Client() {
 void Client::begin() {
   prompt([this] {
     connection.emplace(mainQueue, clockOfTests());
-    permission.emplace(*connection);
+    permission.emplace(*connection, mainQueue);
     input.emplace(*connection, mainQueue);
     output.emplace(*connection);
   });

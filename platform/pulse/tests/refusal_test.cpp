@@ -4,9 +4,12 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
+#include <iterator>
 
+#include "platform/pulse/pulse_microphone_watch.h"
 #include "platform/pulse/tests/pulse_fixture.h"
 
 namespace corvane {
@@ -75,18 +78,21 @@ TEST_F(Refusal, EndsByItselfAfterTheUserHasAllowedIt) {
   EXPECT_EQ(client.listen(), true);
 }
 
-TEST_F(Refusal, OfARecordingCountsTooAndStandsWhileNobodyAsksAnew) {
-  letIn();
+TEST_F(Refusal, AfterAnAbsenceIsNews) {
+  const std::string theirs = getenv("PULSE_SERVER");
+  setenv("PULSE_SERVER", "unix:/nowhere", 1);
+  std::vector<bool> news;
+  PulseMicrophoneWatch watch(*client.connection);
+  watch.begin([&news](bool present) { news.push_back(present); });
   ASSERT_EQ(client.ask(), true);
-  int changes = 0;
-  const auto watching = client.connection->watch([&changes] { ++changes; });
-  client.connection->refuse();
-  EXPECT_EQ(changes, 1);
-  // A server that had gone would be sought after 0.2 s.
-  client.advance(std::chrono::seconds(10));
-  EXPECT_EQ(changes, 1);
+  setenv("PULSE_SERVER", theirs.c_str(), 1);
+  // It is sought by itself, ever less often.
+  EXPECT_TRUE(client.pumpUntil([&] {
+    client.advance(std::chrono::seconds(1));
+    return !news.empty();
+  }));
+  EXPECT_EQ(news, std::vector{false});
   expectDenied();
-  EXPECT_EQ(client.ask(), true);
 }
 
 TEST_F(Refusal, LeavesNoLoudspeakersUntilItEnds) {
@@ -96,6 +102,75 @@ TEST_F(Refusal, LeavesNoLoudspeakersUntilItEnds) {
   letIn();
   EXPECT_TRUE(client.pumpUntil([this] { return client.startOutput(); }));
 }
+
+/// A real server behind one that refuses every recording and nothing else.
+class RefusedRecording : public PulseTest {
+ protected:
+  void SetUp() override {
+    addLoudspeakers();
+    const auto socket = server.home() / "without-recordings";
+    sandbox = std::make_unique<support::ChildProcess>(
+        std::vector<std::string>{"python3", CORVANE_NO_RECORDINGS, socket,
+                                 server.home() / "pulse" / "native", server.home() / "allowed"},
+        refusals);
+    setenv("PULSE_SERVER", ("unix:" + socket.string()).c_str(), 1);
+    support::waitFor("the sandbox", [this] { return client.ask() == true && isConnected(); });
+    ASSERT_EQ(client.listen(), false);
+  }
+  bool isConnected() const {
+    return client.connection->state() == PulseConnection::State::connected;
+  }
+  void expect(RecordPermission permission) {
+    EXPECT_EQ(client.permission->recordPermission(), permission);
+  }
+  std::ptrdiff_t refused() const {
+    std::ifstream file(refusals);
+    return std::count(std::istreambuf_iterator<char>(file), {}, '\n');
+  }
+
+  std::filesystem::path refusals = server.home() / "refusals";
+  std::unique_ptr<support::ChildProcess> sandbox;
+};
+
+TEST_P(RefusedRecording, IsADenialThatLeavesTheToneAlone) {
+  for (int press = 1; press <= 8; ++press) {
+    expect(RecordPermission::denied);
+    ASSERT_TRUE(client.startOutput());
+    client.press(press, std::vector<float>(4410, 0.1F));
+    ASSERT_TRUE(client.waitForEnds(press));
+  }
+  pressUntilTheServerPlays(9);
+  expect(RecordPermission::denied);
+  EXPECT_EQ(refused(), 1);
+}
+
+TEST_P(RefusedRecording, IsTriedAgainWhenAskedForAndEndsOnceItIsAllowed) {
+  int changes = 0;
+  const auto watching = client.connection->watch([&changes] { ++changes; });
+  const auto askLater = [this] {
+    client.advance(std::chrono::seconds(1));
+    expect(RecordPermission::denied);
+  };
+  const auto first = client.connection->recordingRefused();
+  askLater();
+  EXPECT_TRUE(client.pumpUntil([&] { return client.connection->recordingRefused() != first; }));
+  expect(RecordPermission::denied);
+  EXPECT_EQ(refused(), 2);
+  EXPECT_EQ(changes, 0);
+  std::ofstream(server.home() / "allowed");
+  askLater();
+  EXPECT_TRUE(client.pumpUntil([&changes] { return changes > 0; }));
+  expect(RecordPermission::granted);
+  EXPECT_EQ(client.listen(), true);
+}
+
+TEST_P(RefusedRecording, EndsWithTheServerThatRefused) {
+  sandbox->kill();
+  ASSERT_TRUE(client.pumpUntil([this] { return !isConnected(); }));
+  expect(RecordPermission::undetermined);
+}
+
+INSTANTIATE_TEST_SUITE_P(OnEitherServer, RefusedRecording, eitherServer(), serverName);
 
 }  // namespace
 }  // namespace corvane

@@ -4,10 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <QDesktopServices>
+#include <QFile>
 #include <QObject>
 #include <QString>
+#include <QTemporaryDir>
 #include <QUrl>
 #include <vector>
+
+#include "tests/support/eventually.h"
 
 namespace corvane {
 namespace {
@@ -42,6 +46,47 @@ TEST(QtUrlOpener, OpensWebPagesAndFilesAndNothingElse) {
                                               "file:///usr/share/doc/corvane/privacy.html"};
   for (const std::string& address : addresses) EXPECT_TRUE(QtUrlOpener().openURL(address));
   EXPECT_EQ(desktop.opened, addresses);
+}
+
+/// Programs that only note how they were started, on a desktop that has no others.
+class Installed : public testing::Test {
+ protected:
+  Installed() { qputenv("PATH", folder.path().toLocal8Bit()); }
+  ~Installed() override {
+    qputenv("PATH", path);
+    qunsetenv("XDG_CURRENT_DESKTOP");
+  }
+
+  void install(const QString& program) const {
+    QFile file(folder.filePath(program));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("#!/bin/sh\necho ${0##*/} $@ > " + note.toLocal8Bit() + "\n");
+    file.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+  }
+  void expectStarted(const char* desktop, const QByteArray& command) const {
+    QFile::remove(note);
+    qputenv("XDG_CURRENT_DESKTOP", desktop);
+    EXPECT_TRUE(opens());
+    QFile file(note);
+    EXPECT_TRUE(eventually([&] { return file.size() == command.size() + 1; })) << desktop;
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly) && file.readAll() == command + '\n') << desktop;
+  }
+  static bool opens() { return QtUrlOpener().openURL("x-apple.systempreferences:com.apple"); }
+
+  const QByteArray path = qgetenv("PATH");
+  QTemporaryDir folder;
+  QString note = folder.filePath("note");
+};
+
+TEST_F(Installed, SettingsOfSoundAreTheDesktopsOwnOrElseAMixer) {
+  EXPECT_FALSE(opens());
+  install("pavucontrol");
+  expectStarted("GNOME", "pavucontrol");
+  install("gnome-control-center");
+  install("systemsettings");
+  expectStarted("ubuntu:GNOME", "gnome-control-center sound");
+  expectStarted("KDE", "systemsettings kcm_pulseaudio");
+  expectStarted("XFCE", "pavucontrol");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-"""A browser that only notes what it is to open."""
+"""A browser, or another program, that only notes what it is to open."""
 
 import os
 import pathlib
@@ -16,10 +16,10 @@ echo "$@" >> {note}
 class Browser:
     """`environment` is that of the programs that are to use it."""
 
-    def __init__(self, desktop: PrivateDesktop):
+    def __init__(self, desktop: PrivateDesktop, name: str = "xdg-open"):
         programs = desktop.folder("programs")
         self._note = programs / "opened"
-        self.program = programs / "xdg-open"
+        self.program = programs / name
         self.program.write_text(SCRIPT.format(note=self._note))
         self.program.chmod(0o755)
         self.environment = {"PATH": f"{programs}:{os.environ['PATH']}"}

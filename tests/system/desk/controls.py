@@ -13,6 +13,7 @@ PLAY = "Play reference"
 ALLOW = "Allow Microphone"
 POLICY = "Privacy Policy"
 NO_MICROPHONE = "No microphone is available."
+DENIED = "Microphone access is off. Allow Corvane under Settings, Privacy, Microphone."
 
 
 class Controls:

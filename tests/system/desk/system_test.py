@@ -62,7 +62,7 @@ class SystemTest(unittest.TestCase):
         """In front of the program's."""
         other = self.desktop.processes.start(["xev"])
         self.addCleanup(self.desktop.processes.end, other)
-        xdotool("search", "--sync", "--name", "^Event Tester$", "windowactivate", "--sync")
+        go_to_other_window()
 
     def plucked(self, key: int, detuned: float = 0.0) -> pathlib.Path:
         return write_plucked(self.desktop.folder("string") / "plucked.wav", key, detuned)
@@ -76,6 +76,10 @@ class SystemTest(unittest.TestCase):
 
         with room.sounding(wav):
             return tuner.window.wait_for_note(is_read)
+
+
+def go_to_other_window() -> None:
+    xdotool("search", "--sync", "--name", "^Event Tester$", "windowactivate", "--sync")
 
 
 def main(screen: Size = SCREEN) -> None:
