@@ -64,7 +64,7 @@ GROUPS: dict[str, list[Promise]] = {
         Promise("The disk is full, or so slow that a choice is made while it writes",
                 r"qt_test\..*(AFullDisk|SettingsWriterTest.*Disk).*"),
         Promise("Two programs save at once",
-                r"(qt_test\.(Preferences|SettingsWriter).*(OfTwoPrograms|WhatThisProgram|Another).*|"
+                r"(qt_test\.(Preferences|SettingsWriter).*(OfTwoPrograms|Another).*|"
                 r"system\.controls)"),
         Promise("The program is killed while it saves",
                 r"qt_test\..*IsKilledWhileItWrites.*"),

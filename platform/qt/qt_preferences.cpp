@@ -76,18 +76,17 @@ void QtPreferences::setBoolean(std::string_view key, bool value) {
   set(key, value ? "true" : "false");
 }
 
-/// What is as it was is not written again: another program may have changed it since.
 void QtPreferences::set(std::string_view key, const QByteArray& value) {
   const QByteArray name = bytes(key);
-  if (text(key) == value) return;
   values[name] = value;
   if (!SettingsText::isPlain(name) || !SettingsText::isPlain(value)) return;
-  unsaved[name] = value;
+  ours[name] = value;
+  handedOver = false;
   if (QCoreApplication::instance() != nullptr) saving.start(0);
 }
 
 void QtPreferences::save() {
-  if (!unsaved.empty()) writer.write(std::exchange(unsaved, {}));
+  if (!std::exchange(handedOver, true)) writer.write(ours);
 }
 
 }  // namespace corvane

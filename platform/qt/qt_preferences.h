@@ -8,12 +8,12 @@
 
 namespace corvane {
 
-/// Preferences in an INI file, read once. What has changed since is handed over when the event loop
-/// next runs, and written on another thread, at the latest in the end. All other settings of the
-/// file keep the values that they have by then, which may be another program's choices; what is no
-/// setting of the group "General", as a remark or another group, is not kept. A file that cannot be
-/// read is left as it is, and so is one that cannot be written: then the choices last as long as
-/// the program.
+/// Preferences in an INI file, read once. All that have been set since are handed over together
+/// when the event loop next runs, and written on another thread, at the latest in the end: of two
+/// programs the last choice wins as a whole. Settings that we do not know keep the values that they
+/// have by then; what is no setting of the group "General", as a remark or another group, is not
+/// kept. A file that cannot be read is left as it is, and so is one that cannot be written, until
+/// it can: until then the choices last as long as the program.
 class QtPreferences final : public Preferences {
  public:
   /// `corvane/corvane.conf` in the user's configuration folder.
@@ -39,7 +39,8 @@ class QtPreferences final : public Preferences {
   void save();
 
   SettingsText::Values values;
-  SettingsText::Values unsaved;  ///< not handed over yet
+  SettingsText::Values ours;  ///< those of `values` that were set
+  bool handedOver = true;     ///< as they are now
   QTimer saving;
   SettingsWriter writer;
 };

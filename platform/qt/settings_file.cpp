@@ -53,27 +53,29 @@ std::optional<SettingsText::Values> SettingsFile::read() const {
   return SettingsText::parse(text);
 }
 
-SettingsFile::Outcome SettingsFile::change(const SettingsText::Values& changes) const {
+SettingsFile::Outcome SettingsFile::change(const SettingsText::Values& values) const {
   const QString folder = QFileInfo(path).path();
   QDir().mkpath(folder);
   const FolderLock lock(folder);
   if (lock.isTaken()) return Outcome::busy;
-  auto values = read();
-  if (!values) return Outcome::failed;
-  for (const auto& [key, value] : changes) (*values)[key] = value;
-  return replace(SettingsText::format(*values)) ? Outcome::done : Outcome::failed;
+  const auto held = read();
+  if (!held) return Outcome::failed;
+  auto next = values;
+  next.insert(held->begin(), held->end());
+  return next == *held || replace(SettingsText::format(next)) ? Outcome::done : Outcome::failed;
 }
 
 /// By way of a second file, always of the same name: if a program that is killed leaves it behind,
-/// the next one takes it.
+/// the next one removes it, or whatever else has that name, and makes its own.
 bool SettingsFile::replace(const QByteArray& text) const {
   const QFileInfo old(path);
   if (old.exists() && !old.isWritable()) return false;
   const QString target = old.exists() ? old.canonicalFilePath() : path;
   QFile next(target + QStringLiteral(".new"));
-  if (!next.open(QIODevice::WriteOnly | QIODevice::Truncate)) return false;
-  if (old.exists()) next.setPermissions(old.permissions());
   std::error_code error;
+  std::filesystem::remove(next.filesystemFileName(), error);
+  if (!next.open(QIODevice::WriteOnly | QIODevice::NewOnly)) return false;
+  if (old.exists()) next.setPermissions(old.permissions());
   if (next.write(text) == text.size() && next.flush() && fsync(next.handle()) == 0) {
     std::filesystem::rename(next.filesystemFileName(), QFile(target).filesystemFileName(), error);
     if (!error) return true;

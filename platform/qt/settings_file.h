@@ -21,12 +21,12 @@ class SettingsFile {
 
   enum class Outcome {
     done,
-    busy,    ///< another program is writing: worth trying again soon
+    busy,    ///< another program is writing
     failed,  ///< the file, or what is in its place, is as it was
   };
 
-  /// Puts `changes` into the file, beside whatever it holds by now. Waits for nobody.
-  Outcome change(const SettingsText::Values& changes) const;
+  /// Gives the file these values, beside whatever else it holds by now. Waits for nobody.
+  Outcome change(const SettingsText::Values& values) const;
 
  private:
   bool replace(const QByteArray& text) const;

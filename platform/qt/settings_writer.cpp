@@ -10,9 +10,10 @@ namespace {
 
 using std::chrono::milliseconds;
 
-/// Another program takes a few milliseconds to write, unless its disk is slow.
+/// Another program takes a few milliseconds to write, unless its disk is slow; a full disk may stay
+/// full for ever.
 constexpr milliseconds shortestPause{10};
-constexpr milliseconds longestPause{1000};
+constexpr milliseconds longestPause{5000};
 constexpr milliseconds patienceInTheEnd{1000};
 
 }  // namespace
@@ -24,17 +25,17 @@ SettingsWriter::~SettingsWriter() {
   }
   changed.notify_one();
   if (thread.joinable()) thread.join();
-  takeChanges({});
+  takeValues({});
   const auto end = std::chrono::steady_clock::now() + patienceInTheEnd;
   while (save() == SettingsFile::Outcome::busy && std::chrono::steady_clock::now() < end) {
     std::this_thread::sleep_for(shortestPause);
   }
 }
 
-void SettingsWriter::write(const SettingsText::Values& changes) {
+void SettingsWriter::write(const SettingsText::Values& values) {
   {
     const std::lock_guard held(gate);
-    for (const auto& [key, value] : changes) handedOver[key] = value;
+    handedOver = values;
   }
   changed.notify_one();
   if (!thread.joinable()) start();
@@ -49,15 +50,15 @@ void SettingsWriter::start() try {
 void SettingsWriter::run() {
   BackOff pauses(shortestPause, longestPause);
   std::optional<milliseconds> pause;
-  while (takeChanges(pause)) {
-    const bool again = save() == SettingsFile::Outcome::busy;
+  while (takeValues(pause)) {
+    const bool again = save() != SettingsFile::Outcome::done;
     if (!again) pauses.reset();
     pause = again ? std::optional(pauses.next()) : std::nullopt;
   }
 }
 
 /// Waits for them, at most for `limit` if there is one; false in the end.
-bool SettingsWriter::takeChanges(std::optional<milliseconds> limit) {
+bool SettingsWriter::takeValues(std::optional<milliseconds> limit) {
   std::unique_lock held(gate);
   const auto something = [this] { return ending || !handedOver.empty(); };
   if (limit) {
@@ -65,7 +66,7 @@ bool SettingsWriter::takeChanges(std::optional<milliseconds> limit) {
   } else {
     changed.wait(held, something);
   }
-  for (const auto& [key, value] : std::exchange(handedOver, {})) unsaved[key] = value;
+  if (!handedOver.empty()) unsaved = std::exchange(handedOver, {});
   return !ending;
 }
 
