@@ -14,6 +14,8 @@ constexpr auto noMicrophoneText = "No microphone is available.";
 constexpr auto notStartedText = "The microphone could not start.";
 
 constexpr std::uint32_t tapFrames = 4096;
+/// A second of it, after which the level has come to rest.
+constexpr int readingsOfSilence = 12;
 
 /// In the order in which they are tried. A desktop that knows neither opens nothing.
 constexpr std::string_view micSettingsAddresses[] = {
@@ -34,6 +36,18 @@ AudioFormat tapFormat(const AudioInput& input) {
 }  // namespace
 
 void TunerEngine::start() {
+  listenIfAllowed();
+  if (heard() && !listening()) hearSilence();
+}
+
+/// What was heard before the last stop is not heard now, and it may take long until something is,
+/// or for ever.
+void TunerEngine::hearSilence() {
+  const ApplySink sink(weak_from_this(), platform.mainQueue);
+  for (int i = 0; i < readingsOfSilence; ++i) sink.deliver(std::nullopt);
+}
+
+void TunerEngine::listenIfAllowed() {
   switch (platform.microphonePermission->recordPermission()) {
     case RecordPermission::denied:
       requestingMic = false;

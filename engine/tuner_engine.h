@@ -99,7 +99,8 @@ class TunerEngine : public std::enable_shared_from_this<TunerEngine> {
   /// A position in the current tuning, or nothing for automatic choice. Not saved.
   void setLockedStringIndex(std::optional<std::int64_t> index);
 
-  /// Listens if it may, asks for the microphone if nobody did yet. Safe to repeat.
+  /// Listens if it may, asks for the microphone if nobody did yet. Safe to repeat. Unless it
+  /// listens at once, a note from before is soon no longer shown as heard.
   void start();
   void stop();
   /// Forgets that a request is outstanding, so that the next `start` may ask again.
@@ -134,6 +135,8 @@ class TunerEngine : public std::enable_shared_from_this<TunerEngine> {
   void dropForeignHighlight();
 
   // listening.cpp
+  void listenIfAllowed();
+  void hearSilence();
   void requestMicrophone();
   void microphoneAnswered(bool granted);
   void showMicrophoneDenied();

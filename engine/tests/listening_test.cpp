@@ -256,6 +256,28 @@ TEST_F(Listening, AfterStopTheLastNoteStaysOnDisplay) {
   EXPECT_FALSE(world.input->running);
 }
 
+TEST_F(Listening, AStartThatDoesNotListenLetsTheLastNoteFade) {
+  const std::function<void()> obstacles[] = {
+      [this] { world.permission->permission = RecordPermission::denied; },
+      [this] { world.permission->permission = RecordPermission::undetermined; },
+      [this] { world.input->answersLater = true; }, [this] { world.input->startSucceeds = false; },
+      [this] { world.input->input = {}; }};
+  for (const auto& arise : obstacles) {
+    world = {};
+    makeEngine();
+    engine->start();
+    hear(off(45, 3.0), 0.99, 0.5F);
+    engine->stop();
+    arise();
+    engine->start();
+    world.mainQueue->runAll();
+    EXPECT_FALSE(engine->heard() || engine->inTune());
+    EXPECT_EQ(engine->status(), "Microphone off");
+    EXPECT_LT(engine->signal(), 0.01);
+    EXPECT_EQ(engine->noteLabel(), "A");
+  }
+}
+
 TEST_F(Listening, StopForgetsTheBlockThatWaits) {
   std::vector<TaskQueue::Job> held;
   struct HeldQueue final : TaskQueue {

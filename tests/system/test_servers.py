@@ -60,6 +60,17 @@ class OnAServer:
             self.go_through(f"{title}, {type(self.room).__name__.removesuffix('Room')}", fault,
                             repair)
 
+    def test_a_note_does_not_stay_when_the_server_goes_while_the_window_is_minimised(self) -> None:
+        window = self.tuner.window
+        with self.room.sounding(self.plucked(GUITAR_A)):
+            window.wait_for(is_heard)
+            window.minimise()
+            self.tuner.wait_until_listening(self.room, False)
+            self.room.crash()
+        window.activate()
+        window.wait_for(lambda shown: shown.get(PROBLEM) == NO_MICROPHONE)
+        window.wait_for(lambda shown: "Status" in shown and not is_heard(shown))
+
     def go_through(self, title: str, fault: Callable[[], None],
                    repair: Callable[[], None]) -> None:
         window = self.tuner.window
