@@ -13,9 +13,15 @@ bool isMonitor(const pa_source_info& source) {
   return deviceClass != nullptr && std::string_view(deviceClass) == "monitor";
 }
 
+/// Up to this rate, that of a headset in a call, no pitch is looked for: a multiple of it is asked
+/// for instead.
+constexpr double tooLowARate = 8000.0;
+
 AudioFormat formatOf(const pa_sample_spec& spec) {
   if (!pa_sample_spec_valid(&spec)) return {};
-  return {static_cast<double>(spec.rate), spec.channels};
+  double rate = spec.rate;
+  while (rate <= tooLowARate) rate *= 2.0;
+  return {rate, spec.channels};
 }
 
 }  // namespace

@@ -12,10 +12,12 @@ namespace corvane {
 
 /// What the audio server tells; all zero about recording when there is no microphone.
 struct ServerFacts {
-  bool loudspeakers = false;     ///< there is something to play on
-  AudioFormat device;            ///< the default source's own; zero when that is not known
+  bool loudspeakers = false;  ///< there is something to play on
+  /// The default source's own, at a multiple of its rate where that is too low to find a pitch in;
+  /// zero when that is not known.
+  AudioFormat device;
   pa_channel_map deviceOrder{};  ///< where each channel of `device` belongs
-  AudioFormat server;            ///< the format that the server itself works in
+  AudioFormat server;            ///< the format that the server itself works in, likewise
 };
 
 bool operator==(const ServerFacts& a, const ServerFacts& b);

@@ -1,6 +1,12 @@
+#include <algorithm>
 #include <atomic>
+#include <cmath>
+#include <fstream>
+#include <iterator>
+#include <numbers>
 #include <set>
 
+#include "pitch/pitch_capture.h"
 #include "platform/pulse/tests/coded_signal.h"
 #include "platform/pulse/tests/pulse_fixture.h"
 
@@ -56,6 +62,32 @@ TEST_P(Recorded, SoundOfEveryDeviceArrivesUnchangedInWholeBuffers) {
       ASSERT_NO_FATAL_FAILURE(expectUnchangedSound({rate, channels}));
     }
   }
+}
+
+TEST_P(Recorded, ANoteOfANarrowBandHeadsetIsNamed) {
+  constexpr std::uint32_t own = 8000;
+  addMicrophone("headset", {own, 1});
+  std::vector<float> string(30 * own);
+  for (std::size_t i = 0; i < string.size(); ++i) {
+    string[i] = 0.5F * std::sin(static_cast<float>(2.0 * std::numbers::pi * 110.0 / own *
+                                                   static_cast<double>(i % own)));
+  }
+  const auto file = server.home() / "string.raw";
+  std::ofstream(file, std::ios::binary)
+      .write(reinterpret_cast<const char*>(string.data()),
+             static_cast<std::streamsize>(string.size() * sizeof(float)));
+  const auto player = server.play("headset", file, own, 1);
+  ASSERT_EQ(client.ask(), true);
+  ASSERT_TRUE(client.finds({2.0 * own, 1}));
+  ASSERT_EQ(client.listen(), true);
+  EXPECT_TRUE(client.pumpUntil([this] {
+    const auto buffers = client.recording.buffers();
+    if (buffers.size() < 2) return false;
+    std::vector<float> block = buffers[buffers.size() - 2].channels[0];
+    std::ranges::copy(buffers.back().channels[0], std::back_inserter(block));
+    const auto reading = PitchCapture::detectMusicalPitch(block, buffers.back().sampleRate);
+    return reading && std::abs(reading->frequency - 110.0) < 0.1;
+  }));
 }
 
 /// Unasked, PulseAudio collects two seconds before it hands anything out, and PipeWire 171 ms.

@@ -18,7 +18,8 @@ class ServerSurveyTest : public testing::Test {
     server.sample_spec = {PA_SAMPLE_FLOAT32LE, 48000, 2};
     survey.emplace(server);
   }
-  void add(const char* name, Monitor monitor = Monitor::no, std::uint8_t channels = 1) {
+  void add(const char* name, Monitor monitor = Monitor::no, std::uint8_t channels = 1,
+           std::uint32_t rate = 44100) {
     const std::unique_ptr<pa_proplist, decltype(&pa_proplist_free)> properties(pa_proplist_new(),
                                                                                pa_proplist_free);
     if (monitor == Monitor::byItsClass) {
@@ -26,7 +27,7 @@ class ServerSurveyTest : public testing::Test {
     }
     pa_source_info source{};
     source.name = name;
-    source.sample_spec = {PA_SAMPLE_S16LE, 44100, channels};
+    source.sample_spec = {PA_SAMPLE_S16LE, rate, channels};
     pa_channel_map_init_mono(&source.channel_map);
     source.monitor_of_sink = monitor == Monitor::ofASink ? 0 : PA_INVALID_INDEX;
     source.proplist = properties.get();
@@ -75,6 +76,19 @@ TEST_F(ServerSurveyTest, MicrophoneThatIsNotYetTheDefaultIsNotConclusive) {
   }
   add("@DEFAULT_SOURCE@");
   EXPECT_TRUE(survey->isConclusive());
+}
+
+TEST_F(ServerSurveyTest, ARateThatIsTooLowToFindAPitchInIsMultiplied) {
+  struct Rates {
+    std::uint32_t own;
+    double asked;
+  };
+  for (const auto& [own, asked] :
+       {Rates{8000, 16000.0}, {8001, 8001.0}, {4000, 16000.0}, {5512, 11024.0}}) {
+    begin("mic");
+    add("mic", Monitor::no, 1, own);
+    expectFormats({asked, 1}, theirs);
+  }
 }
 
 TEST_F(ServerSurveyTest, InvalidFormatCountsAsNone) {
