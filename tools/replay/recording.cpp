@@ -15,7 +15,10 @@ namespace {
 
 void expectWholeFile(const std::string& path) {
   std::error_code unknown;
-  if (std::filesystem::is_directory(path, unknown)) throw Failure(path + ": is a folder");
+  const auto what = std::filesystem::status(path, unknown);
+  if (std::filesystem::is_directory(what)) throw Failure(path + ": is a folder");
+  // To open a pipe would wait for somebody to write to it.
+  if (std::filesystem::is_other(what)) throw Failure(path + ": is a pipe or a device");
   std::ifstream stream(path, std::ios::binary);
   if (!stream) throw Failure(path + ": " + std::strerror(errno));
   if (stream.peek() == std::ifstream::traits_type::eof()) throw Failure(path + ": is empty");

@@ -14,7 +14,7 @@ namespace corvane::replay {
 /// A sound file, read from its start to its end.
 class Recording {
  public:
-  /// Throws Failure when there is no such file, or it is empty, no sound, or cut short.
+  /// Throws Failure when there is no such file, or it is a pipe, empty, no sound, or cut short.
   explicit Recording(const std::string& path);
 
   AudioFormat format() const;

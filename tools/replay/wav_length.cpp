@@ -17,14 +17,23 @@ struct ChunkHeader {
   std::string_view name() const { return {id.data(), id.size()}; }
 };
 
-std::optional<ChunkHeader> readHeader(std::istream& file) {
-  std::array<char, 8> bytes{};
+template <class Number>
+std::optional<Number> readNumber(std::istream& file) {
+  std::array<char, sizeof(Number)> bytes{};
   if (!file.read(bytes.data(), bytes.size())) return std::nullopt;
-  ChunkHeader header{{bytes[0], bytes[1], bytes[2], bytes[3]}, 0};
-  for (std::size_t i = 8; i-- > 4;) {
-    header.length = (header.length << 8) | static_cast<unsigned char>(bytes[i]);
+  Number number = 0;
+  for (std::size_t i = bytes.size(); i-- > 0;) {
+    number = number << 8 | static_cast<unsigned char>(bytes[i]);
   }
-  return header;
+  return number;
+}
+
+std::optional<ChunkHeader> readHeader(std::istream& file) {
+  std::array<char, 4> id{};
+  file.read(id.data(), id.size());
+  const auto length = readNumber<std::uint32_t>(file);
+  if (!length) return std::nullopt;
+  return ChunkHeader{id, *length};
 }
 
 std::int64_t sizeOf(std::istream& file) {
@@ -40,18 +49,24 @@ bool isCutShort(std::istream& file) {
   const std::int64_t size = sizeOf(file);
   const auto riff = readHeader(file);
   std::array<char, 4> form{};
-  if (!riff || riff->name() != "RIFF") return false;
+  if (!riff || (riff->name() != "RIFF" && riff->name() != "RF64")) return false;
   if (file.read(form.data(), form.size()) && form != std::array{'W', 'A', 'V', 'E'}) return false;
   file.clear();
 
+  std::optional<std::uint64_t> longLength;  // of the sound, where 32 bits do not hold it
   std::int64_t position = 12;
   while (position < size) {
     file.seekg(position);
     const auto chunk = readHeader(file);
     if (!chunk) return true;
+    if (chunk->name() == "ds64") {
+      readNumber<std::uint64_t>(file);  // of the whole file
+      longLength = readNumber<std::uint64_t>(file);
+    }
     if (chunk->name() == "data") {
       const bool open = chunk->length == openLength || chunk->length == 0;
-      return !open && position + 8 + std::int64_t{chunk->length} > size;
+      const std::uint64_t promised = open ? longLength.value_or(0) : chunk->length;
+      return promised > static_cast<std::uint64_t>(size - position - 8);
     }
     position += 8 + std::int64_t{chunk->length} + chunk->length % 2;
   }

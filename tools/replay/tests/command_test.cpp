@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 #include <cstdlib>
@@ -66,14 +67,24 @@ TEST_F(Command, AFileThatCannotBeReplayedGetsOneLine) {
   }
 }
 
+TEST_F(Command, APipeThatNobodyWritesToGetsOneLine) {
+  ASSERT_EQ(mkfifo(recordings.path("pipe").c_str(), 0600), 0);
+  run(recordings.path("pipe"));
+  expectOneLine("pipe: is a pipe or a device");
+}
+
 TEST_F(Command, AFileCutShortGetsOneLine) {
-  const auto whole =
-      Recordings::bytes(recordings.write("a.wav", 44100, {signals::sine(110, 44100, 20000)}));
-  for (const std::size_t size :
-       {std::size_t{3}, std::size_t{11}, std::size_t{30}, std::size_t{20000}, whole.size() - 1}) {
-    run(recordings.writeBytes("b.wav", whole.substr(0, size)));
-    SCOPED_TRACE(size);
-    expectOneLine("b.wav: ");
+  for (const int format : {SF_FORMAT_WAV, SF_FORMAT_RF64}) {
+    const auto whole = Recordings::bytes(recordings.write(
+        "a.wav", 44100, {signals::sine(110, 44100, 20000)}, format | SF_FORMAT_FLOAT));
+    run(recordings.path("a.wav"));
+    EXPECT_EQ(status, 0);
+    for (const std::size_t size :
+         {std::size_t{3}, std::size_t{11}, std::size_t{30}, std::size_t{20000}, whole.size() - 1}) {
+      run(recordings.writeBytes("b.wav", whole.substr(0, size)));
+      SCOPED_TRACE(std::to_string(size) + " bytes of format " + std::to_string(format));
+      expectOneLine("b.wav: ");
+    }
   }
 }
 
