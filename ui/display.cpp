@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "ui/session_bus.h"
+
 namespace corvane {
 namespace {
 
@@ -34,9 +36,16 @@ void drawAtOnce() {
 
 std::unique_ptr<QGuiApplication> openDisplay(int& argc, char** argv) {
   drawAtOnce();
+  // Nothing of ours is lost when the session ends, and the toolkit waits for the session manager's
+  // answer without end.
+  const QByteArray sessionManager = qgetenv("SESSION_MANAGER");
+  qunsetenv("SESSION_MANAGER");
+  if (!sessionBusAnswers()) qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
   usual = qInstallMessageHandler(sayOnce);
   auto app = std::make_unique<QGuiApplication>(argc, argv);
   qInstallMessageHandler(usual);
+  // It is for the programs that we start.
+  if (!sessionManager.isEmpty()) qputenv("SESSION_MANAGER", sessionManager);
   return app;
 }
 

@@ -1,6 +1,7 @@
 #include "platform/qt/qt_preferences.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QLocale>
 #include <QStandardPaths>
 #include <utility>
@@ -22,8 +23,11 @@ QByteArray bytes(std::string_view text) {
 }  // namespace
 
 QString QtPreferences::defaultPath() {
-  return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-         QStringLiteral("/corvane/corvane.conf");
+  QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+  // What XDG_CONFIG_HOME says counts only if it is absolute: it would be another one wherever we
+  // start.
+  if (QDir::isRelativePath(folder)) folder = QDir::homePath() + QStringLiteral("/.config");
+  return folder + QStringLiteral("/corvane/corvane.conf");
 }
 
 QtPreferences::QtPreferences(const QString& path)

@@ -4,6 +4,7 @@ import configparser
 import os
 import pathlib
 import re
+import socket
 import subprocess
 
 import pyatspi
@@ -14,7 +15,7 @@ from desk.controls import POLICY
 from desk.system_test import FIRST_SIZE, MENU_BAR, SMALLEST
 from desk.tuner import Tuner
 from desk.waiting import wait_until
-from desk.window import Window
+from desk.window import Window, xdotool
 
 HINT = ("A=440 is the modern standard. Older concerts used many other pitches, from about 377 Hz "
         "to above 560 Hz. In tune means within 5 cents.")
@@ -47,6 +48,28 @@ class TheWindow(system_test.SystemTest):
 def hint_and_version(window: Window) -> tuple[bool, bool]:
     names = window.names(pyatspi.ROLE_LABEL)
     return HINT in names, "Version 1.0.0" in names
+
+
+class ASessionThatNeverAnswers(system_test.SystemTest):
+    def test_shows_the_window_all_the_same_and_is_left_alone_by_it(self) -> None:
+        folder = self.desktop.folder("hung")
+        bus, manager = (self.listen(folder / name) for name in ("bus", "manager"))
+        program = self.desktop.processes.start([os.environ["CORVANE_PROGRAM"]], {
+            **os.environ, "XDG_CONFIG_HOME": str(folder),
+            "DBUS_SESSION_BUS_ADDRESS": f"unix:path={folder}/bus",
+            "SESSION_MANAGER": f"local/{socket.gethostname()}:{folder}/manager"})
+        self.addCleanup(self.desktop.processes.end, program)
+        xdotool("search", "--sync", "--onlyvisible", "--all", "--pid", str(program.pid), "--name", ".")
+        bus.accept()[0].close()
+        with self.assertRaises(BlockingIOError):
+            manager.accept()
+
+    def listen(self, path: pathlib.Path) -> socket.socket:
+        listener = self.enterContext(socket.socket(socket.AF_UNIX))
+        listener.bind(str(path))
+        listener.listen()
+        listener.setblocking(False)
+        return listener
 
 
 class ThePrivacyPolicy(system_test.SystemTest):

@@ -81,7 +81,14 @@ TEST_F(QtPreferencesTest, AFileLargerThanAnySettingsIsLeftAsItIs) {
 }
 
 TEST_F(QtPreferencesTest, TheFileLiesInTheUsersConfigurationFolder) {
-  EXPECT_TRUE(QtPreferences::defaultPath().endsWith("/corvane/corvane.conf"));
+  const QByteArray before = qgetenv("XDG_CONFIG_HOME");
+  qputenv("XDG_CONFIG_HOME", "/their/folder");
+  EXPECT_EQ(QtPreferences::defaultPath(), "/their/folder/corvane/corvane.conf");
+  for (const char* ignored : {"", "relative", "./here", "~/.config"}) {
+    qputenv("XDG_CONFIG_HOME", ignored);
+    EXPECT_EQ(QtPreferences::defaultPath(), QDir::homePath() + "/.config/corvane/corvane.conf");
+  }
+  qputenv("XDG_CONFIG_HOME", before);
 }
 
 }  // namespace
