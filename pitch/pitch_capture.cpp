@@ -13,8 +13,9 @@ constexpr double lowestPitch = 27.0;
 constexpr double highestPitch = 4300.0;
 constexpr double threshold = 0.15;
 
-/// Adds the average of the channels to `mono`, as the sum times the reciprocal of their number.
-void mix(const AudioBuffer& buffer, std::span<float> mono) {
+/// The average of the channels, as their sum times the reciprocal of their number.
+void mix(const AudioBuffer& buffer, std::vector<float>& mono) {
+  mono.assign(buffer.frameLength, 0.0F);
   const std::uint32_t channels = std::max(buffer.channelCount, 1U);
   for (std::uint32_t channel = 0; channel < channels; ++channel) {
     const std::span<const float> samples(buffer.channels[channel], buffer.frameLength);
@@ -52,17 +53,16 @@ PitchCapture::PitchCapture(std::unique_ptr<TaskQueue> queue, Detect detector)
 
 void PitchCapture::consume(const AudioBuffer& buffer, const OnReading& onReading) {
   if (buffer.channels == nullptr || buffer.frameLength == 0) return;
-  stashMono(buffer);
+  mix(buffer, mono);
+  stashMono();
   while (enqueue(buffer.sampleRate, onReading)) continue;
 }
 
-void PitchCapture::stashMono(const AudioBuffer& buffer) {
+void PitchCapture::stashMono() {
   const std::lock_guard held(gate);
-  const std::size_t waiting = stash.size();
   // Room at once for the most that buffers of this length can ever need.
-  stash.reserve(blockSamples + buffer.frameLength);
-  stash.resize(waiting + buffer.frameLength, 0.0F);
-  mix(buffer, std::span(stash).subspan(waiting));
+  stash.reserve(blockSamples + mono.size());
+  stash.insert(stash.end(), mono.begin(), mono.end());
 }
 
 /// Cuts the oldest block of the stash, if there is a whole one, and has it analysed.

@@ -58,7 +58,7 @@ class PitchCapture : public std::enable_shared_from_this<PitchCapture> {
 
   PitchCapture(std::unique_ptr<TaskQueue> detectQueue, Detect detect);
 
-  void stashMono(const AudioBuffer& buffer);
+  void stashMono();
   bool enqueue(double rate, const OnReading& onReading);
   void drain(const OnReading& onReading);
 
@@ -67,6 +67,7 @@ class PitchCapture : public std::enable_shared_from_this<PitchCapture> {
   std::mutex gate;
   std::unique_ptr<TaskQueue> detectQueue;
   Detect detect;
+  std::vector<float> mono;   ///< of the audio thread: the last buffer, mixed
   std::vector<float> stash;  ///< shorter than a block whenever `consume` has returned
   Block pending;             ///< the newest block that no analysis has taken yet, or no samples
   Block analysed;            ///< belongs to the drain job

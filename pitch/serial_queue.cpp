@@ -5,21 +5,9 @@
 #include <utility>
 
 #include "base/job_list.h"
-
-#if defined(__linux__)
-#include <pthread.h>
-#endif
+#include "base/urgent_thread.h"
 
 namespace corvane {
-namespace {
-
-void nameThisThread([[maybe_unused]] const std::string& label) {
-#if defined(__linux__)
-  pthread_setname_np(pthread_self(), label.substr(0, 15).c_str());
-#endif
-}
-
-}  // namespace
 
 struct SerialQueue::State {
   std::mutex lock;
@@ -43,7 +31,7 @@ struct SerialQueue::State {
 
 SerialQueue::SerialQueue(const std::string& label) : state(std::make_shared<State>()) {
   thread = std::thread([label, shared = state] {
-    nameThisThread(label);
+    beUrgent(label);
     while (Job job = shared->next()) job();
   });
 }

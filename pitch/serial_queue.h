@@ -19,10 +19,10 @@ class TaskQueue {
   virtual void async(Job job) = 0;
 };
 
-/// A queue with a thread of its own, which carries the label (up to 15 bytes of it) as its name.
-/// Destruction runs what was submitted before, then ends the thread; from within a job it returns
-/// at once and the thread ends after that job and those behind it. Submitting allocates only when
-/// more jobs wait than ever before.
+/// A queue with an urgent thread of its own, which carries the label (up to 15 bytes of it) as its
+/// name. Destruction runs what was submitted before, then ends the thread; from within a job it
+/// returns at once and the thread ends after that job and those behind it. Submitting allocates
+/// only when more jobs wait than ever before.
 class SerialQueue final : public TaskQueue {
  public:
   explicit SerialQueue(const std::string& label);

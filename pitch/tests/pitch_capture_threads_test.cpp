@@ -1,4 +1,10 @@
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/mman.h>
+#include <time.h>
+
+#include <atomic>
+#include <thread>
 
 #include "pitch/tests/capture_probe.h"
 #include "pitch/tests/readings.h"
@@ -73,6 +79,57 @@ TEST_F(PitchCaptureThreads, ConsumingNeverWaitsForASlowDetection) {
   finish.open();
   ASSERT_TRUE(readings.waitFor(2));
   EXPECT_EQ(firstSamples.all(), (std::vector{0.0F, 81920.0F})) << "the first and the newest";
+}
+
+/// Memory that nobody can read before `capture` has been reset, or half a minute is over.
+class Unreadable {
+ public:
+  explicit Unreadable(PitchCapture& capture) {
+    memory = mmap(nullptr, bytes, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    struct sigaction mine{};
+    mine.sa_handler = &isRead;
+    sigaction(SIGSEGV, &mine, &before);
+    resetter = std::jthread([&capture] {
+      begun.wait(false);
+      capture.reset();
+      over = true;
+    });
+  }
+  ~Unreadable() {
+    begun = true;
+    begun.notify_one();
+    resetter.join();
+    sigaction(SIGSEGV, &before, nullptr);
+    munmap(memory, bytes);
+  }
+  const float* samples() const { return static_cast<const float*>(memory); }
+  static bool wasResetMeanwhile() { return inTime; }
+
+ private:
+  static constexpr std::size_t bytes = blockSamples * sizeof(float);
+
+  static void isRead(int) {
+    begun = true;
+    begun.notify_one();
+    constexpr timespec moment{0, 1'000'000};
+    for (int i = 0; i < 30'000 && !over; ++i) nanosleep(&moment, nullptr);
+    inTime = over.load();
+    mprotect(memory, bytes, PROT_READ);
+  }
+
+  static inline void* memory = nullptr;
+  static inline std::atomic<bool> begun, over, inTime;
+  struct sigaction before{};
+  std::jthread resetter;
+};
+
+TEST_F(PitchCaptureThreads, NobodyWaitsWhileABufferIsMixed) {
+  const Unreadable slow(*capture);
+  const float* channels[] = {slow.samples()};
+  capture->consume(
+      {.channels = channels, .frameLength = 4096, .channelCount = 1, .sampleRate = 48000.0},
+      [](const auto&) {});
+  EXPECT_TRUE(Unreadable::wasResetMeanwhile());
 }
 
 TEST_F(PitchCaptureThreads, AReleaseDuringADetectionKeepsItsResult) {

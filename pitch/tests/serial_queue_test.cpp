@@ -1,6 +1,7 @@
 #include "pitch/serial_queue.h"
 
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 
 #include <numeric>
 
@@ -52,6 +53,22 @@ TEST(SerialQueue, RunsJobsOnOneThreadThatCarriesItsLabel) {
   EXPECT_NE(threads.all()[0], std::this_thread::get_id());
   EXPECT_EQ(threads.all(), std::vector(3, threads.all()[0]));
   EXPECT_EQ(names.all()[0], "a label of twen") << "the first 15 bytes";
+}
+
+TEST(SerialQueue, RunsJobsAsUrgentlyAsTheSystemAllows) {
+  const auto ofThisThread = [] { return getpriority(PRIO_PROCESS, 0); };
+  int allowed = 0;
+  std::thread([&] {
+    for (int nice = ofThisThread(); nice >= -10; --nice) setpriority(PRIO_PROCESS, 0, nice);
+    allowed = ofThisThread();
+  }).join();
+  const int before = ofThisThread();
+  Inbox<int> priorities;
+  SerialQueue queue("urgent");
+  queue.async([&] { priorities.push(ofThisThread()); });
+  ASSERT_TRUE(priorities.waitFor(1));
+  EXPECT_EQ(priorities.all()[0], allowed);
+  EXPECT_EQ(ofThisThread(), before) << "nobody else is concerned";
 }
 
 TEST(SerialQueue, SubmittingDoesNotWaitForTheJobThatRuns) {

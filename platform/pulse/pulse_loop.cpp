@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "base/require.h"
+#include "base/urgent_thread.h"
 
 namespace corvane {
 namespace {
@@ -71,7 +72,7 @@ pa_mainloop_api* PulseLoop::api() const {
 }
 
 void PulseLoop::run() {
-  pthread_setname_np(pthread_self(), "corvane.pulse");
+  beUrgent("corvane.pulse");
   while (!over) {
     if (mainloop == nullptr) openMainloop();
     runJobs();

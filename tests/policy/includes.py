@@ -25,11 +25,11 @@ ALLOWED = {
     "tools/replay": (("base", "pitch", "tunings", "platform", "engine", "tools/replay"), ("sndfile",)),
 }
 # The one place where everything is put together, and the things that the standard library and
-# Qt lack: a thread's name, the processor's own instructions, a wake-up that allocates nothing, a
+# Qt lack: a thread's name and urgency, the processor's own instructions, a wake-up that allocates nothing, a
 # disk's word that it has a file, and a socket.
 EXTRA = {
     "ui/main.cpp": {"platform/pulse", "platform/qt"},
-    "pitch/serial_queue.cpp": {"posix"},
+    "base/urgent_thread.h": {"posix"},
     "pitch/difference_avx512.cpp": {"intrinsics"},
     "platform/qt/qt_main_queue.cpp": {"posix"},
     "platform/qt/settings_file.cpp": {"posix"},

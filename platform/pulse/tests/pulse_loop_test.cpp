@@ -8,8 +8,10 @@
 #include <future>
 #include <memory>
 #include <string>
+#include <thread>
 #include <vector>
 
+#include "base/urgent_thread.h"
 #include "platform/pulse/tests/test_clock.h"
 
 namespace corvane {
@@ -30,7 +32,13 @@ TEST(PulseLoop, RunsWhatWasSubmittedInOrderBeforeItEnds) {
   EXPECT_THAT(ran, testing::ElementsAre(1, 2, 3));
 }
 
-TEST(PulseLoop, HasOneThreadThatCarriesItsName) {
+TEST(PulseLoop, HasOneThreadThatCarriesItsNameAndIsUrgent) {
+  int urgent = 0;
+  std::thread([&urgent] {
+    beUrgent("like");
+    urgent = getpriority(PRIO_PROCESS, 0);
+  }).join();
+  int priority = 20;
   char name[16] = {};
   pthread_t first{};
   pthread_t second{};
@@ -39,10 +47,12 @@ TEST(PulseLoop, HasOneThreadThatCarriesItsName) {
     loop.async([&] {
       first = pthread_self();
       pthread_getname_np(first, name, sizeof name);
+      priority = getpriority(PRIO_PROCESS, 0);
     });
     loop.async([&] { second = pthread_self(); });
   }
   EXPECT_EQ(std::string(name), "corvane.pulse");
+  EXPECT_EQ(priority, urgent);
   EXPECT_TRUE(pthread_equal(first, second));
   EXPECT_FALSE(pthread_equal(first, pthread_self()));
 }
