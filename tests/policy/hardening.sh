@@ -15,6 +15,9 @@ is "bound at once" --dynamic "FLAGS.*\bNOW\b"
 is "without an executable stack" --program-headers "GNU_STACK\s.*\bRW\s"
 is "protected against smashed stacks" --dyn-syms "__stack_chk_fail"
 is "built with checked library calls" --dyn-syms "__[a-z]+_chk(@|\s|$)"
+! readelf --wide --dyn-syms "$program" | grep PRIVATE_API ||
+  { echo "it calls private functions of Qt, whose next release may lack them"; exit 1; }
+echo "it calls only public functions of Qt"
 case $(uname -m) in
   x86_64)
     # The linker does not mark the program as a whole, because the C library's own start-up code,
