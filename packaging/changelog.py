@@ -1,9 +1,8 @@
 #!/usr/bin/python3 -B
-"""changelog.py FORMAT VERSION: CHANGELOG.md for the software centre or for the package manager.
+"""changelog.py VERSION: CHANGELOG.md for the software centre; recipe.py has it for package managers.
 
-Reads the change log from standard input and prints it as the list of releases in the metainfo (FORMAT
-metainfo) or as the change log of the Debian package (debian). VERSION is the program's own, which the
-newest entry must agree with:
+Reads the change log from standard input and prints it as the list of releases in the metainfo. VERSION is
+the program's own, which the newest entry must agree with:
 
     ## 1.2.0 - 2026-11-21    the program is 1.2.0
     ## Unreleased            the program is to become VERSION, so no release may be called that yet
@@ -22,7 +21,7 @@ import time
 from collections.abc import Iterator, Sequence
 from xml.sax.saxutils import escape
 
-# As in debian/control, whose address can belong to nobody (RFC 2606).
+# Of every package. The address can belong to nobody (RFC 2606): whoever publishes puts theirs here.
 MAINTAINER = "The Corvane developers <developers@corvane.example>"
 
 HEADING = re.compile(r"## (?:(?P<version>\d+\.\d+\.\d+) - (?P<date>\d{4}-\d\d-\d\d)|Unreleased)")
@@ -112,7 +111,7 @@ def marked_up(note: str) -> str:
 def debian(entries: Sequence[Entry]) -> Iterator[str]:
     for entry in entries:
         distribution = "unstable" if entry.released else "UNRELEASED"
-        yield f"corvane ({entry.version}) {distribution}; urgency=medium"
+        yield f"corvane ({entry.version}-1) {distribution}; urgency=medium"
         yield ""
         yield from (textwrap.fill(note, 78, initial_indent="  * ", subsequent_indent="    ",
                                   break_long_words=False, break_on_hyphens=False)
@@ -123,21 +122,30 @@ def debian(entries: Sequence[Entry]) -> Iterator[str]:
         yield ""
 
 
-FORMATS = {"metainfo": metainfo, "debian": debian}
+def rpm(entries: Sequence[Entry]) -> Iterator[str]:
+    for entry in entries:
+        yield f"* {entry.day:%a %b %d %Y} {MAINTAINER} - {entry.version}-1"
+        yield from (textwrap.fill(note.replace("%", "%%"), 78, initial_indent="- ", subsequent_indent="  ",
+                                  break_long_words=False, break_on_hyphens=False)
+                    for note in entry.notes)
+        yield ""
+
+
+def current_day() -> datetime.date:
+    now = int(os.environ.get("SOURCE_DATE_EPOCH", time.time()))
+    return datetime.datetime.fromtimestamp(now, datetime.timezone.utc).date()
 
 
 def main(arguments: list[str]) -> int:
-    if len(arguments) != 2 or arguments[0] not in FORMATS:
+    if len(arguments) != 1:
         print(__doc__, file=sys.stderr)
         return 2
-    now = int(os.environ.get("SOURCE_DATE_EPOCH", time.time()))
-    today = datetime.datetime.fromtimestamp(now, datetime.timezone.utc).date()
     try:
-        entries = parse(sys.stdin.read(), arguments[1], today)
+        entries = parse(sys.stdin.read(), arguments[0], current_day())
     except Failure as failure:
         print(failure, file=sys.stderr)
         return 1
-    print("\n".join(FORMATS[arguments[0]](entries)))
+    print("\n".join(metainfo(entries)))
     return 0
 
 

@@ -18,6 +18,7 @@ refused() {
 package=$1
 refused --help
 refused --source --help
+refused --source --recipes
 refused -v
 refused ""
 refused here there

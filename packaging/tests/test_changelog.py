@@ -1,4 +1,4 @@
-"""What becomes of CHANGELOG.md in the metainfo and in the Debian package."""
+"""What becomes of CHANGELOG.md in the metainfo and in the packages."""
 
 import datetime
 import pathlib
@@ -77,18 +77,30 @@ class TheMetainfo(unittest.TestCase):
 class TheDebianChangeLog(unittest.TestCase):
     def test_has_an_entry_with_its_notes_for_every_entry(self) -> None:
         self.assertEqual("\n".join(changelog.debian(entries(TWO, "1.1.0"))), """\
-corvane (1.1.0) unstable; urgency=medium
+corvane (1.1.0-1) unstable; urgency=medium
 
   * Hears violins.
 
  -- The Corvane developers <developers@corvane.example>  Sun, 02 Mar 2031 00:00:00 +0000
 
-corvane (1.0.0) unstable; urgency=medium
+corvane (1.0.0-1) unstable; urgency=medium
 
   * Says "In tune" & more, on a second line: `corvane-replay <file>`.
   * Plays.
 
  -- The Corvane developers <developers@corvane.example>  Tue, 24 Dec 2030 00:00:00 +0000
+""")
+
+
+class TheRpmChangeLog(unittest.TestCase):
+    def test_has_an_entry_with_its_notes_for_every_entry(self) -> None:
+        self.assertEqual("\n".join(changelog.rpm(entries(TWO.replace("Plays", "50% more"), "1.1.0"))), """\
+* Sun Mar 02 2031 The Corvane developers <developers@corvane.example> - 1.1.0-1
+- Hears violins.
+
+* Tue Dec 24 2030 The Corvane developers <developers@corvane.example> - 1.0.0-1
+- Says "In tune" & more, on a second line: `corvane-replay <file>`.
+- 50%% more.
 """)
 
 
