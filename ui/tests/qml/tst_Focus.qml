@@ -89,4 +89,17 @@ ScreenTest {
         const ends = ["Play reference", "Privacy Policy"];
         compare(names, ["Help", ...instruments, ...strings, ...pitches, ...ends]);
     }
+
+    function test_who_opens_a_list_by_keyboard_starts_at_an_entry_data() {
+        return table(["button", "title"], [["Standard", "Standard"], ["440  Modern", "440  Modern"], ["Help", "Privacy Policy"]]);
+    }
+
+    function test_who_opens_a_list_by_keyboard_starts_at_an_entry(row) {
+        const window = showWindow();
+        const button = buttonOf(window.contentItem, row.button);
+        button.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Space);
+        compare(listOf(only(button, PullDownMenu)).currentItem.title, row.title);
+        keyClick(Qt.Key_Escape);
+    }
 }

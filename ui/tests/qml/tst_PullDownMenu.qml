@@ -103,19 +103,6 @@ ScreenTest {
         compare([button.menu.opened, told(picked)], [row.stays, row.chosen]);
     }
 
-    function test_by_keyboard_it_starts_at_an_entry_data() {
-        return table(["button", "title"], [["Standard", "Standard"], ["440  Modern", "440  Modern"], ["Help", "Privacy Policy"]]);
-    }
-
-    function test_by_keyboard_it_starts_at_an_entry(row) {
-        const window = showWindow();
-        const button = buttonOf(window.contentItem, row.button);
-        button.forceActiveFocus(Qt.TabFocusReason);
-        keyClick(Qt.Key_Space);
-        compare(listOf(only(button, PullDownMenu)).currentItem.title, row.title);
-        keyClick(Qt.Key_Escape);
-    }
-
     function test_it_closes_without_a_choice_and_reaches_nothing_beneath_data() {
         return table(["way", "leave"], [
                 ["by Escape", () => keyClick(Qt.Key_Escape)],
