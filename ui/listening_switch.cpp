@@ -1,8 +1,24 @@
 #include "ui/listening_switch.h"
 
+#include <QEvent>
+#include <QGuiApplication>
+#include <QLibraryInfo>
+#include <QVersionNumber>
 #include <utility>
 
 namespace corvane {
+namespace {
+
+constexpr std::chrono::milliseconds exposureGrace{500};
+
+/// On X11 a window is exposed unless it is unmapped. On Wayland Qt before 6.8 does not hear that a
+/// window is suspended: to it a covered one is unexposed too, and one whose compositor is late.
+bool exposureTellsOfWorkspaces() {
+  return !QGuiApplication::platformName().startsWith("wayland") ||
+         QLibraryInfo::version() >= QVersionNumber(6, 8);
+}
+
+}  // namespace
 
 ListeningSwitch::ListeningSwitch(QWindow& shown, std::shared_ptr<TunerEngine> tuner,
                                  MicrophoneWatch& microphones, std::chrono::milliseconds grace)
@@ -10,18 +26,41 @@ ListeningSwitch::ListeningSwitch(QWindow& shown, std::shared_ptr<TunerEngine> tu
   absence.setSingleShot(true);
   absence.setInterval(grace);
   connect(&absence, &QTimer::timeout, this, &ListeningSwitch::tellOfAbsence);
-  connect(&window, &QWindow::visibilityChanged, this, &ListeningSwitch::visibilityChanged);
+  unexposed.setSingleShot(true);
+  unexposed.setInterval(exposureGrace);
+  connect(&unexposed, &QTimer::timeout, this, [this] { setOnScreen(false); });
+  connect(&window, &QWindow::visibilityChanged, this, &ListeningSwitch::look);
   connect(&window, &QWindow::activeChanged, this, &ListeningSwitch::activeChanged);
   observation = engine->observe([this](Field field) {
     if (field == Field::listening) listeningChanged();
   });
-  visibilityChanged(window.visibility());
+  window.installEventFilter(this);
+  look();
 }
 
-void ListeningSwitch::visibilityChanged(QWindow::Visibility visibility) {
-  const bool visible = visibility != QWindow::Hidden && visibility != QWindow::Minimized;
-  if (visible == std::exchange(onScreen, visible)) return;
-  if (visible) {
+bool ListeningSwitch::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Expose) look();
+  return QObject::eventFilter(watched, event);
+}
+
+/// A window that is being put into another frame is not exposed for a moment.
+void ListeningSwitch::look() {
+  if (!isShown()) return setOnScreen(false);
+  if (!window.isExposed() && exposureTellsOfWorkspaces()) {
+    if (onScreen && !unexposed.isActive()) unexposed.start();
+    return;
+  }
+  setOnScreen(true);
+}
+
+bool ListeningSwitch::isShown() const {
+  return window.isVisible() && window.visibility() != QWindow::Minimized;
+}
+
+void ListeningSwitch::setOnScreen(bool shown) {
+  unexposed.stop();
+  if (shown == std::exchange(onScreen, shown)) return;
+  if (shown) {
     engine->start();
     watch.begin([this](bool present) { microphoneChanged(present); });
   } else {

@@ -3,7 +3,7 @@ of a guitar are those of tools/demo.py."""
 
 from desk import system_test
 from desk.instruments import FINGERED_BASS, GRAND_PIANO, Note
-from desk.window import note
+from desk.window import note, xdotool
 
 # The font's samples are themselves up to 7 cents away from the notes they stand for.
 MOST_CENTS_OFF = 10
@@ -71,6 +71,12 @@ class Listening(system_test.SystemTest):
         self.tuner.wait_until_listening(self.room, False)
         self.tuner.window.activate()
         self.tuner.wait_until_listening(self.room)
+        self.hear_guitar()
+
+    def test_stops_while_the_window_is_on_another_workspace(self) -> None:
+        for desktop, listening in (("1", False), ("0", True)):
+            xdotool("set_desktop", desktop)
+            self.tuner.wait_until_listening(self.room, listening)
         self.hear_guitar()
 
     def test_goes_on_while_the_window_is_behind_another(self) -> None:

@@ -13,6 +13,12 @@ namespace {
 
 class ListeningSwitchTest : public testing::Test, protected EngineOnFakes {
  protected:
+  /// Until the desktop says that it is on the screen.
+  static void show(QWindow& window) {
+    window.show();
+    ASSERT_TRUE(eventually([&] { return window.isExposed(); }));
+  }
+
   /// Gives the window the keyboard, which is one more start.
   static void activate(QWindow& window) {
     window.requestActivate();
@@ -39,7 +45,7 @@ class ListeningSwitchTest : public testing::Test, protected EngineOnFakes {
 TEST_F(ListeningSwitchTest, ListensAndWatchesWhileTheWindowIsShown) {
   EXPECT_FALSE(engine->listening() || watch.changed);
   for (int time = 0; time < 2; ++time) {
-    window.show();
+    show(window);
     EXPECT_TRUE(engine->listening() && watch.changed);
     window.hide();
     EXPECT_FALSE(engine->listening() || watch.changed);
@@ -47,15 +53,15 @@ TEST_F(ListeningSwitchTest, ListensAndWatchesWhileTheWindowIsShown) {
 }
 
 TEST_F(ListeningSwitchTest, StopsInTheBackgroundAndStartsOnReturn) {
-  window.show();
+  show(window);
   window.showMinimized();
   EXPECT_FALSE(engine->listening());
   window.showNormal();
-  EXPECT_TRUE(engine->listening());
+  EXPECT_TRUE(eventually([this] { return engine->listening(); }));
 }
 
 TEST_F(ListeningSwitchTest, GoesOnWhileTheWindowIsInactiveOrResized) {
-  window.show();
+  show(window);
   activate(window);
   world.input->calls.clear();
   window.showMaximized();
@@ -69,7 +75,7 @@ TEST_F(ListeningSwitchTest, GoesOnWhileTheWindowIsInactiveOrResized) {
 }
 
 TEST_F(ListeningSwitchTest, ShownAndActiveAtOnceStartsTwiceWithoutHarm) {
-  window.show();
+  show(window);
   const auto calls = world.input->calls;
   activate(window);
   EXPECT_EQ(world.input->calls, calls);
@@ -79,7 +85,7 @@ TEST_F(ListeningSwitchTest, ShownAndActiveAtOnceStartsTwiceWithoutHarm) {
 
 TEST_F(ListeningSwitchTest, RetriesAMissingMicrophoneWhenActivated) {
   unplug();
-  window.show();
+  show(window);
   plugIn();
   emit window.activeChanged();
   EXPECT_EQ(engine->listening(), window.isActive());
@@ -89,7 +95,7 @@ TEST_F(ListeningSwitchTest, RetriesAMissingMicrophoneWhenActivated) {
 
 TEST_F(ListeningSwitchTest, TakesUpAMicrophoneThatIsPluggedInLater) {
   unplug();
-  window.show();
+  show(window);
   ASSERT_FALSE(engine->listening());
   plugIn();
   watch.changed(true);
@@ -98,7 +104,7 @@ TEST_F(ListeningSwitchTest, TakesUpAMicrophoneThatIsPluggedInLater) {
 }
 
 TEST_F(ListeningSwitchTest, ReportsAMicrophoneThatStaysAway) {
-  window.show();
+  show(window);
   unplug();
   watch.changed(false);
   EXPECT_EQ(engine->errorText(), std::nullopt);
@@ -108,7 +114,7 @@ TEST_F(ListeningSwitchTest, ReportsAMicrophoneThatStaysAway) {
 
 TEST_F(ListeningSwitchTest, TellsAtOnceThatAMicrophoneIsDeniedWhereThereWasNone) {
   unplug();
-  window.show();
+  show(window);
   ASSERT_EQ(engine->errorText(), "No microphone is available.");
   world.permission->permission = RecordPermission::denied;
   watch.changed(false);
@@ -116,10 +122,10 @@ TEST_F(ListeningSwitchTest, TellsAtOnceThatAMicrophoneIsDeniedWhereThereWasNone)
 }
 
 TEST_F(ListeningSwitchTest, IgnoresAnAbsenceThatEndsOrThatTheWindowDoesNotOutlast) {
-  window.show();
+  show(window);
   watch.changed(false);
   window.hide();
-  window.show();
+  show(window);
   world.input->calls.clear();
   passGrace();
   watch.changed(false);
@@ -131,7 +137,7 @@ TEST_F(ListeningSwitchTest, IgnoresAnAbsenceThatEndsOrThatTheWindowDoesNotOutlas
 
 TEST_F(ListeningSwitchTest, AsksOnceAndStartsNothingOnceTheWindowHasGone) {
   world.permission->permission = RecordPermission::undetermined;
-  window.show();
+  show(window);
   activate(window);
   EXPECT_EQ(world.permission->requests.size(), 1U);
   window.hide();
@@ -145,7 +151,7 @@ TEST_F(ListeningSwitchTest, ListensAtOnceToAWindowThatIsAlreadyShown) {
   const auto other =
       TunerEngine::create(world.platform(), PitchCapture::create(std::make_unique<InlineQueue>()));
   QWindow shown;
-  shown.show();
+  show(shown);
   const ListeningSwitch late(shown, other, watch);
   EXPECT_TRUE(other->listening());
 }

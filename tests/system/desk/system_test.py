@@ -59,8 +59,8 @@ class SystemTest(unittest.TestCase):
         return tuner
 
     def open_other_window(self) -> None:
-        """In front of the program's."""
-        other = self.desktop.processes.start(["xev"])
+        """In front of the program's, all of which it covers."""
+        other = self.desktop.processes.start(["xev", "-geometry", "{}x{}".format(*SCREEN)])
         self.addCleanup(self.desktop.processes.end, other)
         go_to_other_window()
 
