@@ -63,9 +63,16 @@ Column {
         }
 
         Capsule {
-            readonly property real target: root.tuner.heard ? Math.max(-root.span, Math.min(root.tuner.cents, root.span)) : 0
+            id: needle
+
+            readonly property real place: root.tuner.heard ? Math.max(-root.span, Math.min(root.tuner.cents, root.span)) : 0
             property real goal: 0
-            property real value: goal
+            property real value: 0
+            property bool made: false
+
+            function distance(): real {
+                return Math.abs(root.tuner.needleCentre(track.width, track.height, root.span, goal) - x - width / 2);
+            }
 
             x: root.tuner.needleCentre(track.width, track.height, root.span, value) - width / 2
             width: root.bar
@@ -73,16 +80,35 @@ Column {
             color: root.tuner.needleColor
 
             // For a move that nobody sees, the screen would be drawn three times.
-            onTargetChanged: {
-                if (root.tuner.needleMoves(track.width, track.height, root.span, goal, target))
-                    goal = target;
-            }
-
-            Behavior on value {
-                NumberAnimation {
-                    duration: 80
-                    easing.type: Easing.OutQuad
+            onPlaceChanged: {
+                if (root.tuner.needleMoves(track.width, track.height, root.span, goal, place)) {
+                    goal = place;
+                    if (made)
+                        move.begin(distance() > 4);
+                    else
+                        value = goal;
                 }
+            }
+            Component.onCompleted: made = true
+
+            // Eases out in 80 ms. The first step is in the frame that shows the color and the texts of the
+            // reading; what is left of a parabola is one too.
+            NumberAnimation {
+                id: move
+
+                function begin(far: bool): void {
+                    const left = far ? 4 / 5 : 2 / 3;
+                    if (far)
+                        FramePace.quicken(needle);
+                    needle.value += (needle.goal - needle.value) * (1 - left * left);
+                    duration = 80 * left;
+                    restart();
+                }
+
+                target: needle
+                property: "value"
+                to: needle.goal
+                easing.type: Easing.OutQuad
             }
         }
     }

@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QQuickWindow>
+#include <QScreen>
 #include <QVariantAnimation>
+#include <chrono>
+#include <cmath>
 #include <vector>
 
 #include "tests/support/eventually.h"
@@ -37,6 +41,24 @@ TEST_F(FramePaceTest, MovesInThreeStepsAtMostAndRestsAfterThem) {
     ASSERT_FALSE(seen.empty());
     EXPECT_EQ(seen.back(), 1.0);
   }
+}
+
+TEST_F(FramePaceTest, KeepsTheDisplaysRateUntilEverythingRests) {
+  const auto usual = pace.interval();
+  QQuickWindow window;
+  pace.quicken(window.contentItem());
+  const auto quick =
+      std::chrono::milliseconds(std::lround(1000.0 / window.screen()->refreshRate()));
+  EXPECT_EQ(pace.interval(), quick);
+  EXPECT_LT(quick, usual);
+  QVariantAnimation move;
+  move.setDuration(1);
+  move.setEndValue(1.0);
+  move.start();
+  EXPECT_TRUE(eventually([this] { return pace.isRunning(); }));
+  EXPECT_EQ(pace.interval(), quick);
+  EXPECT_TRUE(eventually([this] { return !pace.isRunning(); }));
+  EXPECT_EQ(pace.interval(), usual);
 }
 
 }  // namespace
