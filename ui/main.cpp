@@ -1,5 +1,6 @@
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
+#include <cstdlib>
 #include <memory>
 
 #include "base/require.h"
@@ -34,16 +35,8 @@ QQuickWindow* showWindow(QQmlApplicationEngine& qml, TunerModel& tuner) {
   return roots.isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(roots.front());
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-  if (const auto status = answerCommandLine(argc, argv)) return *status;
-
-  // A few changing texts do not pay for a GPU context, which costs more memory than all the rest.
-  QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-  QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
-
-  const auto app = openDisplay(argc, argv);
+/// Returns the exit status once the settings are saved and the streams are closed.
+int tune() {
   QGuiApplication::setApplicationDisplayName("Corvane");
   QGuiApplication::setDesktopFileName("org.corvane.Corvane");
   FramePace pace;
@@ -72,4 +65,20 @@ int main(int argc, char** argv) {
   showIcon(*window);
   window->show();
   return QGuiApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (const auto status = answerCommandLine(argc, argv)) return *status;
+
+  // A few changing texts do not pay for a GPU context, which costs more memory than all the rest.
+  QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+  QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
+
+  const auto app = openDisplay(argc, argv);
+  const int status = tune();
+  // Qt 6.4 on Wayland can wait for its event thread forever when the application is destroyed.
+  if (QGuiApplication::platformName().startsWith("wayland")) std::_Exit(status);
+  return status;
 }

@@ -10,13 +10,14 @@ import pyatspi
 from desk import system_test
 from desk.system_test import FIRST_SIZE, SMALLEST
 from desk.waiting import wait_until
-from desk.wayland import WaylandDisplay
+from desk.wayland import WaylandDisplay, WaylandWindow
 from desk.window import Box, Window
 
 LARGEST_DISPLAY = (3840, 2160)
 SMALLEST_DISPLAY = (1280, 720)
 # What fits on the smallest display.
 LOW = (FIRST_SIZE[0], SMALLEST[1])
+EXITS = 20
 GOLDEN = pathlib.Path(os.environ["CORVANE_GOLDEN"])
 
 FONTS_BUT_THE_ROUND_ONE = """<?xml version="1.0"?>
@@ -70,6 +71,18 @@ class Wayland(DisplayTest):
             window = self.show(display.environment)
             window.wait_for_size(LOW)
             self.assert_has_texts(window, texts)
+
+    def test_the_program_ends_each_time_that_its_window_is_closed(self) -> None:
+        with WaylandWindow(self.desktop) as display:
+            for _ in range(EXITS):
+                tuner = self.open(**display.environment)
+
+                def has_ended() -> bool:
+                    display.close_window()
+                    return tuner.process.poll() is not None
+
+                wait_until(has_ended, lambda: "the process stays")
+                self.assertEqual(tuner.process.returncode, 0)
 
     def test_the_same_picture_at_every_scale_factor(self) -> None:
         with WaylandDisplay(self.desktop, LARGEST_DISPLAY) as display:
