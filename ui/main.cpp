@@ -15,6 +15,7 @@
 #include "platform/qt/qt_preferences.h"
 #include "platform/qt/qt_url_opener.h"
 #include "ui/command_line.h"
+#include "ui/dark_frame.h"
 #include "ui/display.h"
 #include "ui/first_size.h"
 #include "ui/frame_pace.h"
@@ -63,6 +64,7 @@ int tune() {
   const ListeningSwitch listening(*window, engine, microphones);
   fitToScreen(*window);
   showIcon(*window);
+  askForDarkFrame(*window);
   window->show();
   return QGuiApplication::exec();
 }

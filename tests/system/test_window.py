@@ -34,6 +34,11 @@ class TheWindow(system_test.SystemTest):
         window.wait_for_size(SMALLEST)
         self.assertEqual(tuner.quit(), 0)
 
+    def test_asks_the_window_manager_for_a_dark_frame(self) -> None:
+        window = self.open().window
+        self.assertEqual(window.property("_GTK_THEME_VARIANT"),
+                         '_GTK_THEME_VARIANT(UTF8_STRING) = "dark"\n')
+
     def test_all_is_inside_at_every_size(self) -> None:
         window = self.open().window
         for (width, height), expected in SIZES.items():
