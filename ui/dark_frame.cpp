@@ -1,10 +1,10 @@
 #include "ui/dark_frame.h"
 
+#include <xcb/xcb.h>
+
 #include <QGuiApplication>
-#include <QLibrary>
 #include <QPalette>
 #include <QStyleHints>
-#include <cstdint>
 #include <cstdlib>
 #include <string_view>
 
@@ -15,52 +15,25 @@ namespace {
 
 using X11 = QNativeInterface::QX11Application;
 
-// The few of libxcb, which Qt's plugin has loaded and whose functions never change. To link it
-// would take its headers to build.
-struct AtomCookie {
-  unsigned sequence;
-};
-struct AtomReply {
-  std::uint8_t type, padding;
-  std::uint16_t sequence;
-  std::uint32_t length, atom;
-};
-using InternAtom = AtomCookie (*)(xcb_connection_t*, std::uint8_t onlyIfExists,
-                                  std::uint16_t length, const char* name);
-using InternAtomReply = AtomReply* (*)(xcb_connection_t*, AtomCookie, void** error);
-using ChangeProperty = AtomCookie (*)(xcb_connection_t*, std::uint8_t mode, std::uint32_t window,
-                                      std::uint32_t property, std::uint32_t type,
-                                      std::uint8_t format, std::uint32_t length, const void* data);
+/// XCB_ATOM_NONE where the display does not answer.
+xcb_atom_t atom(xcb_connection_t* connection, std::string_view name) {
+  const auto cookie =
+      xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
+  xcb_intern_atom_reply_t* const reply = xcb_intern_atom_reply(connection, cookie, nullptr);
+  const xcb_atom_t found = reply == nullptr ? xcb_atom_t{XCB_ATOM_NONE} : reply->atom;
+  std::free(reply);
+  return found;
+}
 
-class Xcb {
- public:
-  explicit Xcb(X11& x11) : connection(x11.connection()) {}
-
-  /// Sets a text property of the window; has no effect without the library.
-  void setProperty(WId window, std::string_view name, std::string_view text) {
-    const auto change = reinterpret_cast<ChangeProperty>(library.resolve("xcb_change_property"));
-    const auto property = atom(name), type = atom("UTF8_STRING");
-    if (change == nullptr || property == 0 || type == 0) return;
-    change(connection, 0, static_cast<std::uint32_t>(window), property, type, 8,
-           static_cast<std::uint32_t>(text.size()), text.data());
-  }
-
- private:
-  /// 0 when there is none.
-  std::uint32_t atom(std::string_view name) {
-    const auto intern = reinterpret_cast<InternAtom>(library.resolve("xcb_intern_atom"));
-    const auto answer = reinterpret_cast<InternAtomReply>(library.resolve("xcb_intern_atom_reply"));
-    if (intern == nullptr || answer == nullptr) return 0;
-    const auto cookie = intern(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
-    AtomReply* const reply = answer(connection, cookie, nullptr);
-    const std::uint32_t found = reply == nullptr ? 0 : reply->atom;
-    std::free(reply);
-    return found;
-  }
-
-  QLibrary library{"xcb", 1};
-  xcb_connection_t* connection;
-};
+/// For window managers that follow GTK.
+void setVariantOfGtk(xcb_connection_t* connection, WId window, std::string_view variant) {
+  const xcb_atom_t property = atom(connection, "_GTK_THEME_VARIANT");
+  const xcb_atom_t text = atom(connection, "UTF8_STRING");
+  if (property == XCB_ATOM_NONE || text == XCB_ATOM_NONE) return;
+  xcb_change_property(connection, XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(window),
+                      property, text, 8, static_cast<std::uint32_t>(variant.size()),
+                      variant.data());
+}
 
 }  // namespace
 
@@ -72,9 +45,8 @@ void askForDarkFrame(QWindow& window) {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
   QGuiApplication::styleHints()->setColorScheme(Qt::ColorScheme::Dark);
 #endif
-  // Window managers that follow GTK.
   if (auto* x11 = qGuiApp->nativeInterface<X11>()) {
-    Xcb(*x11).setProperty(window.winId(), "_GTK_THEME_VARIANT", "dark");
+    setVariantOfGtk(x11->connection(), window.winId(), "dark");
   }
 }
 

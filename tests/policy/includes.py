@@ -26,13 +26,14 @@ ALLOWED = {
 }
 # The one place where everything is put together, and the things that the standard library and
 # Qt lack: a thread's name and urgency, the processor's own instructions, a wake-up that allocates nothing, a
-# disk's word that it has a file, and a socket.
+# disk's word that it has a file, a property of a window, and a socket.
 EXTRA = {
     "ui/main.cpp": {"platform/pulse", "platform/qt"},
     "base/urgent_thread.h": {"posix"},
     "pitch/difference_avx512.cpp": {"intrinsics"},
     "platform/qt/qt_main_queue.cpp": {"posix"},
     "platform/qt/settings_file.cpp": {"posix"},
+    "ui/dark_frame.cpp": {"xcb"},
     "ui/session_bus.cpp": {"posix"},
 }
 
@@ -54,6 +55,8 @@ def library_of(header: str) -> str:
         return "qt"
     if header == "sndfile.h":
         return "sndfile"
+    if header.startswith("xcb/"):
+        return "xcb"
     if header == "immintrin.h":
         return "intrinsics"
     if header.endswith(".h"):
