@@ -17,7 +17,7 @@ constexpr std::uint32_t tapFrames = 4096;
 /// A second of it, after which the level has come to rest.
 constexpr int readingsOfSilence = 12;
 
-/// In the order in which they are tried. A desktop that knows neither opens nothing.
+/// In the order in which they are tried. Each stands for the settings that the desktop has.
 constexpr std::string_view micSettingsAddresses[] = {
     "x-apple.systempreferences:com.apple.settings.PrivacySecurity.extension?Privacy_Microphone",
     "x-apple.systempreferences:com.apple.preference.security?Privacy_Microphone",
@@ -95,7 +95,9 @@ void TunerEngine::microphoneAnswered(bool granted) {
   }
 }
 
+/// What records goes on by itself when it is allowed again, which nobody would see.
 void TunerEngine::showMicrophoneDenied() {
+  if (platform.audioInput->isRunning()) platform.audioInput->stop();
   micAllowed = false;
   listening = false;
   errorText = deniedText;

@@ -100,7 +100,7 @@ ask() {
   shift
   echo "For $purpose, packages have to be installed:"
   echo "  $*"
-  [ ! -t 0 ] || read -r -p "Run this command as root? [y/N] " answer
+  [ ! -t 0 ] || read -r -p "Run this command as root? [y/N] " answer || true
   case "$answer" in
     [yY]*) ;;
     *) echo "Run again when they are installed, with CORVANE_PACKAGES_INSTALLED=1 where their names differ." >&2
@@ -134,6 +134,7 @@ need() {
   names=$(sed -n 's/^?//p' <<<"$names")
   [ -z "$names" ] || echo "Not known by this system's names, so left out:" $names
   ask "$purpose" $install $lacking
+  [ "$system" != debian ] || as_root apt-get -qq update
   as_root $install $lacking && return
   for package in $lacking; do
     as_root $install "$package" || echo "Continuing without $package."

@@ -31,7 +31,8 @@ Item {
 
         // Slides to the segment that is chosen, on whole points, as the segments are.
         ContinuousRectangle {
-            readonly property real start: root.tuner.instrument * row.itemWidth
+            property real at: root.tuner.instrument
+            readonly property real start: at * row.itemWidth
 
             x: 2 + Math.round(start)
             y: 2
@@ -40,9 +41,8 @@ Item {
             radius: 6
             color: Shades.raised
 
-            Behavior on x {
-                enabled: root.visible
-
+            // Of the choice, not of the layout.
+            Behavior on at {
                 NumberAnimation {
                     duration: 120
                     easing.type: Easing.OutQuad

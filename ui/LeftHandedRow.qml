@@ -41,14 +41,16 @@ Item {
             color: Qt.tint(handed.checked ? TunerTheme.gold : Shades.off, handed.light)
 
             Capsule {
-                x: handed.checked ? parent.width - width - 2 : 2
+                property real at: handed.checked ? 1 : 0
+
+                x: 2 + at * (parent.width - width - 4)
                 y: 2
                 width: parent.height - 4
                 height: width
                 // White would hardly be seen on gold.
                 color: handed.checked ? TunerTheme.bg : "white"
 
-                Behavior on x {
+                Behavior on at {
                     NumberAnimation {
                         duration: 120
                         easing.type: Easing.OutQuad

@@ -30,8 +30,16 @@ ValueItem {
             step(event.key === Qt.Key_PageUp ? page : -page);
     }
 
+    // A notch of a common wheel is 120; finer ones tell parts of it.
     WheelHandler {
-        onWheel: event => root.step(Math.sign(event.angleDelta.y) * root.stepSize)
+        property real turned: 0
+
+        onWheel: event => {
+            turned += event.angleDelta.y;
+            const notches = Math.trunc(turned / 120);
+            turned -= notches * 120;
+            root.step(notches * root.stepSize);
+        }
     }
 
     Accessible.role: Accessible.SpinBox

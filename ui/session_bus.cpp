@@ -30,6 +30,14 @@ QByteArray socketOfTheBus() {
   return first.startsWith("unix:abstract=") ? '\0' + name : QByteArray();
 }
 
+bool isThere(pollfd answer) {
+  int outcome = 0;
+  do {
+    outcome = poll(&answer, 1, patienceMilliseconds);
+  } while (outcome < 0 && errno == EINTR);
+  return outcome > 0;
+}
+
 }  // namespace
 
 bool sessionBusAnswers() {
@@ -45,8 +53,8 @@ bool sessionBusAnswers() {
   bool answers = true;
   if (connect(descriptor, reinterpret_cast<const sockaddr*>(&bus), length) == 0) {
     pollfd answer{.fd = descriptor, .events = POLLIN, .revents = 0};
-    answers = send(descriptor, question.data(), question.size(), MSG_NOSIGNAL) < 0 ||
-              poll(&answer, 1, patienceMilliseconds) > 0;
+    answers =
+        send(descriptor, question.data(), question.size(), MSG_NOSIGNAL) < 0 || isThere(answer);
   } else if (errno == EAGAIN) {
     answers = false;  // It has let others wait for so long that there is no room for one more.
   }

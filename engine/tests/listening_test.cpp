@@ -213,6 +213,15 @@ TEST_F(Listening, AStartThatFailsBecauseTheMicrophoneIsDeniedSaysThat) {
   expectState(false, false, denied);
 }
 
+TEST_F(Listening, ADenialWhileItListensEndsTheRecording) {
+  engine->start();
+  startWith(RecordPermission::denied);
+  expectState(false, false, denied);
+  EXPECT_FALSE(world.input->isRunning());
+  startWith(RecordPermission::granted);
+  expectState(true, true, none);
+}
+
 TEST_F(Listening, AStartThatSucceedsLaterListensThen) {
   world.input->answersLater = true;
   engine->start();

@@ -87,6 +87,7 @@ class Unreadable {
   explicit Unreadable(PitchCapture& capture) {
     memory = mmap(nullptr, bytes, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     struct sigaction mine{};
+    begun = over = inTime = false;
     mine.sa_handler = &isRead;
     sigaction(SIGSEGV, &mine, &before);
     resetter = std::jthread([&capture] {

@@ -52,9 +52,9 @@ PulseSession::Observer PulseConnection::observer() {
 void PulseConnection::settle(State state, const ServerFacts& facts) {
   currentState = state;
   currentFacts = facts;
-  refusedAt.reset();
-  if (state != State::connected && std::exchange(attempt, nullptr) != nullptr) {
-    loop.async([this] { session.reset(); });
+  if (state != State::connected) {
+    refusedAt.reset();
+    if (std::exchange(attempt, nullptr) != nullptr) loop.async([this] { session.reset(); });
   }
   if (state == State::connected) pauses.reset();
   for (const auto& settled : std::exchange(waiting, {})) settled(state);

@@ -50,7 +50,7 @@ class PulseConnection {
   [[nodiscard]] std::shared_ptr<const void> watch(std::function<void()> changed);
 
   /// Takes the server's word, given to a stream, that this program may not record. It stands until
-  /// the server has other news or `allowRecording` is called; whatever plays is not concerned.
+  /// `allowRecording` is called or the server has gone; whatever plays is not concerned.
   void refuseRecording();
   void allowRecording();
   /// When the last recording was refused; nothing unless that stands.

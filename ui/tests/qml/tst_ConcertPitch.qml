@@ -113,11 +113,14 @@ ScreenTest {
         compare(pitches, [441, 440, 439, 449, 439, 439]);
     }
 
-    function test_the_wheel_steps_by_one() {
+    function test_the_wheel_steps_by_one_for_each_notch() {
         const stepper = only(referenceRow(), Stepper);
         mouseWheel(stepper, 5, 5, 0, 120);
         compare(tuner.a4, 441);
         mouseWheel(stepper, 5, 5, 0, -240);
+        compare(tuner.a4, 439);
+        for (let part = 0; part < 4; ++part)
+            mouseWheel(stepper, 5, 5, 0, 30);
         compare(tuner.a4, 440);
     }
 
