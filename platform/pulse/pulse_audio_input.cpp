@@ -117,13 +117,13 @@ void PulseAudioInput::ready() {
 
 void PulseAudioInput::ended(int error) {
   run->attempt->stream = nullptr;
-  if (error == PA_ERR_ACCESS) connection.refuseRecording();
   // The first recording's end is how the start ended; that of a later one leaves silence, which
   // leads to the next.
-  if (const Started started = std::exchange(run->started, nullptr)) {
-    stop();
-    started(false);
-  }
+  const Started started = std::exchange(run->started, nullptr);
+  if (started) stop();
+  // Who hears of the refusal may stop the input.
+  if (error == PA_ERR_ACCESS) connection.refuseRecording();
+  if (started) started(false);
 }
 
 void PulseAudioInput::serverChanged() {

@@ -164,6 +164,14 @@ TEST_P(RefusedRecording, IsTriedAgainWhenAskedForAndEndsOnceItIsAllowed) {
   EXPECT_EQ(client.listen(), true);
 }
 
+TEST_P(RefusedRecording, MayBeAnsweredByStoppingTheInput) {
+  client.connection->allowRecording();
+  const auto watching = client.connection->watch([this] {
+    if (client.connection->recordingRefused()) client.input->stop();
+  });
+  EXPECT_EQ(client.listen(), false);
+}
+
 TEST_P(RefusedRecording, EndsWithTheServerThatRefused) {
   sandbox->kill();
   ASSERT_TRUE(client.pumpUntil([this] { return !isConnected(); }));
