@@ -23,7 +23,7 @@ Item {
         readonly property bool checked: root.tuner.leftHanded
 
         anchors.right: parent.right
-        implicitWidth: knob.width + 8 + title.width
+        implicitWidth: track.width + 8 + title.width
         implicitHeight: 20
         onClicked: root.tuner.leftHanded = !checked
 
@@ -34,7 +34,7 @@ Item {
         Accessible.onToggleAction: press()
 
         Capsule {
-            id: knob
+            id: track
 
             width: 34
             height: parent.height
@@ -60,7 +60,7 @@ Item {
         }
 
         FocusRing {
-            control: knob
+            control: track
             radius: 13
             visible: handed.visualFocus
         }
