@@ -28,13 +28,13 @@ ALLOWED = {
 # Qt lack: a thread's name and urgency, the processor's own instructions, a wake-up that allocates nothing, a
 # disk's word that it has a file, a property of a window, and a socket.
 EXTRA = {
-    "ui/main.cpp": {"platform/pulse", "platform/qt"},
+    "ui/app/main.cpp": {"platform/pulse", "platform/qt"},
     "base/urgent_thread.h": {"posix"},
     "pitch/difference_avx512.cpp": {"intrinsics"},
     "platform/qt/qt_main_queue.cpp": {"posix"},
     "platform/qt/settings_file.cpp": {"posix"},
-    "ui/dark_frame.cpp": {"xcb"},
-    "ui/session_bus.cpp": {"posix"},
+    "ui/app/dark_frame.cpp": {"xcb"},
+    "ui/app/session_bus.cpp": {"posix"},
 }
 
 
@@ -96,9 +96,9 @@ def check_itself() -> None:
     assert not is_allowed("engine/a.cpp", '"', "platform/pulse/pulse_loop.h")
     assert not is_allowed("platform/clock.h", "<", "pulse/context.h")
     assert not is_allowed("platform/qt/a.cpp", '"', "engine/tuner_engine.h")
-    assert not is_allowed("ui/tuner_model.cpp", '"', "platform/pulse/pulse_loop.h")
-    assert is_allowed("ui/main.cpp", '"', "platform/pulse/pulse_loop.h")
-    assert not is_allowed("ui/main.cpp", "<", "pulse/context.h")
+    assert not is_allowed("ui/model/tuner_model.cpp", '"', "platform/pulse/pulse_loop.h")
+    assert is_allowed("ui/app/main.cpp", '"', "platform/pulse/pulse_loop.h")
+    assert not is_allowed("ui/app/main.cpp", "<", "pulse/context.h")
 
 
 def main() -> int:

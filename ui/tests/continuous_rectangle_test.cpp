@@ -1,4 +1,4 @@
-#include "ui/continuous_rectangle.h"
+#include "ui/paint/continuous_rectangle.h"
 
 #include <gtest/gtest.h>
 

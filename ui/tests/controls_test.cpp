@@ -1,4 +1,4 @@
-#include "ui/controls.h"
+#include "ui/model/controls.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -6,7 +6,7 @@
 #include <limits>
 #include <ostream>
 
-#include "ui/tuner_theme.h"
+#include "ui/paint/tuner_theme.h"
 
 namespace corvane {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tests/support/fake_platform.h"
-#include "ui/tuner_model.h"
+#include "ui/model/tuner_model.h"
 
 namespace corvane {
 

@@ -1,4 +1,4 @@
-#include "ui/first_size.h"
+#include "ui/app/first_size.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "ui/fit.h"
+#include "ui/screen/fit.h"
 
 #include <gtest/gtest.h>
 

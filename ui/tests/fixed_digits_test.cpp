@@ -1,4 +1,4 @@
-#include "ui/fixed_digits.h"
+#include "ui/paint/fixed_digits.h"
 
 #include <gtest/gtest.h>
 

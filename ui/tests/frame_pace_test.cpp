@@ -1,4 +1,4 @@
-#include "ui/frame_pace.h"
+#include "ui/paint/frame_pace.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "ui/listening_switch.h"
+#include "ui/app/listening_switch.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "ui/menu_model.h"
+#include "ui/model/menu_model.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "ui/privacy_policy.h"
+#include "ui/model/privacy_policy.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
-#include "ui/string_row_model.h"
+#include "ui/model/string_row_model.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "ui/controls.h"
+#include "ui/model/controls.h"
+#include "ui/paint/tuner_theme.h"
 #include "ui/tests/engine_on_fakes.h"
-#include "ui/tuner_theme.h"
 
 namespace corvane {
 namespace {

@@ -1,4 +1,4 @@
-#include "ui/text_zoom.h"
+#include "ui/app/text_zoom.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
-#include "ui/tuner_model.h"
+#include "ui/model/tuner_model.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "ui/privacy_policy.h"
+#include "ui/model/privacy_policy.h"
+#include "ui/paint/tuner_theme.h"
 #include "ui/tests/engine_on_fakes.h"
-#include "ui/tuner_theme.h"
 
 namespace corvane {
 namespace {

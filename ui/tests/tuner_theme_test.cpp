@@ -1,4 +1,4 @@
-#include "ui/tuner_theme.h"
+#include "ui/paint/tuner_theme.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "ui/vector_item.h"
+#include "ui/paint/vector_item.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <QQuickWindow>
 
 #include "tests/support/eventually.h"
-#include "ui/continuous_rectangle.h"
+#include "ui/paint/continuous_rectangle.h"
 
 namespace corvane {
 namespace {

@@ -4,7 +4,7 @@
 #include <QPalette>
 
 #include "pictures.h"
-#include "ui/tuner_theme.h"
+#include "ui/paint/tuner_theme.h"
 
 namespace corvane::sheet {
 namespace {

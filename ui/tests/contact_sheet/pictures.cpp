@@ -16,8 +16,8 @@
 #include "base/require.h"
 #include "engine/equal_temperament.h"
 #include "tests/support/eventually.h"
+#include "ui/model/tuner_model.h"
 #include "ui/tests/engine_on_fakes.h"
-#include "ui/tuner_model.h"
 
 namespace corvane::sheet {
 namespace {
@@ -77,7 +77,8 @@ class Shown {
     if (scene.textZoom > 1.0) drawAsEnlarged();
     qml.setInitialProperties(
         {{"tuner", QVariant::fromValue(&stage.tuner())}, {"textZoom", scene.textZoom}});
-    qml.load(QUrl("qrc:/qt/qml/Corvane/Main.qml"));
+    qml.addImportPath("qrc:/qt/qml");  // Qt 6.5 and later search it anyway.
+    qml.load(QUrl("qrc:/qt/qml/Corvane/app/Main.qml"));
     screen = qobject_cast<QQuickWindow*>(qml.rootObjects().value(0));
     require(screen != nullptr, "the program carries its own screen");
     const int menuBar = screen->minimumHeight() - 680;

@@ -67,7 +67,7 @@ TestCase {
 
     // The whole program, with the keyboard.
     function showWindow(textZoom) {
-        const window = show("Main", {
+        const window = show("app/Main", {
                 textZoom: textZoom ?? 1
             });
         window.visible = true;

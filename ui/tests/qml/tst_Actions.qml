@@ -7,7 +7,7 @@ ScreenTest {
     name: "Actions"
 
     function screen() {
-        return show("TunerView", {
+        return show("screen/TunerView", {
                 width: 480,
                 height: 860
             });
@@ -18,7 +18,7 @@ ScreenTest {
     }
 
     function test_the_play_button_says_what_it_does_and_what_it_is_doing() {
-        const button = show("PlayButton", {
+        const button = show("screen/PlayButton", {
                 width: 364,
                 compact: true
             });
@@ -47,7 +47,7 @@ ScreenTest {
 
     function test_the_prompt_says_what_is_wrong_on_as_many_lines_as_it_takes() {
         tuner.loseMicrophone();
-        const prompt = show("MicrophonePrompt", {
+        const prompt = show("screen/MicrophonePrompt", {
                 width: 120
             });
         const message = textItem(prompt, "No microphone is available.");
@@ -90,7 +90,7 @@ ScreenTest {
     }
 
     function test_the_link_is_underlined_under_the_mouse_and_opens_the_privacy_policy() {
-        const link = buttonOf(showSized("Footer"), "Privacy Policy");
+        const link = buttonOf(showSized("screen/Footer"), "Privacy Policy");
         const title = textItem(link, "Privacy Policy");
         verify(link.width >= title.width + 10 && link.height >= title.height + 10);
         verify(!title.font.underline);

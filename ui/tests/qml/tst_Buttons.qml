@@ -7,13 +7,13 @@ ScreenTest {
     name: "Buttons"
 
     function controls() {
-        return showSized("ControlsCard", {
+        return showSized("screen/ControlsCard", {
                 width: 444
             });
     }
 
     function test_a_screen_reader_presses_a_button_unless_it_is_disabled() {
-        const button = makePart("PlainButton");
+        const button = makePart("controls/PlainButton");
         const clicked = spy(button, "clicked");
         button.Accessible.pressAction();
         compare(clicked.count, 1);
@@ -23,7 +23,7 @@ ScreenTest {
     }
 
     function test_a_button_is_lighter_under_the_mouse_and_more_so_pressed() {
-        const button = makePart("PlainButton", {
+        const button = makePart("controls/PlainButton", {
                 width: 40,
                 height: 20
             });
@@ -69,7 +69,7 @@ ScreenTest {
         return table(["name", "shown"], [
                 ["Standard", controls],
                 ["440  Modern", controls],
-                ["Help", () => show("HelpMenuBar")]
+                ["Help", () => show("screen/HelpMenuBar")]
             ]);
     }
 
@@ -83,7 +83,7 @@ ScreenTest {
     }
 
     function test_there_is_no_dead_gap_between_quick_pitches() {
-        const row = show("QuickPitches");
+        const row = show("screen/QuickPitches");
         const face = all(buttonOf(row, "415 Hz"), Capsule)[0];
         mouseClick(face, face.width + 3, face.height / 2);
         compare(tuner.wholeHertz, 415);
@@ -92,7 +92,7 @@ ScreenTest {
     }
 
     function test_there_is_no_dead_gap_between_the_chips_of_the_strings() {
-        const row = showSized("StringRow");
+        const row = showSized("screen/StringRow");
         const face = all(buttonOf(row, "A2"), ContinuousRectangle)[0];
         const strings = [-2, -4, face.width + 2].map(distance => {
                 mouseClick(face, distance, face.height / 2);

@@ -7,7 +7,7 @@ ScreenTest {
     name: "ConcertPitch"
 
     function referenceRow() {
-        return showSized("ReferenceRow", {
+        return showSized("screen/ReferenceRow", {
                 width: 364
             });
     }
@@ -90,7 +90,7 @@ ScreenTest {
 
     // Here no tuner keeps the value in its range.
     function test_a_step_that_would_pass_the_end_stops_there_and_at_the_end_there_is_none() {
-        const stepper = makePart("Stepper", {
+        const stepper = makePart("controls/Stepper", {
                 minimumValue: 377,
                 maximumValue: 560,
                 value: 440

@@ -58,8 +58,8 @@ ScreenTest {
     }
 
     function test_the_arrow_keys_go_from_button_to_button_of_a_row_and_stop_at_the_ends() {
-        const row = show("QuickPitches");
-        show("QuickPitches");
+        const row = show("screen/QuickPitches");
+        show("screen/QuickPitches");
         const buttons = all(row, QuickPitchChip);
         const places = [];
         buttons[1].forceActiveFocus(Qt.TabFocusReason);

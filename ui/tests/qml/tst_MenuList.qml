@@ -11,7 +11,7 @@ ScreenTest {
 
     // With the keyboard, at the entry that is chosen.
     function opened(height, entries) {
-        const list = makePart("MenuList", {
+        const list = makePart("controls/MenuList", {
                 entries: entries ?? tuner.tunings,
                 width: 300,
                 height: height ?? 1000

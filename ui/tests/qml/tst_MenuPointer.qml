@@ -7,7 +7,7 @@ ScreenTest {
     name: "MenuPointer"
 
     function opened() {
-        const list = makePart("MenuList", {
+        const list = makePart("controls/MenuList", {
                 entries: tuner.tunings,
                 width: 300,
                 height: 200

@@ -15,7 +15,7 @@ ScreenTest {
     }
 
     function meter(span) {
-        return show("Meter", {
+        return show("screen/Meter", {
                 width: 500,
                 title: "Cents",
                 span: span ?? 50,
@@ -93,7 +93,7 @@ ScreenTest {
     }
 
     function test_signal_0_draws_only_the_track_and_signal_1_fills_it() {
-        const bar = makePart("LevelBar", {
+        const bar = makePart("screen/LevelBar", {
                 width: 300,
                 signal: 0
             });
@@ -107,7 +107,7 @@ ScreenTest {
     }
 
     function test_a_change_of_the_level_that_no_pixel_can_show_changes_nothing() {
-        const bar = makePart("LevelBar", {
+        const bar = makePart("screen/LevelBar", {
                 width: 300,
                 signal: 0.25 + 0.001 / 300
             });
@@ -134,7 +134,7 @@ ScreenTest {
     }
 
     function test_only_what_can_be_seen_is_painted() {
-        const view = show("TunerView", {
+        const view = show("screen/TunerView", {
                 width: 480,
                 height: 860
             });

@@ -170,7 +170,7 @@ ScreenTest {
     }
 
     function test_the_help_menu_holds_exactly_one_item_privacy_policy() {
-        const bar = show("HelpMenuBar");
+        const bar = show("screen/HelpMenuBar");
         compare(texts(bar), ["Help"]);
         mouseClick(buttonOf(bar, "Help"));
         const list = listOf(only(bar, PullDownMenu));
@@ -180,7 +180,7 @@ ScreenTest {
     }
 
     function test_alt_and_h_open_help_from_anywhere_and_once() {
-        const bar = show("HelpMenuBar");
+        const bar = show("screen/HelpMenuBar");
         const menu = only(bar, PullDownMenu);
         keyClick(Qt.Key_H, Qt.AltModifier);
         verify(menu.opened);

@@ -7,7 +7,7 @@ ScreenTest {
     name: "Readout"
 
     function noteReadout(width, height) {
-        return showSized("NoteReadout", {
+        return showSized("screen/NoteReadout", {
                 width: width ?? 384,
                 metrics: tuner.fit(480, height ?? 860)
             });
@@ -70,7 +70,7 @@ ScreenTest {
     }
 
     function test_the_frequency_line_names_the_heard_note_while_it_is_heard() {
-        const line = show("FrequencyLine");
+        const line = show("screen/FrequencyLine");
         compare(texts(line), ["— Hz"]);
         tuner.hear(440.04);
         compare(texts(line), ["440.0 Hz", "Hearing A4"]);

@@ -7,7 +7,7 @@ ScreenTest {
     name: "Screen"
 
     function sized(width, height) {
-        return show("TunerView", {
+        return show("screen/TunerView", {
                 width: width,
                 height: height
             });

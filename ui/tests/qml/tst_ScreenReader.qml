@@ -62,7 +62,7 @@ ScreenTest {
     }
 
     function test_the_chips_say_what_they_are_doing_while_a_screen_reader_listens() {
-        const row = showSized("StringRow");
+        const row = showSized("screen/StringRow");
         const words = () => ["Auto", "A2"].map(name => buttonOf(row, name).Accessible.description);
         hearCents(3);
         compare(words(), ["", ""]);
@@ -75,7 +75,7 @@ ScreenTest {
     }
 
     function test_the_meters_say_what_they_show_while_a_screen_reader_listens() {
-        const card = showSized("Meters");
+        const card = showSized("screen/Meters");
         probe.setScreenReader(true);
         hearCents(20);
         const bars = () => read(card).filter(each => each.startsWith("ProgressBar")).join("\n");
@@ -108,7 +108,7 @@ ScreenTest {
     }
 
     function test_a_screen_reader_steps_the_concert_pitch() {
-        const stepper = only(showSized("ReferenceRow"), Stepper);
+        const stepper = only(showSized("screen/ReferenceRow"), Stepper);
         stepper.Accessible.increaseAction();
         compare(tuner.a4, 441);
         stepper.Accessible.decreaseAction();

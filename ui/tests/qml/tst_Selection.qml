@@ -7,7 +7,7 @@ ScreenTest {
     name: "Selection"
 
     function tuningMenu() {
-        return showSized("TuningMenu", {
+        return showSized("screen/TuningMenu", {
                 width: 364
             });
     }
@@ -18,7 +18,7 @@ ScreenTest {
     }
 
     function test_a_click_chooses_the_instrument_and_another_one_changes_nothing() {
-        const picker = show("InstrumentPicker", {
+        const picker = show("screen/InstrumentPicker", {
                 width: 364
             });
         compare(texts(picker), ["Instrument", "Guitar", "Bass", "Piano"]);
@@ -59,7 +59,7 @@ ScreenTest {
     }
 
     function test_the_piano_has_no_string_row_and_every_other_instrument_has_one() {
-        const strings = only(showSized("ControlsCard"), StringRow);
+        const strings = only(showSized("screen/ControlsCard"), StringRow);
         const rows = [0, 2, 1].map(instrument => {
                 tuner.instrument = instrument;
                 return strings.visible;
@@ -68,7 +68,7 @@ ScreenTest {
     }
 
     function test_the_subtitle_is_the_detail_of_the_tuning_and_on_the_piano_its_own() {
-        const header = show("Header");
+        const header = show("screen/Header");
         compare(texts(header), ["Corvane", "E A D G B E"]);
         tuner.chooseTuning("g6-dropd");
         compare(texts(header), ["Corvane", "D A D G B E"]);
@@ -78,7 +78,7 @@ ScreenTest {
 
     function test_the_subtitle_wraps_to_at_most_two_lines() {
         tuner.chooseTuning("g12-standard");
-        const header = show("Header", {
+        const header = show("screen/Header", {
                 width: 110
             });
         const subtitle = textItem(header, tuner.tuningDetail);

@@ -19,7 +19,7 @@ ScreenTest {
     }
 
     function test_left_handed_chips_stand_high_to_low_and_still_lock_their_strings_own_index() {
-        const row = showSized("StringRow");
+        const row = showSized("screen/StringRow");
         tuner.leftHanded = true;
         compare(order(row), ["Auto", "E4", "B3", "G3", "D3", "A2", "E2"]);
         mouseClick(buttonOf(row, "A2"));
@@ -31,7 +31,7 @@ ScreenTest {
     }
 
     function test_tapping_the_locked_chip_again_selects_auto_and_tapping_another_moves_the_lock() {
-        const row = showSized("StringRow");
+        const row = showSized("screen/StringRow");
         const taps = ["A2", "A2", "A2", "B3", "Auto", "Auto"].map(name => {
                 mouseClick(buttonOf(row, name));
                 return [tuner.lockedString, ...selected(row)];
@@ -40,7 +40,7 @@ ScreenTest {
     }
 
     function test_the_string_that_is_heard_glows_and_is_plain_while_nothing_is_heard() {
-        const row = showSized("StringRow");
+        const row = showSized("screen/StringRow");
         const compareFill = (name, color) => compareColor(colorOf(buttonOf(row, name)), color);
         tuner.toggleLock(1);
         hearCents(15);
@@ -53,7 +53,7 @@ ScreenTest {
     }
 
     function test_the_switch_turns_the_order_and_follows_the_tuner() {
-        const handed = buttonOf(show("LeftHandedRow"), "Left-handed string order");
+        const handed = buttonOf(show("screen/LeftHandedRow"), "Left-handed string order");
         for (const [turned, text] of [[true, handed.width - 2], [false, 2]]) {
             mouseClick(handed, text, handed.height / 2);
             compare([tuner.leftHanded, handed.checked], [turned, turned]);
@@ -63,7 +63,7 @@ ScreenTest {
     }
 
     function test_the_knob_of_the_switch_is_inside_it_at_the_end_that_tells_its_state() {
-        const [track, knob] = all(buttonOf(show("LeftHandedRow"), "Left-handed string order"), Capsule);
+        const [track, knob] = all(buttonOf(show("screen/LeftHandedRow"), "Left-handed string order"), Capsule);
         const room = () => [knob.x, track.width - knob.x - knob.width];
         const [before, after] = room();
         verify(before < after);

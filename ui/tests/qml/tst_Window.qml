@@ -24,7 +24,7 @@ ScreenTest {
     }
 
     function test_it_cannot_be_resized_below_420_by_680() {
-        const window = show("Main");
+        const window = show("app/Main");
         compare(window.minimumWidth, 420);
         compare(window.minimumHeight - only(window.contentItem, HelpMenuBar).height, 680);
         verify(window.maximumWidth > 10000 && window.maximumHeight > 10000);

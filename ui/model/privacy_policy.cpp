@@ -1,0 +1,38 @@
+#include "ui/model/privacy_policy.h"
+
+#include <QFile>
+
+#include "base/require.h"
+
+namespace corvane::PrivacyPolicy {
+namespace {
+
+/// Title and address in one text, so that they cannot drift apart.
+const QString& titleAndAddress() {
+  static const QString text = QStringLiteral("Privacy Policy " CORVANE_PRIVACY_URL);
+  return text;
+}
+
+constexpr qsizetype titleLength = 14;
+
+/// A relative address is that of the page which came with the program, wherever both were put.
+QUrl parsedUrl() {
+  const QUrl address(titleAndAddress().mid(titleLength + 1), QUrl::StrictMode);
+  const QUrl program = QUrl::fromLocalFile(QFile::symLinkTarget("/proc/self/exe"));
+  const QUrl url = program.resolved(address);
+  require(address.isValid() && !url.isRelative(), "the privacy policy has an address");
+  return url;
+}
+
+}  // namespace
+
+QString title() {
+  return titleAndAddress().left(titleLength);
+}
+
+const QUrl& url() {
+  static const QUrl parsed = parsedUrl();
+  return parsed;
+}
+
+}  // namespace corvane::PrivacyPolicy

@@ -1,0 +1,162 @@
+#pragma once
+
+#include <QtQml/qqmlregistration.h>
+
+#include <QColor>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "engine/tuner_engine.h"
+#include "ui/model/menu_model.h"
+#include "ui/model/string_row_model.h"
+#include "ui/screen/fit.h"
+#include "ui/speech/speech.h"
+
+namespace corvane {
+
+/// Shows the engine to the screen, every text and colour as it is drawn, and hands on what the user
+/// does. Main thread only.
+class TunerModel : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("The program hands its one model to the window.")
+
+  // What is heard.
+  Q_PROPERTY(bool heard READ heard NOTIFY readoutChanged)
+  Q_PROPERTY(double cents READ cents NOTIFY centsChanged)
+  Q_PROPERTY(QString noteLabel READ noteLabel NOTIFY readoutChanged)
+  Q_PROPERTY(QString octaveLabel READ octaveLabel NOTIFY readoutChanged)
+  Q_PROPERTY(QString centsText READ centsText NOTIFY centsChanged)
+  Q_PROPERTY(QString status READ status NOTIFY readoutChanged)
+  Q_PROPERTY(QColor needleColor READ needleColor NOTIFY centsChanged)
+  Q_PROPERTY(QString frequencyText READ frequencyText NOTIFY frequencyChanged)
+  Q_PROPERTY(QString hearingText READ hearingText NOTIFY readoutChanged)
+  Q_PROPERTY(double level READ level NOTIFY levelChanged)
+  Q_PROPERTY(QString errorText READ errorText NOTIFY errorTextChanged)
+  Q_PROPERTY(corvane::Spoken* spoken READ spoken CONSTANT)
+
+  // What the user has chosen.
+  Q_PROPERTY(QStringList instruments READ instruments CONSTANT)
+  Q_PROPERTY(int instrument READ instrument WRITE setInstrument NOTIFY selectionChanged)
+  Q_PROPERTY(bool isPiano READ isPiano NOTIFY selectionChanged)
+  Q_PROPERTY(QString subtitle READ subtitle NOTIFY selectionChanged)
+  Q_PROPERTY(QString tuningName READ tuningName NOTIFY selectionChanged)
+  Q_PROPERTY(QString tuningDetail READ tuningDetail NOTIFY selectionChanged)
+  Q_PROPERTY(corvane::MenuModel* tunings READ tunings CONSTANT)
+  Q_PROPERTY(bool leftHanded READ leftHanded WRITE setLeftHanded NOTIFY selectionChanged)
+  Q_PROPERTY(corvane::StringRowModel* strings READ strings CONSTANT)
+  Q_PROPERTY(bool locked READ locked NOTIFY lockChanged)
+  Q_PROPERTY(double a4 READ a4 WRITE setA4 NOTIFY a4Changed)
+  Q_PROPERTY(int wholeHertz READ wholeHertz NOTIFY a4Changed)
+  Q_PROPERTY(QString concertPitchTitle READ concertPitchTitle NOTIFY a4Changed)
+  Q_PROPERTY(corvane::MenuModel* concertPitches READ concertPitches CONSTANT)
+  Q_PROPERTY(QList<int> quickPitches READ quickPitches CONSTANT)
+  Q_PROPERTY(bool playingReference READ playingReference NOTIFY playingReferenceChanged)
+
+  // What never changes.
+  Q_PROPERTY(corvane::MenuModel* helpMenu READ helpMenu CONSTANT)
+  Q_PROPERTY(QString appVersion READ appVersion CONSTANT)
+  Q_PROPERTY(QString privacyTitle READ privacyTitle CONSTANT)
+
+ public:
+  TunerModel(std::shared_ptr<TunerEngine> engine,
+             std::shared_ptr<MicrophonePermission> microphonePermission,
+             std::shared_ptr<UrlOpener> urlOpener, QObject* parent = nullptr);
+
+  bool heard() const { return engine->heard(); }
+  bool inTune() const { return engine->inTune(); }
+  double cents() const { return engine->cents(); }
+  QString noteLabel() const;
+  QString octaveLabel() const;
+  QString centsText() const;
+  QString status() const;
+  QColor needleColor() const;
+  QString frequencyText() const;
+  QString hearingText() const;
+  double level() const { return engine->signal(); }  ///< 0 to 1
+  QString errorText() const;                         ///< empty when there is no problem
+  Spoken* spoken() { return &inWords; }
+
+  QStringList instruments() const;
+  int instrument() const { return static_cast<int>(engine->instrument()); }
+  void setInstrument(int index);  ///< a position in `instruments`
+  bool isPiano() const { return engine->instrument() == Instrument::piano; }
+  QString subtitle() const;
+  QString tuningName() const;
+  QString tuningDetail() const;
+  MenuModel* tunings() { return &tuningMenu; }
+  bool leftHanded() const { return engine->leftHanded(); }
+  void setLeftHanded(bool leftHanded) { engine->setLeftHanded(leftHanded); }
+  StringRowModel* strings() { return &stringRow; }
+  bool locked() const { return engine->lockedStringIndex().has_value(); }
+  double a4() const { return engine->a4(); }  ///< Hz
+  void setA4(double hertz) { engine->setA4(hertz); }
+  int wholeHertz() const;
+  QString concertPitchTitle() const;
+  MenuModel* concertPitches() { return &concertPitchMenu; }
+  QList<int> quickPitches() const;
+  bool playingReference() const { return engine->playingReference(); }
+
+  MenuModel* helpMenu() { return &helpEntriesMenu; }
+  QString appVersion() const;
+  QString privacyTitle() const;
+
+  Q_INVOKABLE void chooseTuning(const QString& id);
+  /// Locks the tuner to the string at this position in the tuning, or releases it from there.
+  Q_INVOKABLE void toggleLock(int stringIndex);
+  Q_INVOKABLE void releaseLock();
+  Q_INVOKABLE void playReference() { engine->playReference(); }
+  /// Opens the system's settings where the microphone is denied, tries to listen everywhere else.
+  Q_INVOKABLE void allowMicrophone();
+  Q_INVOKABLE void openPrivacyPolicy();
+
+  Q_INVOKABLE static corvane::Fit fit(double width, double height);
+  Q_INVOKABLE static double needleCentre(double width, double height, double span, double value);
+  Q_INVOKABLE static bool needleMoves(double width, double height, double span, double from,
+                                      double to);
+  Q_INVOKABLE static QString scaleText(double span);
+
+ signals:
+  // What every reading changes has signals of its own, so that it does not make the screen ask for
+  // all the rest.
+  void readoutChanged();
+  void centsChanged();
+  void frequencyChanged();
+  void levelChanged();
+  void errorTextChanged();
+  void selectionChanged();
+  void lockChanged();
+  void a4Changed();
+  void playingReferenceChanged();
+
+ private:
+  void published(Field field);
+  void verdictChanged();
+  void updateTunings();
+
+  /// Of the fields that each reading assigns, what the screen was told last.
+  struct Seen {
+    bool heard, inTune;
+    double cents, frequency, signal;
+    std::string noteLabel, octaveLabel, heardSpelling, status;
+    std::optional<std::int64_t> highlightedString;
+  };
+
+  std::shared_ptr<TunerEngine> engine;
+  std::shared_ptr<MicrophonePermission> microphonePermission;
+  std::shared_ptr<UrlOpener> urlOpener;
+  Seen seen;
+  MenuModel tuningMenu;
+  MenuModel concertPitchMenu;
+  MenuModel helpEntriesMenu;
+  StringRowModel stringRow;
+  Spoken inWords{*this};
+  std::shared_ptr<const void> observation;
+};
+
+}  // namespace corvane

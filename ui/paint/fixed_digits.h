@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QtQml/qqmlregistration.h>
+
+#include <QColor>
+#include <QFont>
+#include <QString>
+#include <array>
+#include <optional>
+#include <vector>
+
+#include "ui/paint/vector_item.h"
+
+namespace corvane {
+
+/// One line of text whose digits are all as wide as the widest, so that a changing number does not
+/// make its neighbours dance. For fonts with proportional digits, which the toolkit cannot make
+/// tabular.
+class FixedDigits : public corvane::VectorItem {
+  Q_OBJECT
+  QML_ELEMENT
+  Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
+  Q_PROPERTY(QFont font READ font WRITE setFont NOTIFY textChanged)
+  Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged)
+
+ public:
+  using VectorItem::VectorItem;
+
+  QString text() const { return shown; }
+  void setText(const QString& text);
+  QFont font() const { return drawnIn; }
+  void setFont(const QFont& font);
+  QColor color() const { return ink; }
+  void setColor(const QColor& color);
+
+  void paint(QPainter* painter) const override;
+
+ signals:
+  void textChanged();
+  void colorChanged();
+
+ protected:
+  void componentComplete() override;
+
+ private:
+  struct Place {
+    QString character;
+    double x;
+  };
+
+  void layOut();
+
+  QString shown;
+  QFont drawnIn;
+  QColor ink = Qt::white;
+  /// Of `drawnIn`, once it was needed: to measure ten digits takes longer than to draw a number.
+  std::optional<std::array<double, 10>> digitAdvances;
+  std::vector<Place> places;
+};
+
+}  // namespace corvane

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QtQml/qqmlregistration.h>
+
+#include <QAccessible>
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+#include <optional>
+
+#include "ui/speech/announcer.h"
+
+namespace corvane {
+
+class TunerModel;
+
+/// The tuner in words, for assistive technology: while none listens, nothing is put into words and
+/// nothing is watched. Main thread only.
+class Spoken : public QObject, private QAccessible::ActivationObserver {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("The words come from the tuner.")
+  Q_PROPERTY(bool active READ isActive NOTIFY activeChanged)
+  Q_PROPERTY(QString announcement READ announcement NOTIFY announced)
+  Q_PROPERTY(QString centsMeter READ centsMeter NOTIFY wordsChanged)
+  Q_PROPERTY(QString fineMeter READ fineMeter NOTIFY wordsChanged)
+  Q_PROPERTY(QString level READ level NOTIFY wordsChanged)
+
+ public:
+  /// `tuner` must outlive it.
+  explicit Spoken(const TunerModel& tuner);
+  ~Spoken() override;
+
+  bool isActive() const { return active; }  ///< somebody listens
+  /// What was said last, of what changed. Empty before the first, once what is said stands on the
+  /// screen as well and has been said, and while another program has the keyboard.
+  QString announcement() const { return said; }
+  // What the meters show, no more than half a second ago; empty while nobody listens.
+  QString centsMeter() const { return words.cents; }
+  QString fineMeter() const { return words.fine; }
+  QString level() const { return words.level; }
+
+ signals:
+  void activeChanged();
+  void announced();  ///< also when the announcement is taken back
+  void wordsChanged();
+
+ private:
+  struct Words {
+    QString cents;
+    QString fine;
+    QString level;
+
+    bool operator==(const Words&) const = default;
+  };
+
+  void accessibilityActiveChanged(bool now) override;
+  void watch();
+  void changed();
+  void look();
+  std::optional<Commentary::Time> tell(Commentary::Time now);
+  void fallSilent();
+  void setAnnouncement(const QString& now);
+  Commentary::Situation situation() const;
+  Words current() const;
+  void setWords(Words now);
+
+  const TunerModel& tuner;
+  bool active = false;
+  Commentary commentary;
+  QString said;
+  std::optional<Commentary::Time> takeBackAt;
+  Words words;
+  QElapsedTimer clock;
+  Commentary::Time wordsAt{-1000};  ///< long ago
+  QTimer next;
+};
+
+}  // namespace corvane

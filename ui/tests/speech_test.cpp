@@ -1,0 +1,111 @@
+#include "ui/speech/speech.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QGuiApplication>
+#include <QWindow>
+
+#include "tests/support/eventually.h"
+#include "ui/model/tuner_model.h"
+#include "ui/tests/engine_on_fakes.h"
+
+namespace corvane {
+namespace {
+
+class SpokenTest : public testing::Test, protected EngineOnFakes {
+ protected:
+  SpokenTest() {
+    engine->start();
+    QObject::connect(&spoken, &Spoken::announced, [this] {
+      if (!spoken.announcement().isEmpty()) said.push_back(spoken.announcement().toStdString());
+    });
+    QObject::connect(&spoken, &Spoken::wordsChanged, [this] { ++wordChanges; });
+  }
+
+  ~SpokenTest() override { QAccessible::setActive(false); }
+
+  void goToTheWindow() {
+    window.show();
+    window.requestActivate();
+    EXPECT_TRUE(
+        eventually([] { return QGuiApplication::applicationState() == Qt::ApplicationActive; }));
+  }
+
+  void loseTheMicrophone() {
+    world.input->input = {};
+    engine->stop();
+    engine->start();
+  }
+
+  std::string saidNext() {
+    const std::size_t before = said.size();
+    return eventually([&] { return said.size() > before; }) ? said.back() : "nothing";
+  }
+
+  QWindow window;
+  TunerModel model{engine, world.permission, world.urlOpener};
+  Spoken& spoken = *model.spoken();
+  std::vector<std::string> said;
+  int wordChanges = 0;
+};
+
+TEST_F(SpokenTest, TellsWhoComesLaterOrComesBackWhatIsThere) {
+  goToTheWindow();
+  hearA2(-12.0);
+  for (int visit = 0; visit < 2; ++visit) {
+    const int before = wordChanges;
+    hearA2(-12.0 - visit);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(wordChanges, before) << "nobody listens";
+    QAccessible::setActive(true);
+    EXPECT_EQ(saidNext(), "A2, 12 cents flat");
+    EXPECT_EQ(spoken.centsMeter(), "A2, 12 cents flat");
+    EXPECT_EQ(spoken.fineMeter(), "A2, more than 10 cents flat");
+    EXPECT_EQ(spoken.level(), "60 percent");
+    QAccessible::setActive(false);
+    EXPECT_EQ(spoken.announcement() + spoken.centsMeter(), "");
+  }
+}
+
+TEST_F(SpokenTest, TakesBackWhatCanBeReadOnTheScreen) {
+  goToTheWindow();
+  QAccessible::setActive(true);
+  loseTheMicrophone();
+  EXPECT_EQ(saidNext(), "No microphone is available.");
+  EXPECT_EQ(spoken.announcement(), "No microphone is available.");  // for three seconds
+  EXPECT_TRUE(eventually([this] { return spoken.announcement().isEmpty(); }));
+}
+
+TEST_F(SpokenTest, ChangesTheMetersWordsTwiceASecondAtMost) {
+  QAccessible::setActive(true);
+  const auto begun = std::chrono::steady_clock::now();
+  bool nearer = false;
+  ASSERT_TRUE(eventually([&] {
+    nearer = !nearer;
+    hearA2(nearer ? -30.0 : -45.0);
+    return wordChanges >= 4;
+  }));
+  // A slow machine takes longer; its clocks count whole milliseconds.
+  EXPECT_GE(std::chrono::steady_clock::now() - begun, std::chrono::milliseconds(3 * 500 - 1));
+}
+
+using SpokenDeathTest = SpokenTest;
+
+TEST_F(SpokenDeathTest, SaysNothingUntilTheWindowIsActive) {
+  // In a program of its own, no window of which has been active.
+  const auto test = [this] {
+    QAccessible::setActive(true);
+    // A problem would be said at once, before the words of the meters change.
+    loseTheMicrophone();
+    EXPECT_TRUE(eventually([this] { return wordChanges > 0; }));
+    EXPECT_THAT(said, testing::IsEmpty());
+    goToTheWindow();
+    EXPECT_EQ(saidNext(), "No microphone is available.");
+    std::_Exit(HasFailure() ? 1 : 0);
+  };
+  EXPECT_EXIT(test(), testing::ExitedWithCode(0), "");
+}
+
+}  // namespace
+}  // namespace corvane
