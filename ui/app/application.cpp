@@ -34,7 +34,7 @@ void drawAtOnce() {
 
 }  // namespace
 
-std::unique_ptr<QGuiApplication> openDisplay(int& argc, char** argv) {
+std::unique_ptr<QGuiApplication> openApplication(int& argc, char** argv) {
   drawAtOnce();
   // Nothing of ours is lost when the session ends, and the toolkit waits for the session manager's
   // answer without end.

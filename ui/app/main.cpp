@@ -79,7 +79,7 @@ int main(int argc, char** argv) {
   QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
   QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
 
-  const auto app = openDisplay(argc, argv);
+  const auto app = openApplication(argc, argv);
   const int status = tune();
   // Qt 6.4 on Wayland can wait for its event thread forever when the application is destroyed.
   if (QGuiApplication::platformName().startsWith("wayland")) std::_Exit(status);

@@ -1,12 +1,23 @@
 #include "ui/model/menu_entries.h"
 
+#include <algorithm>
 #include <string>
 
 #include "pitch/pitch_math.h"
-#include "ui/model/controls.h"
+#include "tunings/tuning_library.h"
 #include "ui/model/privacy_policy.h"
 
 namespace corvane {
+
+std::vector<TuningGroup> groupedTunings(Instrument instrument) {
+  std::vector<TuningGroup> groups;
+  for (const Tuning& tuning : TuningLibrary::tunings(instrument)) {
+    auto group = std::ranges::find(groups, tuning.group, &TuningGroup::name);
+    if (group == groups.end()) group = groups.insert(group, {tuning.group, {}});
+    group->tunings.push_back(tuning);
+  }
+  return groups;
+}
 
 std::vector<MenuModel::Entry> tuningEntries(Instrument instrument, std::string_view chosenID) {
   std::vector<MenuModel::Entry> entries;

@@ -1,12 +1,24 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
 #include "tunings/instrument.h"
+#include "tunings/tuning.h"
 #include "ui/model/menu_model.h"
 
 namespace corvane {
+
+/// One section of the tuning menu.
+struct TuningGroup {
+  std::string name;
+  std::vector<Tuning> tunings;
+};
+
+/// The instrument's tunings by their group: groups in the order in which they first occur, tunings
+/// in the library's order.
+std::vector<TuningGroup> groupedTunings(Instrument instrument);
 
 /// The tunings of the instrument in the sections of its groups; the value is the tuning's id.
 std::vector<MenuModel::Entry> tuningEntries(Instrument instrument, std::string_view chosenID);

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "ui/model/controls.h"
+#include "ui/paint/tuner_theme.h"
 
 namespace corvane {
 namespace {

@@ -4,8 +4,9 @@
 
 #include "base/require.h"
 #include "tunings/instrument.h"
-#include "ui/model/controls.h"
+#include "ui/model/concert_pitch.h"
 #include "ui/model/menu_entries.h"
+#include "ui/model/needle.h"
 #include "ui/model/privacy_policy.h"
 #include "ui/model/reading_text.h"
 #include "ui/paint/tuner_theme.h"

@@ -38,7 +38,7 @@ class TunerModel : public QObject {
   Q_PROPERTY(QString hearingText READ hearingText NOTIFY readoutChanged)
   Q_PROPERTY(double level READ level NOTIFY levelChanged)
   Q_PROPERTY(QString errorText READ errorText NOTIFY errorTextChanged)
-  Q_PROPERTY(corvane::Spoken* spoken READ spoken CONSTANT)
+  Q_PROPERTY(corvane::Speech* speech READ speech CONSTANT)
 
   // What the user has chosen.
   Q_PROPERTY(QStringList instruments READ instruments CONSTANT)
@@ -80,7 +80,7 @@ class TunerModel : public QObject {
   QString hearingText() const;
   double level() const { return engine->signal(); }  ///< 0 to 1
   QString errorText() const;                         ///< empty when there is no problem
-  Spoken* spoken() { return &inWords; }
+  Speech* speech() { return &speechItem; }
 
   QStringList instruments() const;
   int instrument() const { return static_cast<int>(engine->instrument()); }
@@ -155,7 +155,7 @@ class TunerModel : public QObject {
   MenuModel concertPitchMenu;
   MenuModel helpEntriesMenu;
   StringRowModel stringRow;
-  Spoken inWords{*this};
+  Speech speechItem{*this};
   std::shared_ptr<const void> observation;
 };
 

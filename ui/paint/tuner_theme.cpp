@@ -40,4 +40,9 @@ QColor needleColor(bool heard, bool inTune, double cents) {
   return cents < 0.0 ? TunerTheme::flat : TunerTheme::sharp;
 }
 
+QColor chipFill(bool /*selected*/, bool hearing, bool inTune) {
+  if (!hearing) return TunerTheme::card;
+  return inTune ? faded(TunerTheme::green, 0.35F) : faded(TunerTheme::gold, 0.16F);
+}
+
 }  // namespace corvane

@@ -64,4 +64,7 @@ class Shades : public QObject {
 /// The colour of the needle, the note and the status.
 QColor needleColor(bool heard, bool inTune, double cents);
 
+/// The fill of a string chip. Being selected shows in its outline only.
+QColor chipFill(bool selected, bool hearing, bool inTune);
+
 }  // namespace corvane

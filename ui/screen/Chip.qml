@@ -11,7 +11,7 @@ PlainButton {
 
     // For assistive technology, while any listens.
     function inWords(...states): string {
-        return row?.tuner.spoken.active ? states.filter(state => state !== "").join(", ") : "";
+        return row?.tuner.speech.active ? states.filter(state => state !== "").join(", ") : "";
     }
 
     readonly property real gap: row?.gap ?? 0

@@ -13,7 +13,7 @@ Card {
         width: parent.width
         tuner: root.tuner
         title: "Cents"
-        words: root.tuner.spoken.centsMeter
+        words: root.tuner.speech.centsMeter
         span: 50
         bar: root.metrics.bar
     }
@@ -22,7 +22,7 @@ Card {
         width: parent.width
         tuner: root.tuner
         title: "Fine"
-        words: root.tuner.spoken.fineMeter
+        words: root.tuner.speech.fineMeter
         span: 10
         bar: root.metrics.bar
     }
@@ -30,6 +30,6 @@ Card {
     LevelBar {
         width: parent.width
         signal: root.tuner.level
-        words: root.tuner.spoken.level
+        words: root.tuner.speech.level
     }
 }

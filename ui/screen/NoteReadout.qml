@@ -17,7 +17,7 @@ Column {
 
         LiveRegion {
             anchors.fill: parent
-            words: root.tuner.spoken.announcement
+            words: root.tuner.speech.announcement
 
             Accessible.role: Accessible.Notification
             Accessible.name: words

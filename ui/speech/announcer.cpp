@@ -28,7 +28,7 @@ constexpr double shareOfWay = 0.25;
 
 }  // namespace
 
-Commentary::Answer Commentary::look(const Situation& now, Time time) {
+Announcer::Answer Announcer::look(const Situation& now, Time time) {
   const Topic topic = topicOf(now);
   const bool isNews = topic.kind != Kind::nothing && (topic != said || hasMoved(now));
   if (topic != current || isNews != wasNews) newsSince = time;
@@ -41,7 +41,7 @@ Commentary::Answer Commentary::look(const Situation& now, Time time) {
   return {.lookAgain = due - time};
 }
 
-Commentary::Topic Commentary::topicOf(const Situation& now) {
+Announcer::Topic Announcer::topicOf(const Situation& now) {
   if (!now.problem.isEmpty()) return {Kind::problem, now.problem};
   if (now.playing) return {};
   if (!now.heard) return {Kind::status, now.status};
@@ -49,7 +49,7 @@ Commentary::Topic Commentary::topicOf(const Situation& now) {
   return {now.cents < 0.0 ? Kind::flat : Kind::sharp, now.note};
 }
 
-Commentary::Time Commentary::settling(Kind next) const {
+Announcer::Time Announcer::settling(Kind next) const {
   if (next == Kind::problem) return 0ms;
   if (next == Kind::status) return intoSilence;
   if (next == Kind::inTune) return intoTune;
@@ -57,13 +57,13 @@ Commentary::Time Commentary::settling(Kind next) const {
 }
 
 /// Within one topic.
-bool Commentary::hasMoved(const Situation& now) const {
+bool Announcer::hasMoved(const Situation& now) const {
   if (said.kind != Kind::flat && said.kind != Kind::sharp) return false;
   const double enough = std::max(leastMove, std::abs(saidCents) * shareOfWay);
   return std::abs(now.cents - saidCents) >= enough;
 }
 
-Commentary::Answer Commentary::say(const Situation& now, Time time) {
+Announcer::Answer Announcer::say(const Situation& now, Time time) {
   wasNews = false;
   said = current;
   saidCents = now.cents;

@@ -9,7 +9,7 @@ namespace corvane {
 /// Chooses what a voice says of the tuner while the readings come, eleven a second, and when: each
 /// change once it has lasted, and of a string that is being turned only what has moved enough to be
 /// worth another sentence. A note that stays in tune is said once. Time comes from outside.
-class Commentary {
+class Announcer {
  public:
   using Time = std::chrono::milliseconds;  ///< since any moment, never backwards
 

@@ -19,7 +19,7 @@ constexpr auto betweenWords = 500ms;
 // A voice asks for the words only after it has been told that there are some.
 constexpr auto untilSaid = 3000ms;
 
-using Time = Commentary::Time;
+using Time = Announcer::Time;
 
 std::optional<Time> sooner(std::optional<Time> one, std::optional<Time> other) {
   return one && other ? std::min(*one, *other) : one ? one : other;
@@ -27,19 +27,19 @@ std::optional<Time> sooner(std::optional<Time> one, std::optional<Time> other) {
 
 }  // namespace
 
-Spoken::Spoken(const TunerModel& shown) : tuner(shown) {
+Speech::Speech(const TunerModel& shown) : tuner(shown) {
   clock.start();
   next.setSingleShot(true);
-  connect(&next, &QTimer::timeout, this, &Spoken::look);
+  connect(&next, &QTimer::timeout, this, &Speech::look);
   QAccessible::installActivationObserver(this);
   accessibilityActiveChanged(QAccessible::isActive());
 }
 
-Spoken::~Spoken() {
+Speech::~Speech() {
   QAccessible::removeActivationObserver(this);
 }
 
-void Spoken::accessibilityActiveChanged(bool now) {
+void Speech::accessibilityActiveChanged(bool now) {
   if (std::exchange(active, now) == now) return;
   if (active) {
     watch();
@@ -54,21 +54,21 @@ void Spoken::accessibilityActiveChanged(bool now) {
   emit activeChanged();
 }
 
-void Spoken::watch() {
-  connect(&tuner, &TunerModel::readoutChanged, this, &Spoken::changed);
-  connect(&tuner, &TunerModel::centsChanged, this, &Spoken::changed);
-  connect(&tuner, &TunerModel::levelChanged, this, &Spoken::changed);
-  connect(&tuner, &TunerModel::errorTextChanged, this, &Spoken::changed);
-  connect(&tuner, &TunerModel::playingReferenceChanged, this, &Spoken::changed);
-  connect(qApp, &QGuiApplication::applicationStateChanged, this, &Spoken::changed);
+void Speech::watch() {
+  connect(&tuner, &TunerModel::readoutChanged, this, &Speech::changed);
+  connect(&tuner, &TunerModel::centsChanged, this, &Speech::changed);
+  connect(&tuner, &TunerModel::levelChanged, this, &Speech::changed);
+  connect(&tuner, &TunerModel::errorTextChanged, this, &Speech::changed);
+  connect(&tuner, &TunerModel::playingReferenceChanged, this, &Speech::changed);
+  connect(qApp, &QGuiApplication::applicationStateChanged, this, &Speech::changed);
 }
 
 /// One reading changes many things one after the other; only what comes out of it is put in words.
-void Spoken::changed() {
+void Speech::changed() {
   if (!next.isActive() || next.intervalAsDuration() > 0ms) next.start(0ms);
 }
 
-void Spoken::look() {
+void Speech::look() {
   const Time now(clock.elapsed());
   std::optional<Time> again;
   // Another program's user is not talked to.
@@ -90,8 +90,8 @@ void Spoken::look() {
 }
 
 /// After which time there is more to be done.
-std::optional<Time> Spoken::tell(Time now) {
-  const Commentary::Answer answer = commentary.look(situation(), now);
+std::optional<Time> Speech::tell(Time now) {
+  const Announcer::Answer answer = announcer.look(situation(), now);
   if (!answer.words.isEmpty()) {
     setAnnouncement(answer.words);
     if (answer.isOnScreen) takeBackAt = now + untilSaid;
@@ -104,19 +104,19 @@ std::optional<Time> Spoken::tell(Time now) {
 }
 
 /// Whoever comes back is told what is there then.
-void Spoken::fallSilent() {
-  commentary = {};
+void Speech::fallSilent() {
+  announcer = {};
   setAnnouncement({});
 }
 
-void Spoken::setAnnouncement(const QString& now) {
+void Speech::setAnnouncement(const QString& now) {
   takeBackAt.reset();
   if (now.isEmpty() && said.isEmpty()) return;
   said = now;
   emit announced();
 }
 
-Commentary::Situation Spoken::situation() const {
+Announcer::Situation Speech::situation() const {
   return {.problem = tuner.errorText(),
           .status = tuner.status(),
           .note = tuner.noteLabel() + tuner.octaveLabel(),
@@ -126,13 +126,13 @@ Commentary::Situation Spoken::situation() const {
           .playing = tuner.playingReference()};
 }
 
-Spoken::Words Spoken::current() const {
-  const Commentary::Situation now = situation();
+Speech::Words Speech::current() const {
+  const Announcer::Situation now = situation();
   return {meterInWords(now.heard, now.note, now.cents, 50.0),
           meterInWords(now.heard, now.note, now.cents, 10.0), levelInWords(tuner.level())};
 }
 
-void Spoken::setWords(Words now) {
+void Speech::setWords(Words now) {
   if (now == words) return;
   words = std::move(now);
   emit wordsChanged();

@@ -16,7 +16,7 @@ class TunerModel;
 
 /// The tuner in words, for assistive technology: while none listens, nothing is put into words and
 /// nothing is watched. Main thread only.
-class Spoken : public QObject, private QAccessible::ActivationObserver {
+class Speech : public QObject, private QAccessible::ActivationObserver {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("The words come from the tuner.")
@@ -28,8 +28,8 @@ class Spoken : public QObject, private QAccessible::ActivationObserver {
 
  public:
   /// `tuner` must outlive it.
-  explicit Spoken(const TunerModel& tuner);
-  ~Spoken() override;
+  explicit Speech(const TunerModel& tuner);
+  ~Speech() override;
 
   bool isActive() const { return active; }  ///< somebody listens
   /// What was said last, of what changed. Empty before the first, once what is said stands on the
@@ -58,21 +58,21 @@ class Spoken : public QObject, private QAccessible::ActivationObserver {
   void watch();
   void changed();
   void look();
-  std::optional<Commentary::Time> tell(Commentary::Time now);
+  std::optional<Announcer::Time> tell(Announcer::Time now);
   void fallSilent();
   void setAnnouncement(const QString& now);
-  Commentary::Situation situation() const;
+  Announcer::Situation situation() const;
   Words current() const;
   void setWords(Words now);
 
   const TunerModel& tuner;
   bool active = false;
-  Commentary commentary;
+  Announcer announcer;
   QString said;
-  std::optional<Commentary::Time> takeBackAt;
+  std::optional<Announcer::Time> takeBackAt;
   Words words;
   QElapsedTimer clock;
-  Commentary::Time wordsAt{-1000};  ///< long ago
+  Announcer::Time wordsAt{-1000};  ///< long ago
   QTimer next;
 };
 

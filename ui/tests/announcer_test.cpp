@@ -13,18 +13,18 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using namespace std::chrono_literals;
 
-/// Readings come at the capture pipeline's rate, and the looks that the commentary asks for.
-class CommentaryTest : public testing::Test {
+/// Readings come at the capture pipeline's rate, and the looks that the announcer asks for.
+class AnnouncerTest : public testing::Test {
  protected:
-  static constexpr Commentary::Time hop = 93ms;  // 4096 samples of 44 100 a second
+  static constexpr Announcer::Time hop = 93ms;  // 4096 samples of 44 100 a second
 
   void look() {
-    const Commentary::Answer answer = commentary.look(shown, now);
+    const Announcer::Answer answer = announcer.look(shown, now);
     if (!answer.words.isEmpty()) said.push_back(answer.words.toStdString());
     wakeUp = answer.lookAgain ? std::optional(now + *answer.lookAgain) : std::nullopt;
   }
 
-  void passTime(Commentary::Time time) {
+  void passTime(Announcer::Time time) {
     const auto end = now + time;
     while (wakeUp && *wakeUp <= end) {
       now = *wakeUp;
@@ -42,13 +42,13 @@ class CommentaryTest : public testing::Test {
     shown.status = "Play a note";
   }
 
-  void hear(const char* note, double cents, Commentary::Time lasting) {
+  void hear(const char* note, double cents, Announcer::Time lasting) {
     show(note, cents);
     for (const auto end = now + lasting; now < end; passTime(hop)) look();
   }
 
   /// To the millisecond, and without another reading.
-  void expectSaidAfter(Commentary::Time time, const char* words) {
+  void expectSaidAfter(Announcer::Time time, const char* words) {
     look();
     passTime(time - 1ms);
     EXPECT_THAT(taken(), IsEmpty()) << words;
@@ -58,18 +58,18 @@ class CommentaryTest : public testing::Test {
 
   std::vector<std::string> taken() { return std::exchange(said, {}); }
 
-  Commentary commentary;
-  Commentary::Situation shown;
-  Commentary::Time now{5000};
-  std::optional<Commentary::Time> wakeUp;
+  Announcer announcer;
+  Announcer::Situation shown;
+  Announcer::Time now{5000};
+  std::optional<Announcer::Time> wakeUp;
   std::vector<std::string> said;
 };
 
-TEST_F(CommentaryTest, SaysEachChangeOnceItHasSettled) {
+TEST_F(AnnouncerTest, SaysEachChangeOnceItHasSettled) {
   struct Change {
     const char* note;
     double cents;
-    Commentary::Time settling;
+    Announcer::Time settling;
     const char* words;
   };
   for (const Change& change :
@@ -84,14 +84,14 @@ TEST_F(CommentaryTest, SaysEachChangeOnceItHasSettled) {
   }
 }
 
-TEST_F(CommentaryTest, SaysNothingForASecondAndAHalfAfterASentence) {
+TEST_F(AnnouncerTest, SaysNothingForASecondAndAHalfAfterASentence) {
   show("E2", -40.0);
   expectSaidAfter(400ms, "E2, 40 cents flat");
   show("A2", 8.0);
   expectSaidAfter(1500ms, "A2, 8 cents sharp");
 }
 
-TEST_F(CommentaryTest, SaysAProblemAtOnceAndOnce) {
+TEST_F(AnnouncerTest, SaysAProblemAtOnceAndOnce) {
   shown.problem = "No microphone is available.";
   look();
   EXPECT_THAT(taken(), ElementsAre("No microphone is available."));
@@ -99,7 +99,7 @@ TEST_F(CommentaryTest, SaysAProblemAtOnceAndOnce) {
   EXPECT_THAT(taken(), IsEmpty());
 }
 
-TEST_F(CommentaryTest, SaysAMoveOfThreeCentsOrAQuarterOfTheWay) {
+TEST_F(AnnouncerTest, SaysAMoveOfThreeCentsOrAQuarterOfTheWay) {
   for (const auto& [first, tooNear, next] :
        {std::tuple(-8.0, -10.99, -11.0), std::tuple(40.0, 30.01, 30.0)}) {
     hear("E2", first, 10s);
@@ -111,13 +111,13 @@ TEST_F(CommentaryTest, SaysAMoveOfThreeCentsOrAQuarterOfTheWay) {
   }
 }
 
-TEST_F(CommentaryTest, SaysOnceWhatWaversWhereItIs) {
+TEST_F(AnnouncerTest, SaysOnceWhatWaversWhereItIs) {
   for (int i = 0; i < 60; ++i) hear("A2", i % 2 == 0 ? 1.5 : -1.5, 1s);
   for (int i = 0; i < 60; ++i) hear("A2", i % 2 == 0 ? -9.0 : -11.0, 1s);
   EXPECT_THAT(taken(), ElementsAre("A2, in tune", "A2, 9 cents flat"));
 }
 
-TEST_F(CommentaryTest, IgnoresWrongReadingsAtAPluck) {
+TEST_F(AnnouncerTest, IgnoresWrongReadingsAtAPluck) {
   hear("G3", 31.0, 2 * hop);
   hear("E2", -28.0, 3s);
   hear("E2", -20.0, 3 * hop);
@@ -125,7 +125,7 @@ TEST_F(CommentaryTest, IgnoresWrongReadingsAtAPluck) {
   EXPECT_THAT(taken(), ElementsAre("E2, 28 cents flat", "E2, 16 cents flat"));
 }
 
-TEST_F(CommentaryTest, SaysOnlyALongSilenceAndTheSameNoteAfterIt) {
+TEST_F(AnnouncerTest, SaysOnlyALongSilenceAndTheSameNoteAfterIt) {
   hear("E2", -12.0, 1s);
   hear(nullptr, 0.0, 1500ms);
   hear("E2", -12.0, 1s);
@@ -135,7 +135,7 @@ TEST_F(CommentaryTest, SaysOnlyALongSilenceAndTheSameNoteAfterIt) {
   EXPECT_THAT(taken(), ElementsAre("Play a note", "E2, 12 cents flat"));
 }
 
-TEST_F(CommentaryTest, DoesNotTalkOverTheReferenceTone) {
+TEST_F(AnnouncerTest, DoesNotTalkOverTheReferenceTone) {
   hear("E2", -12.0, 1s);
   taken();
   show(nullptr);

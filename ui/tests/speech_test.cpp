@@ -17,10 +17,10 @@ class SpokenTest : public testing::Test, protected EngineOnFakes {
  protected:
   SpokenTest() {
     engine->start();
-    QObject::connect(&spoken, &Spoken::announced, [this] {
-      if (!spoken.announcement().isEmpty()) said.push_back(spoken.announcement().toStdString());
+    QObject::connect(&speech, &Speech::announced, [this] {
+      if (!speech.announcement().isEmpty()) said.push_back(speech.announcement().toStdString());
     });
-    QObject::connect(&spoken, &Spoken::wordsChanged, [this] { ++wordChanges; });
+    QObject::connect(&speech, &Speech::wordsChanged, [this] { ++wordChanges; });
   }
 
   ~SpokenTest() override { QAccessible::setActive(false); }
@@ -45,7 +45,7 @@ class SpokenTest : public testing::Test, protected EngineOnFakes {
 
   QWindow window;
   TunerModel model{engine, world.permission, world.urlOpener};
-  Spoken& spoken = *model.spoken();
+  Speech& speech = *model.speech();
   std::vector<std::string> said;
   int wordChanges = 0;
 };
@@ -60,11 +60,11 @@ TEST_F(SpokenTest, TellsWhoComesLaterOrComesBackWhatIsThere) {
     EXPECT_EQ(wordChanges, before) << "nobody listens";
     QAccessible::setActive(true);
     EXPECT_EQ(saidNext(), "A2, 12 cents flat");
-    EXPECT_EQ(spoken.centsMeter(), "A2, 12 cents flat");
-    EXPECT_EQ(spoken.fineMeter(), "A2, more than 10 cents flat");
-    EXPECT_EQ(spoken.level(), "60 percent");
+    EXPECT_EQ(speech.centsMeter(), "A2, 12 cents flat");
+    EXPECT_EQ(speech.fineMeter(), "A2, more than 10 cents flat");
+    EXPECT_EQ(speech.level(), "60 percent");
     QAccessible::setActive(false);
-    EXPECT_EQ(spoken.announcement() + spoken.centsMeter(), "");
+    EXPECT_EQ(speech.announcement() + speech.centsMeter(), "");
   }
 }
 
@@ -73,8 +73,8 @@ TEST_F(SpokenTest, TakesBackWhatCanBeReadOnTheScreen) {
   QAccessible::setActive(true);
   loseTheMicrophone();
   EXPECT_EQ(saidNext(), "No microphone is available.");
-  EXPECT_EQ(spoken.announcement(), "No microphone is available.");  // for three seconds
-  EXPECT_TRUE(eventually([this] { return spoken.announcement().isEmpty(); }));
+  EXPECT_EQ(speech.announcement(), "No microphone is available.");  // for three seconds
+  EXPECT_TRUE(eventually([this] { return speech.announcement().isEmpty(); }));
 }
 
 TEST_F(SpokenTest, ChangesTheMetersWordsTwiceASecondAtMost) {

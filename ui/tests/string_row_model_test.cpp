@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "ui/model/controls.h"
 #include "ui/paint/tuner_theme.h"
 #include "ui/tests/engine_on_fakes.h"
 

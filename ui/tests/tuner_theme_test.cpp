@@ -5,6 +5,11 @@
 namespace corvane {
 namespace {
 
+QColor withOpacity(QColor color, float opacity) {
+  color.setAlphaF(opacity);
+  return color;
+}
+
 void expectColor(const QColor& color, float red, float green, float blue, float opacity) {
   // Qt keeps 16 bits a channel.
   constexpr float step = 1.0F / 65535.0F;
@@ -45,6 +50,15 @@ TEST(NeedleColor, IsMutedWhileNothingIsHeardAndElseShowsTheVerdict) {
 
 TEST(NeedleColor, IsSharpAtExactlyZeroWhenNotInTune) {
   EXPECT_EQ(needleColor(true, false, 0.0), TunerTheme::sharp);
+}
+
+TEST(ChipFill, DependsOnHearingAndTheVerdictButNotOnTheSelection) {
+  for (const bool selected : {false, true}) {
+    EXPECT_EQ(chipFill(selected, false, false), TunerTheme::card);
+    EXPECT_EQ(chipFill(selected, false, true), TunerTheme::card);
+    EXPECT_EQ(chipFill(selected, true, true), withOpacity(TunerTheme::green, 0.35F));
+    EXPECT_EQ(chipFill(selected, true, false), withOpacity(TunerTheme::gold, 0.16F));
+  }
 }
 
 }  // namespace

@@ -1,50 +1,12 @@
-#include "ui/model/controls.h"
+#include "ui/model/needle.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <limits>
 #include <ostream>
 
-#include "ui/paint/tuner_theme.h"
-
 namespace corvane {
 namespace {
-
-QColor withOpacity(QColor color, float opacity) {
-  color.setAlphaF(opacity);
-  return color;
-}
-
-TEST(WholeHertz, RoundsHalvesAwayFromZero) {
-  EXPECT_EQ(wholeHertz(432.5), 433);
-  EXPECT_EQ(wholeHertz(432.49), 432);
-}
-
-TEST(ConcertPitch, OfAPresetIsItsNumberAndItsName) {
-  EXPECT_EQ(concertPitchTitle(440.0), "440  Modern");
-  EXPECT_EQ(concertPitchTitle(414.6), "415  Baroque");
-}
-
-TEST(ConcertPitch, Of431Point6IsThePlainNumber432AndThatQuickPitch) {
-  EXPECT_EQ(concertPitchTitle(431.6), "432");
-  EXPECT_EQ(wholeHertz(431.6), 432);
-  EXPECT_THAT(quickPitches, testing::Contains(432));
-}
-
-TEST(ConcertPitch, Of441IsCustomAndNoQuickPitch) {
-  EXPECT_EQ(concertPitchTitle(441.0), "Custom");
-  EXPECT_THAT(quickPitches, testing::Not(testing::Contains(wholeHertz(441.0))));
-}
-
-TEST(ChipFill, DependsOnHearingAndTheVerdictButNotOnTheSelection) {
-  for (const bool selected : {false, true}) {
-    EXPECT_EQ(chipFill(selected, false, false), TunerTheme::card);
-    EXPECT_EQ(chipFill(selected, false, true), TunerTheme::card);
-    EXPECT_EQ(chipFill(selected, true, true), withOpacity(TunerTheme::green, 0.35F));
-    EXPECT_EQ(chipFill(selected, true, false), withOpacity(TunerTheme::gold, 0.16F));
-  }
-}
 
 TEST(NeedleCentre, Of12Point34CentsFlatIsOnTheCentsBarAndPinnedOnTheFineBar) {
   EXPECT_DOUBLE_EQ(needleCentre(500, 16, 50, -12.34), 0.3766 * 500);
