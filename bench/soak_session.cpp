@@ -75,7 +75,7 @@ void Session::chooseSomething() {
 }
 
 void Session::chooseTuning() {
-  const auto& table = TuningLibrary::tunings(engine->instrument());
+  const auto& table = TuningLibrary::tunings(engine->state().instrument);
   engine->setTuningID(table[below(static_cast<std::uint32_t>(table.size()))].id);
 }
 
@@ -85,7 +85,7 @@ double Session::someTarget() {
   const std::int64_t midi = strings.empty()
                                 ? 24 + static_cast<std::int64_t>(below(80))
                                 : strings[below(static_cast<std::uint32_t>(strings.size()))].midi;
-  return targetFrequency(midi, engine->a4()) * std::exp2((below(101) - 50.0) / 1200.0);
+  return targetFrequency(midi, engine->state().a4) * std::exp2((below(101) - 50.0) / 1200.0);
 }
 
 signals::Samples Session::someSound() {
@@ -144,15 +144,15 @@ void Session::forget() {
 }
 
 Shown Session::shown() const {
-  const std::string texts = engine->noteLabel() + '\t' + engine->octaveLabel() + '\t' +
-                            engine->heardSpelling() + '\t' + engine->status();
-  return {bits(engine->frequency()),
-          bits(engine->cents()),
-          bits(engine->signal()),
+  const std::string texts = engine->state().noteLabel + '\t' + engine->state().octaveLabel + '\t' +
+                            engine->state().heardSpelling + '\t' + engine->state().status;
+  return {bits(engine->state().frequency),
+          bits(engine->state().cents),
+          bits(engine->state().signal),
           std::hash<std::string>{}(texts),
-          engine->highlightedString(),
-          engine->heard(),
-          engine->inTune()};
+          engine->state().highlightedString,
+          engine->state().heard,
+          engine->state().inTune};
 }
 
 }  // namespace corvane::soak

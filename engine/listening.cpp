@@ -36,8 +36,9 @@ AudioFormat tapFormat(const AudioInput& input) {
 }  // namespace
 
 void TunerEngine::start() {
+  const Call call(*this);
   listenIfAllowed();
-  if (heard() && !listening()) hearSilence();
+  if (current.heard && !current.listening) hearSilence();
 }
 
 /// What was heard before the last stop is not heard now, and it may take long until something is,
@@ -58,12 +59,12 @@ void TunerEngine::listenIfAllowed() {
       return;
     case RecordPermission::granted:
       requestingMic = false;
-      micAllowed = true;
-      errorText = std::nullopt;
+      current.micAllowed = true;
+      current.errorText = std::nullopt;
       if (!platform.audioInput->isRunning()) startEngine();
       return;
     case RecordPermission::unknown:
-      errorText = askText;
+      current.errorText = askText;
       return;
   }
 }
@@ -71,7 +72,7 @@ void TunerEngine::listenIfAllowed() {
 void TunerEngine::requestMicrophone() {
   if (requestingMic) return;
   requestingMic = true;
-  errorText = std::nullopt;
+  current.errorText = std::nullopt;
   platform.microphonePermission->requestRecordPermission(
       [weak = weak_from_this(), queue = platform.mainQueue](bool granted) {
         queue->async([weak, granted] {
@@ -81,26 +82,27 @@ void TunerEngine::requestMicrophone() {
 }
 
 void TunerEngine::microphoneAnswered(bool granted) {
+  const Call call(*this);
   requestingMic = false;
   // Read again: the user may have answered in the system's settings meanwhile.
   const RecordPermission permission = platform.microphonePermission->recordPermission();
   if (granted || permission == RecordPermission::granted) {
-    micAllowed = true;
-    errorText = std::nullopt;
+    current.micAllowed = true;
+    current.errorText = std::nullopt;
     startEngine();
   } else if (permission == RecordPermission::denied) {
     showMicrophoneDenied();
   } else {
-    errorText = askText;
+    current.errorText = askText;
   }
 }
 
 /// What records goes on by itself when it is allowed again, which nobody would see.
 void TunerEngine::showMicrophoneDenied() {
   if (platform.audioInput->isRunning()) platform.audioInput->stop();
-  micAllowed = false;
-  listening = false;
-  errorText = deniedText;
+  current.micAllowed = false;
+  current.listening = false;
+  current.errorText = deniedText;
 }
 
 void TunerEngine::startEngine() {
@@ -112,8 +114,8 @@ void TunerEngine::startEngine() {
 
   const AudioFormat format = tapFormat(input);
   if (!hasSound(format)) {
-    errorText = noMicrophoneText;
-    listening = false;
+    current.errorText = noMicrophoneText;
+    current.listening = false;
     return;
   }
   toneFormat = AudioFormat{format.sampleRate, 1};
@@ -131,22 +133,24 @@ void TunerEngine::startEngine() {
 }
 
 void TunerEngine::captureStarted(bool success) {
+  const Call call(*this);
   if (success) {
-    listening = true;
-    errorText = std::nullopt;
+    current.listening = true;
+    current.errorText = std::nullopt;
   } else if (platform.microphonePermission->recordPermission() == RecordPermission::denied) {
     showMicrophoneDenied();  // Some systems say so only now.
   } else {
-    errorText = notStartedText;
-    listening = false;
+    current.errorText = notStartedText;
+    current.listening = false;
   }
 }
 
 void TunerEngine::stop() {
+  const Call call(*this);
   platform.audioInput->stop();
   platform.audioInput->reset();
-  listening = false;
-  playingReference = false;
+  current.listening = false;
+  current.playingReference = false;
   capture->reset();
 }
 

@@ -1,7 +1,5 @@
 #include "engine/observers.h"
 
-#include <cstddef>
-
 namespace corvane {
 
 std::shared_ptr<const void> Observers::add(Observer observer) {
@@ -10,15 +8,11 @@ std::shared_ptr<const void> Observers::add(Observer observer) {
   return handle;
 }
 
-void Observers::notify(Field field) {
-  ++notifying;
-  // By index: an observer may add another one, which moves the list.
-  for (std::size_t i = 0; i < observers.size(); ++i) {
-    if (const auto observer = observers[i].lock()) (*observer)(field);
-  }
-  // Not while an outer call walks the list.
-  if (--notifying == 0) {
-    std::erase_if(observers, [](const auto& known) { return known.expired(); });
+void Observers::notify(const DisplayState& before, const DisplayState& now) {
+  std::erase_if(observers, [](const auto& known) { return known.expired(); });
+  // A copy, because an observer may add another one.
+  for (const auto& known : std::vector(observers)) {
+    if (const auto observer = known.lock()) (*observer)(before, now);
   }
 }
 

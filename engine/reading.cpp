@@ -23,6 +23,7 @@ double median(std::vector<double> values) {
 }  // namespace
 
 void TunerEngine::apply(const std::optional<PitchDetector::Reading>& reading) {
+  const Call call(*this);
   if (platform.clock->now() < suppressUntil) {
     suppressReading();
   } else if (reading && reading->confidence >= acceptedConfidence) {
@@ -33,56 +34,52 @@ void TunerEngine::apply(const std::optional<PitchDetector::Reading>& reading) {
 }
 
 void TunerEngine::suppressReading() {
-  status = playingReference() ? "Playing reference" : "Play a note";
-  heard = false;
-  inTune = false;
+  current.status = current.playingReference ? "Playing reference" : "Play a note";
+  current.heard = false;
+  current.inTune = false;
 }
 
 void TunerEngine::acceptReading(const PitchDetector::Reading& reading) {
-  signal = std::min(static_cast<double>(reading.rms) * 12.0, 1.0);
+  current.signal = std::min(static_cast<double>(reading.rms) * 12.0, 1.0);
   const double smoothed = smooth(reading.frequency);
-  frequency = smoothed;
-  heard = true;
-  const auto note = PitchMath::describe(smoothed, a4());
+  current.frequency = smoothed;
+  current.heard = true;
+  const auto note = PitchMath::describe(smoothed, current.a4);
   if (!note) return;
-  heardSpelling = note->name + std::to_string(note->octave);
+  current.heardSpelling = note->name + std::to_string(note->octave);
   showTarget(smoothed, *note);
   showVerdict();
 }
 
 void TunerEngine::showTarget(double smoothed, const PitchMath::Note& note) {
-  if (instrument() == Instrument::piano || tuning().strings.empty()) {
-    highlightedString = std::nullopt;
-    noteLabel = note.name;
-    octaveLabel = std::to_string(note.octave);
-    cents = note.cents;
+  if (current.instrument == Instrument::piano || tuning().strings.empty()) {
+    current.highlightedString = std::nullopt;
+    current.noteLabel = note.name;
+    current.octaveLabel = std::to_string(note.octave);
+    current.cents = note.cents;
     return;
   }
-  const auto position = lockedStringIndex() ? lockedStringIndex() : nearestString(smoothed);
-  highlightedString = position;
+  const auto position =
+      current.lockedStringIndex ? current.lockedStringIndex : nearestString(smoothed);
+  current.highlightedString = position;
   const GuitarString& string = stringAt(*position);
-  noteLabel = string.label;
-  octaveLabel = std::to_string(string.midi / 12 - 1);
-  cents = centsBetween(smoothed, targetFrequency(string.midi, a4()));
+  current.noteLabel = string.label;
+  current.octaveLabel = std::to_string(string.midi / 12 - 1);
+  current.cents = centsBetween(smoothed, targetFrequency(string.midi, current.a4));
 }
 
 void TunerEngine::showVerdict() {
-  if (isInTune(cents())) {
-    inTune = true;
-    status = "In tune";
-    return;
-  }
-  inTune = false;
-  status = cents() < 0.0 ? "Flat" : "Sharp";
+  current.inTune = isInTune(current.cents);
+  current.status = current.inTune ? "In tune" : current.cents < 0.0 ? "Flat" : "Sharp";
 }
 
 void TunerEngine::fallSilent() {
-  const double decayed = signal() * 0.6;
-  signal = decayed >= 0.0 ? decayed : 0.0;
-  heard = false;
-  inTune = false;
-  status = listening() ? "Play a note" : "Microphone off";
-  highlightedString = lockedStringIndex();
+  const double decayed = current.signal * 0.6;
+  current.signal = decayed >= 0.0 ? decayed : 0.0;
+  current.heard = false;
+  current.inTune = false;
+  current.status = current.listening ? "Play a note" : "Microphone off";
+  current.highlightedString = current.lockedStringIndex;
 }
 
 /// Against the newest raw value, not the last median: a new note must not wait for old ones to
@@ -99,7 +96,7 @@ std::optional<std::int64_t> TunerEngine::nearestString(double heardFrequency) co
   double smallest = 0.0;
   for (const GuitarString& string : tuning().strings) {
     const double distance =
-        std::abs(centsBetween(heardFrequency, targetFrequency(string.midi, a4())));
+        std::abs(centsBetween(heardFrequency, targetFrequency(string.midi, current.a4)));
     if (nearest != nullptr && !(distance < smallest)) continue;
     nearest = &string;
     smallest = distance;

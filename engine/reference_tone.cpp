@@ -16,12 +16,14 @@ constexpr auto suppression = std::chrono::milliseconds(1350);
 
 double TunerEngine::referenceFrequency() const {
   const auto count = static_cast<std::int64_t>(tuning().strings.size());
-  if (instrument() != Instrument::piano && count > 0) {
-    const auto chosen = lockedStringIndex() ? lockedStringIndex() : highlightedString();
-    return targetFrequency(stringAt(chosen.value_or(defaultString(count))).midi, a4());
+  if (current.instrument != Instrument::piano && count > 0) {
+    const auto chosen =
+        current.lockedStringIndex ? current.lockedStringIndex : current.highlightedString;
+    return targetFrequency(stringAt(chosen.value_or(defaultString(count))).midi, current.a4);
   }
-  const auto note = heard() ? PitchMath::describe(frequency(), a4()) : std::nullopt;
-  return note ? targetFrequency(note->midi, a4()) : a4();
+  const auto note =
+      current.heard ? PitchMath::describe(current.frequency, current.a4) : std::nullopt;
+  return note ? targetFrequency(note->midi, current.a4) : current.a4;
 }
 
 bool TunerEngine::prepareToneEngine(double sampleRate) {
@@ -31,19 +33,24 @@ bool TunerEngine::prepareToneEngine(double sampleRate) {
 }
 
 void TunerEngine::playReference() {
+  const Call call(*this);
   const double hertz = referenceFrequency();
   if (!(hertz > 0.0)) return;
   if (!prepareToneEngine(toneSampleRate)) return;
 
   suppressUntil = platform.clock->now() + suppression;
-  playingReference = true;
+  current.playingReference = true;
   platform.audioOutput->play(toneBuffer(hertz, toneSampleRate),
                              [weak = weak_from_this(), queue = platform.mainQueue] {
                                queue->async([weak] {
-                                 if (const auto engine = weak.lock())
-                                   engine->playingReference = false;
+                                 if (const auto engine = weak.lock()) engine->referenceEnded();
                                });
                              });
+}
+
+void TunerEngine::referenceEnded() {
+  const Call call(*this);
+  current.playingReference = false;
 }
 
 }  // namespace corvane

@@ -1,5 +1,3 @@
-#include <utility>
-
 #include "engine/tuner_engine.h"
 #include "tunings/tuning_library.h"
 
@@ -30,7 +28,7 @@ double storedA4(const Preferences& preferences) {
   return lowestA4 <= hertz && hertz <= highestA4 ? hertz : defaultA4;
 }
 
-/// What is not a number becomes the lowest pitch, so that it cannot travel on.
+/// NaN becomes the lowest pitch.
 double clampedA4(double hertz) {
   const double raised = hertz > lowestA4 ? hertz : lowestA4;
   return raised > highestA4 ? highestA4 : raised;
@@ -38,81 +36,67 @@ double clampedA4(double hertz) {
 
 }  // namespace
 
-std::shared_ptr<TunerEngine> TunerEngine::create(Platform platform,
-                                                 std::shared_ptr<PitchCapture> capture) {
-  return std::shared_ptr<TunerEngine>(new TunerEngine(std::move(platform), std::move(capture)));
-}
-
-TunerEngine::TunerEngine(Platform outside, std::shared_ptr<PitchCapture> pipeline)
-    : instrument(observers, Field::instrument, storedInstrument(*outside.preferences)),
-      tuningID(observers, Field::tuningID, storedTuningID(*outside.preferences, instrument())),
-      a4(observers, Field::a4, storedA4(*outside.preferences)),
-      leftHanded(observers, Field::leftHanded,
-                 outside.preferences->boolean(leftKey).value_or(false)),
-      platform(std::move(outside)),
-      capture(std::move(pipeline)) {
-  persist();
-}
-
-TunerEngine::~TunerEngine() {
-  platform.audioInput->stop();
-}
-
-std::shared_ptr<const void> TunerEngine::observe(Observers::Observer observer) {
-  return observers.add(std::move(observer));
-}
-
-const Tuning& TunerEngine::tuning() const {
-  return TuningLibrary::resolve(instrument(), tuningID());
+DisplayState TunerEngine::stored(const Preferences& preferences) {
+  DisplayState state;
+  state.instrument = storedInstrument(preferences);
+  state.tuningID = storedTuningID(preferences, state.instrument);
+  state.a4 = storedA4(preferences);
+  state.leftHanded = preferences.boolean(leftKey).value_or(false);
+  return state;
 }
 
 void TunerEngine::setInstrument(Instrument next) {
-  instrument = next;
+  const Call call(*this);
+  current.instrument = next;
   persist();
   adoptTuningIfNeeded();
 }
 
 void TunerEngine::setTuningID(const std::string& next) {
-  tuningID = next;
+  const Call call(*this);
+  current.tuningID = next;
   persist();
-  lockedStringIndex = std::nullopt;
+  current.lockedStringIndex = std::nullopt;
   dropForeignHighlight();
 }
 
 void TunerEngine::setA4(double hertz) {
-  a4 = hertz;
-  const double clamped = clampedA4(hertz);
-  if (clamped != hertz) return setA4(clamped);
+  const Call call(*this);
+  current.a4 = clampedA4(hertz);
   persist();
 }
 
 void TunerEngine::setLeftHanded(bool next) {
-  leftHanded = next;
+  const Call call(*this);
+  current.leftHanded = next;
   persist();
 }
 
 void TunerEngine::setLockedStringIndex(std::optional<std::int64_t> index) {
-  lockedStringIndex = index;
+  const Call call(*this);
+  current.lockedStringIndex = index;
 }
 
 void TunerEngine::persist() {
   Preferences& preferences = *platform.preferences;
-  preferences.setString(instrumentKey, rawValue(instrument()));
-  preferences.setString(tuningKey, tuningID());
-  preferences.setNumber(a4Key, a4());
-  preferences.setBoolean(leftKey, leftHanded());
+  preferences.setString(instrumentKey, rawValue(current.instrument));
+  preferences.setString(tuningKey, current.tuningID);
+  preferences.setNumber(a4Key, current.a4);
+  preferences.setBoolean(leftKey, current.leftHanded);
 }
 
 /// The last highlight may be of a tuning with more strings, and the reference tone reads it before
 /// the next reading renews it.
 void TunerEngine::dropForeignHighlight() {
-  if (highlightedString() && !isString(*highlightedString())) highlightedString = std::nullopt;
+  if (current.highlightedString && !isString(*current.highlightedString))
+    current.highlightedString = std::nullopt;
 }
 
 /// The smoothing of the instrument before must not leak into this one.
 void TunerEngine::adoptTuningIfNeeded() {
-  if (TuningLibrary::find(instrument(), tuningID()) == nullptr) setTuningID(tuning().id);
-  lockedStringIndex = std::nullopt;
+  if (TuningLibrary::find(current.instrument, current.tuningID) == nullptr)
+    setTuningID(tuning().id);
+  current.lockedStringIndex = std::nullopt;
   dropForeignHighlight();
   history.clear();
 }

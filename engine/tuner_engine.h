@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/display_state.h"
 #include "engine/observers.h"
 #include "pitch/pitch_capture.h"
 #include "pitch/pitch_detector.h"
@@ -36,15 +37,8 @@ struct Platform {
 };
 
 /// The tuner itself: owns the user's selection, turns readings into what the screen shows, and
-/// decides when to listen and to play. One for the life of the program; main thread only. Every
-/// published field is read by calling it, `engine->status()`, and observed through `observe`.
+/// decides when to listen and to play. One for the life of the program; main thread only.
 class TunerEngine : public std::enable_shared_from_this<TunerEngine> {
-  template <class T>
-  using Value = Published<TunerEngine, T>;
-
-  /// First, so that it is there before the fields that publish through it.
-  Observers observers;
-
  public:
   /// Reads the four preferences, replaces what is not valid in them and saves them back once.
   /// Starts nothing.
@@ -54,53 +48,26 @@ class TunerEngine : public std::enable_shared_from_this<TunerEngine> {
   TunerEngine(const TunerEngine&) = delete;
   TunerEngine& operator=(const TunerEngine&) = delete;
 
-  // The user's selection, changed by the setters below.
-  Value<Instrument> instrument;
-  Value<std::string> tuningID;
-  Value<double> a4;  ///< Hz, 377 to 560
-  Value<bool> leftHanded;
-  /// The string, as a position in the current tuning, that the user has pinned.
-  Value<std::optional<std::int64_t>> lockedStringIndex{observers, Field::lockedStringIndex, {}};
+  const DisplayState& state() const { return current; }
 
-  // What is heard.
-  Value<bool> listening{observers, Field::listening, false};
-  Value<bool> micAllowed{observers, Field::micAllowed, false};
-  Value<bool> heard{observers, Field::heard, false};    ///< the last reading was accepted
-  Value<bool> inTune{observers, Field::inTune, false};  ///< within 5 cents of the target
-  /// Deviation from the target, negative is flat. Held while nothing is heard.
-  Value<double> cents{observers, Field::cents, 0.0};
-  /// Hz, smoothed. Held while nothing is heard.
-  Value<double> frequency{observers, Field::frequency, 0.0};
-  /// The target's name: the string's label or, on the piano, the note's name.
-  Value<std::string> noteLabel{observers, Field::noteLabel, "—"};
-  Value<std::string> octaveLabel{observers, Field::octaveLabel, ""};
-  /// Name and octave of the equal-tempered note nearest to what is heard.
-  Value<std::string> heardSpelling{observers, Field::heardSpelling, ""};
-  Value<double> signal{observers, Field::signal, 0.0};  ///< input level, 0 to 1
-  /// The string, as a position in the current tuning, that is being tuned.
-  Value<std::optional<std::int64_t>> highlightedString{observers, Field::highlightedString, {}};
-  Value<std::string> status{observers, Field::status, "Play a note"};
-  /// Why the microphone is not heard, in words for the user.
-  Value<std::optional<std::string>> errorText{observers, Field::errorText, {}};
-  Value<bool> playingReference{observers, Field::playingReference, false};
-
-  /// `observer` is told of every assignment to a published field while the handle lives.
+  /// While the handle lives, `observer` is called once at the end of each call into the engine that
+  /// has changed the state.
   [[nodiscard]] std::shared_ptr<const void> observe(Observers::Observer observer);
 
   /// The tuning that `tuningID` names for this instrument, or the instrument's first.
   const Tuning& tuning() const;
 
-  // The setters save all four preferences.
+  // These setters save all four preferences.
   void setInstrument(Instrument next);  ///< adopts a valid tuning, clears lock and smoothing
-  void setTuningID(
-      const std::string& next);  ///< clears the lock, and a highlight it has no string for
-  void setA4(double hertz);      ///< clamped to 377 ... 560
+  /// Clears the lock, and the highlight if the tuning has no such string.
+  void setTuningID(const std::string& next);
+  void setA4(double hertz);  ///< clamped to 377 ... 560
   void setLeftHanded(bool next);
   /// A position in the current tuning, or nothing for automatic choice. Not saved.
   void setLockedStringIndex(std::optional<std::int64_t> index);
 
-  /// Listens if it may, asks for the microphone if nobody did yet. Safe to repeat. Unless it
-  /// listens at once, a note from before is soon no longer shown as heard.
+  /// Listens if it may, and requests the microphone if nobody did yet. Idempotent. Unless it
+  /// listens at once, a note from before fades within a second.
   void start();
   void stop();
   /// Forgets that a request is outstanding, so that the next `start` may ask again.
@@ -108,12 +75,29 @@ class TunerEngine : public std::enable_shared_from_this<TunerEngine> {
   /// Opens the system's microphone privacy settings, where the desktop has them.
   void openMicSettings();
 
-  /// Plays a second of the target's pitch and ignores what is heard meanwhile. Does nothing when
-  /// there is nothing to play it on.
+  /// Plays a second of the target's pitch and ignores what is heard meanwhile. No effect without
+  /// an output device.
   void playReference();
 
  private:
   friend class ApplySink;
+
+  /// Lives as long as a call into the engine; its end notifies the observers of what the call has
+  /// changed, unless the call is part of another one.
+  class Call {
+   public:
+    explicit Call(TunerEngine& called) : engine(called), before(called.current) { ++engine.calls; }
+    ~Call() {
+      if (--engine.calls > 0 || before == engine.current) return;
+      engine.observers.notify(before, engine.current);
+    }
+    Call(const Call&) = delete;
+    Call& operator=(const Call&) = delete;
+
+   private:
+    TunerEngine& engine;
+    const DisplayState before;
+  };
 
   TunerEngine(Platform platform, std::shared_ptr<PitchCapture> capture);
 
@@ -130,6 +114,7 @@ class TunerEngine : public std::enable_shared_from_this<TunerEngine> {
   const GuitarString& stringAt(std::int64_t index) const;
 
   // settings.cpp
+  static DisplayState stored(const Preferences& preferences);
   void persist();
   void adoptTuningIfNeeded();
   void dropForeignHighlight();
@@ -144,11 +129,15 @@ class TunerEngine : public std::enable_shared_from_this<TunerEngine> {
   void captureStarted(bool success);
 
   // reference_tone.cpp
+  void referenceEnded();
   double referenceFrequency() const;
   bool prepareToneEngine(double sampleRate);
 
   Platform platform;
   std::shared_ptr<PitchCapture> capture;
+  DisplayState current;
+  Observers observers;
+  int calls = 0;                         ///< nested calls into the engine
   std::shared_ptr<ApplySink> applySink;  ///< of the current run of capture
   bool requestingMic = false;
   bool toneReady = false;

@@ -73,7 +73,7 @@ void EngineSession::deliverReading() {
 }
 
 void EngineSession::runMainThread() {
-  const double before = engine->frequency();
+  const double before = engine->state().frequency;
   const std::vector<Reading> applied = std::exchange(inFlight, {});
   world.mainQueue->runAll();
   checkApplied(applied, before);

@@ -76,8 +76,8 @@ void EngineSession::launch() {
   raw.clear();
   quietUntil = Clock::Time::min();
   // As the window does: an answer that comes when it has gone must not leave us listening.
-  hiding = engine->observe([this](Field field) {
-    if (field == Field::listening && engine->listening() && !onScreen) engine->stop();
+  hiding = engine->observe([this](const DisplayState&, const DisplayState&) {
+    if (engine->state().listening && !onScreen) engine->stop();
   });
 }
 
@@ -119,7 +119,8 @@ void EngineSession::checkApplied(const std::vector<Reading>& applied, double exp
     if (world.clock->time < quietUntil) continue;
     if (reading && reading->confidence >= 0.82) expected = smoothed(reading->frequency);
   }
-  require(sameBits(engine->frequency(), expected), "the frequency is the smoothed one, or held");
+  require(sameBits(engine->state().frequency, expected),
+          "the frequency is the smoothed one, or held");
 }
 
 void EngineSession::checkPositions() const {
@@ -127,38 +128,42 @@ void EngineSession::checkPositions() const {
   const auto isPosition = [&](const std::optional<std::int64_t>& position) {
     return !position || (*position >= 0 && *position < count);
   };
-  require(isPosition(engine->lockedStringIndex()), "the locked string is one of the tuning's");
-  require(isPosition(engine->highlightedString()), "so is the highlighted one");
+  require(isPosition(engine->state().lockedStringIndex),
+          "the locked string is one of the tuning's");
+  require(isPosition(engine->state().highlightedString), "so is the highlighted one");
   for (std::int64_t i = 0; i < count; ++i) {
     require(engine->tuning().strings[static_cast<std::size_t>(i)].index == i, "index is position");
   }
 }
 
 void EngineSession::checkDisplay() const {
-  require(engine->a4() >= 377.0 && engine->a4() <= 560.0, "the concert pitch is in range");
-  require(engine->signal() >= 0.0 && engine->signal() <= 1.0, "the level is 0 to 1");
-  require(std::isfinite(engine->cents()), "the deviation is a number");
-  require(engine->heard() || !engine->inTune(), "nothing is in tune that is not heard");
-  require(!engine->inTune() || std::abs(engine->cents()) <= 5.0, "in tune is within 5 cents");
-  require(!engine->listening() || world.input->running, "listening means that sound is expected");
-  require(onScreen || !engine->listening(), "nobody listens behind the user's back");
+  require(engine->state().a4 >= 377.0 && engine->state().a4 <= 560.0,
+          "the concert pitch is in range");
+  require(engine->state().signal >= 0.0 && engine->state().signal <= 1.0, "the level is 0 to 1");
+  require(std::isfinite(engine->state().cents), "the deviation is a number");
+  require(engine->state().heard || !engine->state().inTune, "nothing is in tune that is not heard");
+  require(!engine->state().inTune || std::abs(engine->state().cents) <= 5.0,
+          "in tune is within 5 cents");
+  require(!engine->state().listening || world.input->running,
+          "listening means that sound is expected");
+  require(onScreen || !engine->state().listening, "nobody listens behind the user's back");
 }
 
 void EngineSession::checkTexts() const {
-  require(isOneOf(statuses, engine->status()), "the status is one of six");
-  require(!engine->errorText() || isOneOf(errors, *engine->errorText()),
+  require(isOneOf(statuses, engine->state().status), "the status is one of six");
+  require(!engine->state().errorText || isOneOf(errors, *engine->state().errorText),
           "the error is one of four");
-  require(!engine->noteLabel().empty(), "a note or a dash is shown");
+  require(!engine->state().noteLabel.empty(), "a note or a dash is shown");
 }
 
 void EngineSession::checkSaved() const {
   using Value = fakes::MemoryPreferences::Value;
   const auto& saved = world.preferences->values;
-  require(saved.at("tuner.instrument") == Value(std::string(rawValue(engine->instrument()))),
+  require(saved.at("tuner.instrument") == Value(std::string(rawValue(engine->state().instrument))),
           "the instrument is saved");
-  require(saved.at("tuner.tuning") == Value(engine->tuningID()), "the tuning is saved");
-  require(saved.at("tuner.a4") == Value(engine->a4()), "the concert pitch is saved");
-  require(saved.at("tuner.left") == Value(engine->leftHanded()), "the hand is saved");
+  require(saved.at("tuner.tuning") == Value(engine->state().tuningID), "the tuning is saved");
+  require(saved.at("tuner.a4") == Value(engine->state().a4), "the concert pitch is saved");
+  require(saved.at("tuner.left") == Value(engine->state().leftHanded), "the hand is saved");
 }
 
 }  // namespace corvane::fuzz

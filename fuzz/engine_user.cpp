@@ -39,7 +39,7 @@ void EngineSession::chooseInstrument() {
 void EngineSession::chooseTuning() {
   const std::size_t which = input.below(8);
   if (which == 0) return engine->setTuningID(input.text(16));
-  const Instrument instrument = which < 4 ? allInstruments[which - 1] : engine->instrument();
+  const Instrument instrument = which < 4 ? allInstruments[which - 1] : engine->state().instrument;
   const auto& table = TuningLibrary::tunings(instrument);
   engine->setTuningID(table[input.below(table.size())].id);
 }
@@ -64,7 +64,7 @@ void EngineSession::start() {
 
 void EngineSession::stop() {
   engine->stop();
-  require(!engine->listening() && !engine->playingReference(), "stopped is stopped");
+  require(!engine->state().listening && !engine->state().playingReference, "stopped is stopped");
 }
 
 void EngineSession::hideOrShow() {
@@ -90,10 +90,10 @@ void EngineSession::pressReference() {
   const std::size_t before = world.output->played.size();
   engine->playReference();
   if (world.output->played.size() == before) return;
-  require(engine->playingReference(), "a tone that was handed on is playing");
+  require(engine->state().playingReference, "a tone that was handed on is playing");
   // On the piano a tone is as high as what was heard, and a float holds no phase of it where that
   // is far beyond what any detector reports.
-  const bool bounded = engine->frequency() < 1e9;
+  const bool bounded = engine->state().frequency < 1e9;
   require(!bounded || std::ranges::all_of(world.output->played.back().samples, isWithinPeak),
           "a tone is a tone");
   quietUntil = world.clock->time + std::chrono::milliseconds(1350);
@@ -109,7 +109,7 @@ void EngineSession::restart() {
   inFlight.clear();
   if (input.flag()) world.preferences->values[keys[input.below(keys.size())]] = anyValue(input);
   launch();
-  require(engine->tuningID() == engine->tuning().id, "a tuner starts with a valid tuning");
+  require(engine->state().tuningID == engine->tuning().id, "a tuner starts with a valid tuning");
   if (onScreen && input.flag()) engine->start();
 }
 

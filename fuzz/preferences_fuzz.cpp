@@ -65,11 +65,12 @@ Selection start(const QString& path) {
   platform.preferences = std::make_shared<QtPreferences>(path);
   const auto engine = TunerEngine::create(std::move(platform),
                                           PitchCapture::create(std::make_unique<InlineQueue>()));
-  require(TuningLibrary::find(engine->instrument(), engine->tuningID()) != nullptr,
+  require(TuningLibrary::find(engine->state().instrument, engine->state().tuningID) != nullptr,
           "the tuning is one of the instrument's");
-  require(engine->a4() >= 377.0 && engine->a4() <= 560.0, "the concert pitch is in range");
-  return {engine->instrument(), engine->tuningID(), std::bit_cast<std::uint64_t>(engine->a4()),
-          engine->leftHanded()};
+  require(engine->state().a4 >= 377.0 && engine->state().a4 <= 560.0,
+          "the concert pitch is in range");
+  return {engine->state().instrument, engine->state().tuningID,
+          std::bit_cast<std::uint64_t>(engine->state().a4), engine->state().leftHanded};
 }
 
 void checkSaved(const QString& path, const Selection& selection) {

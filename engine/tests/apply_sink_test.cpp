@@ -12,24 +12,24 @@ class ApplySinkTest : public EngineTest {
 TEST_F(ApplySinkTest, AppliesOnTheMainThreadInTheOrderOfDelivery) {
   sink->deliver(a2);
   sink->deliver(PitchDetector::Reading{220.0, 0.99, 0.05F});
-  EXPECT_FALSE(engine->heard());
+  EXPECT_FALSE(engine->state().heard);
   EXPECT_EQ(world.mainQueue->runAll(), 2U);
-  EXPECT_EQ(engine->frequency(), 220.0);
-  EXPECT_TRUE(engine->heard());
+  EXPECT_EQ(engine->state().frequency, 220.0);
+  EXPECT_TRUE(engine->state().heard);
   hear(std::nullopt);
-  EXPECT_FALSE(engine->heard()) << "an absent reading is passed on";
+  EXPECT_FALSE(engine->state().heard) << "an absent reading is passed on";
 }
 
 TEST_F(ApplySinkTest, ReleasingTheEngineWhileAResultIsInFlightAppliesNothing) {
-  int published = 0;
-  const auto observation = engine->observe([&](Field) { ++published; });
+  int notifications = 0;
+  const auto observation = engine->observe([&](auto&, auto&) { ++notifications; });
   const std::weak_ptr<TunerEngine> released = engine;
   sink->deliver(a2);
   engine.reset();
   EXPECT_TRUE(released.expired());
   sink->deliver(std::nullopt);
   EXPECT_EQ(world.mainQueue->runAll(), 2U);
-  EXPECT_EQ(published, 0);
+  EXPECT_EQ(notifications, 0);
 }
 
 /// As much room as a job needs, and no more.
@@ -49,7 +49,7 @@ TEST_F(ApplySinkTest, DeliveringAllocatesNothing) {
   delivering.deliver(a2);
   EXPECT_EQ(allocationsOfThisThread() - before, 0U);
   queue->waiting();
-  EXPECT_EQ(engine->frequency(), 110.0);
+  EXPECT_EQ(engine->state().frequency, 110.0);
 }
 
 }  // namespace

@@ -41,16 +41,20 @@ class EngineTest : public testing::Test {
 
   /// A frequency that lies `cents` from the target of a MIDI note.
   double off(std::int64_t midi, double cents) const {
-    return targetFrequency(midi, engine->a4()) * std::exp2(cents / 1200.0);
+    return targetFrequency(midi, engine->state().a4) * std::exp2(cents / 1200.0);
   }
 
-  /// The fields published while `action` runs, in their order.
+  /// How often observers are called while `action` runs.
   template <class Action>
-  std::vector<Field> published(Action action) {
-    std::vector<Field> fields;
-    const auto handle = engine->observe([&](Field field) { fields.push_back(field); });
+  int notifications(Action action) {
+    int count = 0;
+    const auto handle = engine->observe([&](const DisplayState& before, const DisplayState& now) {
+      EXPECT_NE(before, now);
+      EXPECT_EQ(now, engine->state());
+      ++count;
+    });
     action();
-    return fields;
+    return count;
   }
 
   fakes::World world;

@@ -55,7 +55,7 @@ TEST_F(ReferenceTone, APianoPlaysA4UnlessItHearsANote) {
   expectPressPlays(442.0);
   world.clock->time += std::chrono::seconds(2);
   hear(std::numeric_limits<double>::infinity());
-  ASSERT_TRUE(engine->heard());
+  ASSERT_TRUE(engine->state().heard);
   expectPressPlays(442.0);
 }
 
@@ -84,20 +84,20 @@ TEST_F(ReferenceTone, SetsUpARunningOutputThatItDidNotStart) {
 
 TEST_F(ReferenceTone, AFailedPressLeavesTheTunerListening) {
   world.output->startSucceeds = false;
-  EXPECT_TRUE(published([this] { engine->playReference(); }).empty());
-  EXPECT_FALSE(engine->playingReference());
+  EXPECT_EQ(notifications([this] { engine->playReference(); }), 0);
+  EXPECT_FALSE(engine->state().playingReference);
   EXPECT_TRUE(world.output->played.empty());
   hear(110.0);
-  EXPECT_TRUE(engine->heard());
+  EXPECT_TRUE(engine->state().heard);
 }
 
 TEST_F(ReferenceTone, IsPlayingFromThePressUntilItsEndIsReported) {
   engine->playReference();
-  EXPECT_TRUE(engine->playingReference());
+  EXPECT_TRUE(engine->state().playingReference);
   world.output->played.at(0).ended();
-  EXPECT_TRUE(engine->playingReference()) << "written on the main thread only";
+  EXPECT_TRUE(engine->state().playingReference) << "written on the main thread only";
   world.mainQueue->runAll();
-  EXPECT_FALSE(engine->playingReference());
+  EXPECT_FALSE(engine->state().playingReference);
 }
 
 TEST_F(ReferenceTone, PressingAgainRestartsItAndMovesTheSuppression) {
@@ -105,18 +105,18 @@ TEST_F(ReferenceTone, PressingAgainRestartsItAndMovesTheSuppression) {
   world.clock->time += std::chrono::milliseconds(500);
   engine->setLockedStringIndex(0);
   expectPressPlays(targetFrequency(40, 440.0));
-  EXPECT_TRUE(engine->playingReference());
+  EXPECT_TRUE(engine->state().playingReference);
 
   // The end of the tone that was cut off clears the flag while the new one still sounds: the flag
   // is no count. The suppression holds until its own end all the same.
   endTone(0);
-  EXPECT_FALSE(engine->playingReference());
+  EXPECT_FALSE(engine->state().playingReference);
   world.clock->time += std::chrono::milliseconds(1350) - std::chrono::nanoseconds(1);
   hear(110.0);
-  EXPECT_FALSE(engine->heard());
+  EXPECT_FALSE(engine->state().heard);
   world.clock->time += std::chrono::nanoseconds(1);
   hear(110.0);
-  EXPECT_TRUE(engine->heard());
+  EXPECT_TRUE(engine->state().heard);
 }
 
 TEST_F(ReferenceTone, AnEndReportedAfterTheEngineIsGoneChangesNothing) {

@@ -158,7 +158,7 @@ class MemoryPreferences final : public Preferences {
   using Value = std::variant<std::string, double, bool>;
 
   std::map<std::string, Value, std::less<>> values;
-  std::vector<std::string> writes;
+  std::vector<std::pair<std::string, Value>> writes;
 
  private:
   template <class T>
@@ -169,7 +169,7 @@ class MemoryPreferences final : public Preferences {
   }
 
   void write(std::string_view key, Value value) {
-    writes.emplace_back(key);
+    writes.emplace_back(key, value);
     values.insert_or_assign(std::string(key), std::move(value));
   }
 };

@@ -60,10 +60,10 @@ class Replay {
   }
 
   void printLine() {
-    out << firstSample << '\t' << detectorColumns() << '\t' << (engine->heard() ? "yes" : "no")
-        << '\t' << engine->noteLabel() << '\t' << orDash(engine->octaveLabel()) << '\t'
-        << shortest(engine->cents()) << '\t' << position(engine->highlightedString()) << '\t'
-        << engine->status() << '\n';
+    out << firstSample << '\t' << detectorColumns() << '\t'
+        << (engine->state().heard ? "yes" : "no") << '\t' << engine->state().noteLabel << '\t'
+        << orDash(engine->state().octaveLabel) << '\t' << shortest(engine->state().cents) << '\t'
+        << position(engine->state().highlightedString) << '\t' << engine->state().status << '\n';
   }
 
   std::string detectorColumns() const {

@@ -31,9 +31,8 @@ ListeningSwitch::ListeningSwitch(QWindow& shown, std::shared_ptr<TunerEngine> tu
   connect(&unexposed, &QTimer::timeout, this, [this] { setOnScreen(false); });
   connect(&window, &QWindow::visibilityChanged, this, &ListeningSwitch::look);
   connect(&window, &QWindow::activeChanged, this, &ListeningSwitch::activeChanged);
-  observation = engine->observe([this](Field field) {
-    if (field == Field::listening) listeningChanged();
-  });
+  observation =
+      engine->observe([this](const DisplayState&, const DisplayState&) { listeningChanged(); });
   window.installEventFilter(this);
   look();
 }
@@ -72,17 +71,17 @@ void ListeningSwitch::setOnScreen(bool shown) {
 
 /// The answer to a request for the microphone may come when the window has gone again.
 void ListeningSwitch::listeningChanged() {
-  if (engine->listening() && !onScreen) engine->stop();
+  if (engine->state().listening && !onScreen) engine->stop();
 }
 
 void ListeningSwitch::microphoneChanged(bool present) {
   absence.stop();
-  if (!engine->listening()) return engine->start();
+  if (!engine->state().listening) return engine->start();
   if (!present) absence.start();
 }
 
 void ListeningSwitch::tellOfAbsence() {
-  if (!engine->listening()) return;
+  if (!engine->state().listening) return;
   engine->stop();
   engine->start();
 }

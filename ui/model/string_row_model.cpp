@@ -9,14 +9,14 @@ namespace corvane {
 namespace {
 
 StringRowModel::Chip chipFor(const GuitarString& string, const TunerEngine& engine) {
-  const bool selected = engine.lockedStringIndex() == string.index;
-  const bool hearing = engine.heard() && engine.highlightedString() == string.index;
+  const bool selected = engine.state().lockedStringIndex == string.index;
+  const bool hearing = engine.state().heard && engine.state().highlightedString == string.index;
   return {static_cast<int>(string.index),
           QString::fromStdString(string.label),
           static_cast<int>(string.midi / 12 - 1),
           selected,
           hearing,
-          chipFill(selected, hearing, engine.inTune())};
+          chipFill(selected, hearing, engine.state().inTune)};
 }
 
 std::vector<StringRowModel::Chip> chipsFor(const TunerEngine& engine) {
@@ -24,7 +24,7 @@ std::vector<StringRowModel::Chip> chipsFor(const TunerEngine& engine) {
   for (const GuitarString& string : engine.tuning().strings) {
     chips.push_back(chipFor(string, engine));
   }
-  if (engine.leftHanded()) std::ranges::reverse(chips);
+  if (engine.state().leftHanded) std::ranges::reverse(chips);
   return chips;
 }
 

@@ -18,12 +18,6 @@ QString qString(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-/// Whether `now` is not what was seen last; it is from then on.
-template <class Value>
-bool isNew(Value& seen, const Value& now) {
-  return std::exchange(seen, now) != now;
-}
-
 }  // namespace
 
 TunerModel::TunerModel(std::shared_ptr<TunerEngine> tuner,
@@ -32,120 +26,74 @@ TunerModel::TunerModel(std::shared_ptr<TunerEngine> tuner,
     : QObject(parent),
       engine(std::move(tuner)),
       microphonePermission(std::move(permission)),
-      urlOpener(std::move(opener)),
-      seen{engine->heard(),       engine->inTune(),
-           engine->cents(),       engine->frequency(),
-           engine->signal(),      engine->noteLabel(),
-           engine->octaveLabel(), engine->heardSpelling(),
-           engine->status(),      engine->highlightedString()} {
+      urlOpener(std::move(opener)) {
   concertPitchMenu.setEntries(concertPitchEntries());
   helpEntriesMenu.setEntries(helpEntries());
   updateTunings();
-  observation = engine->observe([this](Field field) { published(field); });
-}
-
-/// Nearly every assignment of a reading's fields assigns what was there already: the screen is told
-/// of the others alone.
-void TunerModel::published(Field field) {
-  switch (field) {
-    case Field::instrument:
-    case Field::tuningID:
-    case Field::leftHanded:
-      updateTunings();
-      emit selectionChanged();
-      emit readoutChanged();
-      return;
-    case Field::a4:
-      emit a4Changed();
-      return;
-    case Field::lockedStringIndex:
-      stringRow.update(*engine);
-      emit lockChanged();
-      return;
-    case Field::highlightedString:
-      if (isNew(seen.highlightedString, engine->highlightedString())) stringRow.update(*engine);
-      return;
-    case Field::heard:
-      if (isNew(seen.heard, engine->heard())) verdictChanged();
-      return;
-    case Field::inTune:
-      if (isNew(seen.inTune, engine->inTune())) verdictChanged();
-      return;
-    case Field::cents:
-      if (isNew(seen.cents, engine->cents())) emit centsChanged();
-      return;
-    case Field::frequency:
-      if (isNew(seen.frequency, engine->frequency())) emit frequencyChanged();
-      return;
-    case Field::noteLabel:
-      if (isNew(seen.noteLabel, engine->noteLabel())) emit readoutChanged();
-      return;
-    case Field::octaveLabel:
-      if (isNew(seen.octaveLabel, engine->octaveLabel())) emit readoutChanged();
-      return;
-    case Field::heardSpelling:
-      if (isNew(seen.heardSpelling, engine->heardSpelling())) emit readoutChanged();
-      return;
-    case Field::status:
-      if (isNew(seen.status, engine->status())) emit readoutChanged();
-      return;
-    case Field::signal:
-      if (isNew(seen.signal, engine->signal())) emit levelChanged();
-      return;
-    case Field::errorText:
-      emit errorTextChanged();
-      return;
-    case Field::playingReference:
-      emit playingReferenceChanged();
-      return;
-    case Field::listening:
-    case Field::micAllowed:
-      return;
-  }
-}
-
-void TunerModel::verdictChanged() {
   stringRow.update(*engine);
-  emit readoutChanged();
-  emit centsChanged();
-  emit frequencyChanged();
+  observation = engine->observe(
+      [this](const DisplayState& before, const DisplayState& now) { changed(before, now); });
+}
+
+/// One signal for each group of properties in which the two states differ.
+void TunerModel::changed(const DisplayState& before, const DisplayState& now) {
+  using State = DisplayState;
+  const auto differ = [&](auto... fields) { return ((before.*fields != now.*fields) || ...); };
+
+  const bool selection = differ(&State::instrument, &State::tuningID, &State::leftHanded);
+  const bool verdict = differ(&State::heard, &State::inTune);
+  const bool lock = differ(&State::lockedStringIndex);
+  if (selection) updateTunings();
+  if (selection || verdict || lock || differ(&State::highlightedString)) stringRow.update(*engine);
+
+  if (selection) emit selectionChanged();
+  if (lock) emit lockChanged();
+  if (selection || verdict ||
+      differ(&State::noteLabel, &State::octaveLabel, &State::heardSpelling, &State::status)) {
+    emit readoutChanged();
+  }
+  if (verdict || differ(&State::cents)) emit centsChanged();
+  if (differ(&State::heard, &State::frequency)) emit frequencyChanged();
+  if (differ(&State::signal)) emit levelChanged();
+  if (differ(&State::errorText)) emit errorTextChanged();
+  if (differ(&State::a4)) emit a4Changed();
+  if (differ(&State::playingReference)) emit playingReferenceChanged();
 }
 
 void TunerModel::updateTunings() {
-  tuningMenu.setEntries(tuningEntries(engine->instrument(), engine->tuning().id));
-  stringRow.update(*engine);
+  tuningMenu.setEntries(tuningEntries(engine->state().instrument, engine->tuning().id));
 }
 
 QString TunerModel::noteLabel() const {
-  return qString(engine->noteLabel());
+  return qString(engine->state().noteLabel);
 }
 
 QString TunerModel::octaveLabel() const {
-  return qString(engine->octaveLabel());
+  return qString(engine->state().octaveLabel);
 }
 
 QString TunerModel::centsText() const {
-  return corvane::centsText(engine->heard(), engine->cents());
+  return corvane::centsText(engine->state().heard, engine->state().cents);
 }
 
 QString TunerModel::status() const {
-  return qString(engine->status());
+  return qString(engine->state().status);
 }
 
 QColor TunerModel::needleColor() const {
-  return corvane::needleColor(engine->heard(), engine->inTune(), engine->cents());
+  return corvane::needleColor(engine->state().heard, engine->state().inTune, engine->state().cents);
 }
 
 QString TunerModel::frequencyText() const {
-  return corvane::frequencyText(engine->heard(), engine->frequency());
+  return corvane::frequencyText(engine->state().heard, engine->state().frequency);
 }
 
 QString TunerModel::hearingText() const {
-  return corvane::hearingText(engine->heard(), isPiano(), engine->heardSpelling());
+  return corvane::hearingText(engine->state().heard, isPiano(), engine->state().heardSpelling);
 }
 
 QString TunerModel::errorText() const {
-  return qString(engine->errorText().value_or(""));
+  return qString(engine->state().errorText.value_or(""));
 }
 
 QStringList TunerModel::instruments() const {
@@ -173,11 +121,11 @@ QString TunerModel::tuningDetail() const {
 }
 
 int TunerModel::wholeHertz() const {
-  return static_cast<int>(corvane::wholeHertz(engine->a4()));
+  return static_cast<int>(corvane::wholeHertz(engine->state().a4));
 }
 
 QString TunerModel::concertPitchTitle() const {
-  return corvane::concertPitchTitle(engine->a4());
+  return corvane::concertPitchTitle(engine->state().a4);
 }
 
 QList<int> TunerModel::quickPitches() const {
@@ -197,7 +145,7 @@ void TunerModel::chooseTuning(const QString& id) {
 }
 
 void TunerModel::toggleLock(int stringIndex) {
-  const bool selected = engine->lockedStringIndex() == stringIndex;
+  const bool selected = engine->state().lockedStringIndex == stringIndex;
   engine->setLockedStringIndex(selected ? std::nullopt : std::optional<std::int64_t>(stringIndex));
 }
 

@@ -68,9 +68,9 @@ class TunerModel : public QObject {
              std::shared_ptr<MicrophonePermission> microphonePermission,
              std::shared_ptr<UrlOpener> urlOpener, QObject* parent = nullptr);
 
-  bool heard() const { return engine->heard(); }
-  bool inTune() const { return engine->inTune(); }
-  double cents() const { return engine->cents(); }
+  bool heard() const { return engine->state().heard; }
+  bool inTune() const { return engine->state().inTune; }
+  double cents() const { return engine->state().cents; }
   QString noteLabel() const;
   QString octaveLabel() const;
   QString centsText() const;
@@ -78,29 +78,29 @@ class TunerModel : public QObject {
   QColor needleColor() const;
   QString frequencyText() const;
   QString hearingText() const;
-  double level() const { return engine->signal(); }  ///< 0 to 1
-  QString errorText() const;                         ///< empty when there is no problem
+  double level() const { return engine->state().signal; }  ///< 0 to 1
+  QString errorText() const;                               ///< empty when there is no problem
   Speech* speech() { return &speechItem; }
 
   QStringList instruments() const;
-  int instrument() const { return static_cast<int>(engine->instrument()); }
+  int instrument() const { return static_cast<int>(engine->state().instrument); }
   void setInstrument(int index);  ///< a position in `instruments`
-  bool isPiano() const { return engine->instrument() == Instrument::piano; }
+  bool isPiano() const { return engine->state().instrument == Instrument::piano; }
   QString subtitle() const;
   QString tuningName() const;
   QString tuningDetail() const;
   MenuModel* tunings() { return &tuningMenu; }
-  bool leftHanded() const { return engine->leftHanded(); }
+  bool leftHanded() const { return engine->state().leftHanded; }
   void setLeftHanded(bool leftHanded) { engine->setLeftHanded(leftHanded); }
   StringRowModel* strings() { return &stringRow; }
-  bool locked() const { return engine->lockedStringIndex().has_value(); }
-  double a4() const { return engine->a4(); }  ///< Hz
+  bool locked() const { return engine->state().lockedStringIndex.has_value(); }
+  double a4() const { return engine->state().a4; }  ///< Hz
   void setA4(double hertz) { engine->setA4(hertz); }
   int wholeHertz() const;
   QString concertPitchTitle() const;
   MenuModel* concertPitches() { return &concertPitchMenu; }
   QList<int> quickPitches() const;
-  bool playingReference() const { return engine->playingReference(); }
+  bool playingReference() const { return engine->state().playingReference; }
 
   MenuModel* helpMenu() { return &helpEntriesMenu; }
   QString appVersion() const;
@@ -135,27 +135,17 @@ class TunerModel : public QObject {
   void playingReferenceChanged();
 
  private:
-  void published(Field field);
-  void verdictChanged();
+  void changed(const DisplayState& before, const DisplayState& now);
   void updateTunings();
-
-  /// Of the fields that each reading assigns, what the screen was told last.
-  struct Seen {
-    bool heard, inTune;
-    double cents, frequency, signal;
-    std::string noteLabel, octaveLabel, heardSpelling, status;
-    std::optional<std::int64_t> highlightedString;
-  };
 
   std::shared_ptr<TunerEngine> engine;
   std::shared_ptr<MicrophonePermission> microphonePermission;
   std::shared_ptr<UrlOpener> urlOpener;
-  Seen seen;
   MenuModel tuningMenu;
   MenuModel concertPitchMenu;
   MenuModel helpEntriesMenu;
   StringRowModel stringRow;
-  Speech speechItem{*this};
+  Speech speechItem{*engine};
   std::shared_ptr<const void> observation;
 };
 

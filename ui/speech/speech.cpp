@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "ui/model/tuner_model.h"
 #include "ui/speech/spoken_text.h"
 
 namespace corvane {
@@ -27,7 +26,7 @@ std::optional<Time> sooner(std::optional<Time> one, std::optional<Time> other) {
 
 }  // namespace
 
-Speech::Speech(const TunerModel& shown) : tuner(shown) {
+Speech::Speech(TunerEngine& tuner) : engine(tuner) {
   clock.start();
   next.setSingleShot(true);
   connect(&next, &QTimer::timeout, this, &Speech::look);
@@ -42,10 +41,11 @@ Speech::~Speech() {
 void Speech::accessibilityActiveChanged(bool now) {
   if (std::exchange(active, now) == now) return;
   if (active) {
-    watch();
-    changed();
+    observation = engine.observe([this](const DisplayState&, const DisplayState&) { look(); });
+    connect(qApp, &QGuiApplication::applicationStateChanged, this, &Speech::look);
+    next.start(0ms);  // The screen may not be built yet.
   } else {
-    tuner.disconnect(this);
+    observation = nullptr;
     qApp->disconnect(this);
     next.stop();
     fallSilent();
@@ -54,21 +54,8 @@ void Speech::accessibilityActiveChanged(bool now) {
   emit activeChanged();
 }
 
-void Speech::watch() {
-  connect(&tuner, &TunerModel::readoutChanged, this, &Speech::changed);
-  connect(&tuner, &TunerModel::centsChanged, this, &Speech::changed);
-  connect(&tuner, &TunerModel::levelChanged, this, &Speech::changed);
-  connect(&tuner, &TunerModel::errorTextChanged, this, &Speech::changed);
-  connect(&tuner, &TunerModel::playingReferenceChanged, this, &Speech::changed);
-  connect(qApp, &QGuiApplication::applicationStateChanged, this, &Speech::changed);
-}
-
-/// One reading changes many things one after the other; only what comes out of it is put in words.
-void Speech::changed() {
-  if (!next.isActive() || next.intervalAsDuration() > 0ms) next.start(0ms);
-}
-
 void Speech::look() {
+  next.stop();
   const Time now(clock.elapsed());
   std::optional<Time> again;
   // Another program's user is not talked to.
@@ -117,19 +104,20 @@ void Speech::setAnnouncement(const QString& now) {
 }
 
 Announcer::Situation Speech::situation() const {
-  return {.problem = tuner.errorText(),
-          .status = tuner.status(),
-          .note = tuner.noteLabel() + tuner.octaveLabel(),
-          .cents = tuner.cents(),
-          .heard = tuner.heard(),
-          .inTune = tuner.inTune(),
-          .playing = tuner.playingReference()};
+  const DisplayState& state = engine.state();
+  return {.problem = QString::fromStdString(state.errorText.value_or("")),
+          .status = QString::fromStdString(state.status),
+          .note = QString::fromStdString(state.noteLabel + state.octaveLabel),
+          .cents = state.cents,
+          .heard = state.heard,
+          .inTune = state.inTune,
+          .playing = state.playingReference};
 }
 
 Speech::Words Speech::current() const {
   const Announcer::Situation now = situation();
   return {meterInWords(now.heard, now.note, now.cents, 50.0),
-          meterInWords(now.heard, now.note, now.cents, 10.0), levelInWords(tuner.level())};
+          meterInWords(now.heard, now.note, now.cents, 10.0), levelInWords(engine.state().signal)};
 }
 
 void Speech::setWords(Words now) {

@@ -8,11 +8,10 @@
 #include <QTimer>
 #include <optional>
 
+#include "engine/tuner_engine.h"
 #include "ui/speech/announcer.h"
 
 namespace corvane {
-
-class TunerModel;
 
 /// The tuner in words, for assistive technology: while none listens, nothing is put into words and
 /// nothing is watched. Main thread only.
@@ -27,8 +26,8 @@ class Speech : public QObject, private QAccessible::ActivationObserver {
   Q_PROPERTY(QString level READ level NOTIFY wordsChanged)
 
  public:
-  /// `tuner` must outlive it.
-  explicit Speech(const TunerModel& tuner);
+  /// `engine` must outlive it.
+  explicit Speech(TunerEngine& engine);
   ~Speech() override;
 
   bool isActive() const { return active; }  ///< somebody listens
@@ -55,8 +54,6 @@ class Speech : public QObject, private QAccessible::ActivationObserver {
   };
 
   void accessibilityActiveChanged(bool now) override;
-  void watch();
-  void changed();
   void look();
   std::optional<Announcer::Time> tell(Announcer::Time now);
   void fallSilent();
@@ -65,7 +62,8 @@ class Speech : public QObject, private QAccessible::ActivationObserver {
   Words current() const;
   void setWords(Words now);
 
-  const TunerModel& tuner;
+  TunerEngine& engine;
+  std::shared_ptr<const void> observation;  ///< while active
   bool active = false;
   Announcer announcer;
   QString said;

@@ -53,7 +53,7 @@ void FakeTuner::endTone() {
 }
 
 int FakeTuner::lockedString() const {
-  return static_cast<int>(engine->lockedStringIndex().value_or(-1));
+  return static_cast<int>(engine->state().lockedStringIndex.value_or(-1));
 }
 
 }  // namespace corvane

@@ -25,12 +25,12 @@ class FakeTuner : public TunerModel {
   Q_INVOKABLE void findMicrophone();
   Q_INVOKABLE void endTone();
 
-  bool listening() const { return engine->listening(); }
+  bool listening() const { return engine->state().listening; }
   /// How many pages the browser was asked for.
   int opened() const { return static_cast<int>(world->urlOpener->opened.size()); }
   int tones() const { return static_cast<int>(world->output->played.size()); }
   int lockedString() const;  ///< -1 when none is
-  QString tuningID() const { return QString::fromStdString(engine->tuningID()); }
+  QString tuningID() const { return QString::fromStdString(engine->state().tuningID); }
 
  private:
   FakeTuner(std::shared_ptr<fakes::World> world, QObject* parent);

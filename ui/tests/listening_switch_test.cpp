@@ -43,21 +43,21 @@ class ListeningSwitchTest : public testing::Test, protected EngineOnFakes {
 };
 
 TEST_F(ListeningSwitchTest, ListensAndWatchesWhileTheWindowIsShown) {
-  EXPECT_FALSE(engine->listening() || watch.changed);
+  EXPECT_FALSE(engine->state().listening || watch.changed);
   for (int time = 0; time < 2; ++time) {
     show(window);
-    EXPECT_TRUE(engine->listening() && watch.changed);
+    EXPECT_TRUE(engine->state().listening && watch.changed);
     window.hide();
-    EXPECT_FALSE(engine->listening() || watch.changed);
+    EXPECT_FALSE(engine->state().listening || watch.changed);
   }
 }
 
 TEST_F(ListeningSwitchTest, StopsInTheBackgroundAndStartsOnReturn) {
   show(window);
   window.showMinimized();
-  EXPECT_FALSE(engine->listening());
+  EXPECT_FALSE(engine->state().listening);
   window.showNormal();
-  EXPECT_TRUE(eventually([this] { return engine->listening(); }));
+  EXPECT_TRUE(eventually([this] { return engine->state().listening; }));
 }
 
 TEST_F(ListeningSwitchTest, GoesOnWhileTheWindowIsInactiveOrResized) {
@@ -70,7 +70,7 @@ TEST_F(ListeningSwitchTest, GoesOnWhileTheWindowIsInactiveOrResized) {
   other.show();
   activate(other);
   EXPECT_FALSE(window.isActive());
-  EXPECT_TRUE(engine->listening());
+  EXPECT_TRUE(engine->state().listening);
   EXPECT_TRUE(world.input->calls.empty());
 }
 
@@ -79,8 +79,8 @@ TEST_F(ListeningSwitchTest, ShownAndActiveAtOnceStartsTwiceWithoutHarm) {
   const auto calls = world.input->calls;
   activate(window);
   EXPECT_EQ(world.input->calls, calls);
-  EXPECT_TRUE(engine->listening() && world.input->running);
-  EXPECT_EQ(engine->errorText(), std::nullopt);
+  EXPECT_TRUE(engine->state().listening && world.input->running);
+  EXPECT_EQ(engine->state().errorText, std::nullopt);
 }
 
 TEST_F(ListeningSwitchTest, RetriesAMissingMicrophoneWhenActivated) {
@@ -88,37 +88,38 @@ TEST_F(ListeningSwitchTest, RetriesAMissingMicrophoneWhenActivated) {
   show(window);
   plugIn();
   emit window.activeChanged();
-  EXPECT_EQ(engine->listening(), window.isActive());
+  EXPECT_EQ(engine->state().listening, window.isActive());
   activate(window);
-  EXPECT_TRUE(engine->listening());
+  EXPECT_TRUE(engine->state().listening);
 }
 
 TEST_F(ListeningSwitchTest, TakesUpAMicrophoneThatIsPluggedInLater) {
   unplug();
   show(window);
-  ASSERT_FALSE(engine->listening());
+  ASSERT_FALSE(engine->state().listening);
   plugIn();
   watch.changed(true);
-  EXPECT_TRUE(engine->listening());
-  EXPECT_EQ(engine->errorText(), std::nullopt);
+  EXPECT_TRUE(engine->state().listening);
+  EXPECT_EQ(engine->state().errorText, std::nullopt);
 }
 
 TEST_F(ListeningSwitchTest, ReportsAMicrophoneThatStaysAway) {
   show(window);
   unplug();
   watch.changed(false);
-  EXPECT_EQ(engine->errorText(), std::nullopt);
-  EXPECT_TRUE(eventually([this] { return !engine->listening(); }));
-  EXPECT_EQ(engine->errorText(), "No microphone is available.");
+  EXPECT_EQ(engine->state().errorText, std::nullopt);
+  EXPECT_TRUE(eventually([this] { return !engine->state().listening; }));
+  EXPECT_EQ(engine->state().errorText, "No microphone is available.");
 }
 
 TEST_F(ListeningSwitchTest, TellsAtOnceThatAMicrophoneIsDeniedWhereThereWasNone) {
   unplug();
   show(window);
-  ASSERT_EQ(engine->errorText(), "No microphone is available.");
+  ASSERT_EQ(engine->state().errorText, "No microphone is available.");
   world.permission->permission = RecordPermission::denied;
   watch.changed(false);
-  EXPECT_THAT(engine->errorText().value_or(""), testing::StartsWith("Microphone access is off."));
+  EXPECT_THAT(engine->state().errorText.value_or(""),
+              testing::StartsWith("Microphone access is off."));
 }
 
 TEST_F(ListeningSwitchTest, IgnoresAnAbsenceThatEndsOrThatTheWindowDoesNotOutlast) {
@@ -131,7 +132,7 @@ TEST_F(ListeningSwitchTest, IgnoresAnAbsenceThatEndsOrThatTheWindowDoesNotOutlas
   watch.changed(false);
   watch.changed(true);
   passGrace();
-  EXPECT_TRUE(engine->listening());
+  EXPECT_TRUE(engine->state().listening);
   EXPECT_TRUE(world.input->calls.empty());
 }
 
@@ -144,7 +145,7 @@ TEST_F(ListeningSwitchTest, AsksOnceAndStartsNothingOnceTheWindowHasGone) {
   world.permission->permission = RecordPermission::granted;
   world.permission->requests.at(0)(true);
   world.mainQueue->runAll();
-  EXPECT_FALSE(engine->listening() || world.input->running);
+  EXPECT_FALSE(engine->state().listening || world.input->running);
 }
 
 TEST_F(ListeningSwitchTest, ListensAtOnceToAWindowThatIsAlreadyShown) {
@@ -153,7 +154,7 @@ TEST_F(ListeningSwitchTest, ListensAtOnceToAWindowThatIsAlreadyShown) {
   QWindow shown;
   show(shown);
   const ListeningSwitch late(shown, other, watch);
-  EXPECT_TRUE(other->listening());
+  EXPECT_TRUE(other->state().listening);
 }
 
 }  // namespace

@@ -13,9 +13,9 @@
 namespace corvane {
 namespace {
 
-class SpokenTest : public testing::Test, protected EngineOnFakes {
+class SpeechTest : public testing::Test, protected EngineOnFakes {
  protected:
-  SpokenTest() {
+  SpeechTest() {
     engine->start();
     QObject::connect(&speech, &Speech::announced, [this] {
       if (!speech.announcement().isEmpty()) said.push_back(speech.announcement().toStdString());
@@ -23,7 +23,7 @@ class SpokenTest : public testing::Test, protected EngineOnFakes {
     QObject::connect(&speech, &Speech::wordsChanged, [this] { ++wordChanges; });
   }
 
-  ~SpokenTest() override { QAccessible::setActive(false); }
+  ~SpeechTest() override { QAccessible::setActive(false); }
 
   void goToTheWindow() {
     window.show();
@@ -38,19 +38,20 @@ class SpokenTest : public testing::Test, protected EngineOnFakes {
     engine->start();
   }
 
+  /// The first sentence that no call has returned yet.
   std::string saidNext() {
-    const std::size_t before = said.size();
-    return eventually([&] { return said.size() > before; }) ? said.back() : "nothing";
+    return eventually([&] { return said.size() > returned; }) ? said[returned++] : "nothing";
   }
 
   QWindow window;
   TunerModel model{engine, world.permission, world.urlOpener};
   Speech& speech = *model.speech();
   std::vector<std::string> said;
+  std::size_t returned = 0;
   int wordChanges = 0;
 };
 
-TEST_F(SpokenTest, TellsWhoComesLaterOrComesBackWhatIsThere) {
+TEST_F(SpeechTest, TellsWhoComesLaterOrComesBackWhatIsThere) {
   goToTheWindow();
   hearA2(-12.0);
   for (int visit = 0; visit < 2; ++visit) {
@@ -68,7 +69,7 @@ TEST_F(SpokenTest, TellsWhoComesLaterOrComesBackWhatIsThere) {
   }
 }
 
-TEST_F(SpokenTest, TakesBackWhatCanBeReadOnTheScreen) {
+TEST_F(SpeechTest, TakesBackWhatCanBeReadOnTheScreen) {
   goToTheWindow();
   QAccessible::setActive(true);
   loseTheMicrophone();
@@ -77,7 +78,7 @@ TEST_F(SpokenTest, TakesBackWhatCanBeReadOnTheScreen) {
   EXPECT_TRUE(eventually([this] { return speech.announcement().isEmpty(); }));
 }
 
-TEST_F(SpokenTest, ChangesTheMetersWordsTwiceASecondAtMost) {
+TEST_F(SpeechTest, ChangesTheMetersWordsTwiceASecondAtMost) {
   QAccessible::setActive(true);
   const auto begun = std::chrono::steady_clock::now();
   bool nearer = false;
@@ -90,9 +91,9 @@ TEST_F(SpokenTest, ChangesTheMetersWordsTwiceASecondAtMost) {
   EXPECT_GE(std::chrono::steady_clock::now() - begun, std::chrono::milliseconds(3 * 500 - 1));
 }
 
-using SpokenDeathTest = SpokenTest;
+using SpeechDeathTest = SpeechTest;
 
-TEST_F(SpokenDeathTest, SaysNothingUntilTheWindowIsActive) {
+TEST_F(SpeechDeathTest, SaysNothingUntilTheWindowIsActive) {
   // In a program of its own, no window of which has been active.
   const auto test = [this] {
     QAccessible::setActive(true);

@@ -82,7 +82,7 @@ TEST_F(StringRowModelTest, AStringThatIsHighlightedWhileNothingIsHeardHasThePlai
   engine->setLockedStringIndex(1);
   hearA2(15.0);
   hearNothing();
-  ASSERT_EQ(engine->highlightedString(), 1);
+  ASSERT_EQ(engine->state().highlightedString, 1);
   EXPECT_EQ(fillOfA2(), TunerTheme::card);
 }
 

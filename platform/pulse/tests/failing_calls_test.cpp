@@ -37,9 +37,11 @@ class Tuner {
     microphones.end();
     engine->stop();
   }
-  bool isSettled() const { return engine->listening() || engine->errorText().has_value(); }
+  bool isSettled() const {
+    return engine->state().listening || engine->state().errorText.has_value();
+  }
   bool hears() {
-    return pumpUntil([this] { return engine->heard(); });
+    return pumpUntil([this] { return engine->state().heard; });
   }
   /// False when it is not played, or its end is not told.
   bool playsATone() {
@@ -83,8 +85,8 @@ class FailingCalls : public testing::Test {
 
   void expectAVerdict(const Tuner& tuner) {
     EXPECT_TRUE(tuner.isSettled());
-    if (tuner.engine->listening()) return;
-    EXPECT_THAT(tuner.engine->errorText().value_or(""),
+    if (tuner.engine->state().listening) return;
+    EXPECT_THAT(tuner.engine->state().errorText.value_or(""),
                 testing::AnyOf("Microphone access is off. Allow Corvane under Settings, Privacy, "
                                "Microphone.",
                                "Tap Allow Microphone so Corvane can hear the note.",
@@ -147,7 +149,7 @@ TEST_F(FailingCalls, OneThatFailsOnceIsOvercome) {
     tuner.microphones.begin([](bool) {});
     tuner.start();
     expectAVerdict(tuner);
-    if (!tuner.engine->listening()) tuner.start();  // The button.
+    if (!tuner.engine->state().listening) tuner.start();  // The button.
     EXPECT_TRUE(tuner.hears());
     tuner.stop();
     EXPECT_TRUE(tuner.pumpUntil([&] { return tuner.playsATone(); }));
@@ -161,7 +163,8 @@ TEST_F(FailingCalls, ThoseThatFailForGoodLeaveAMessageOrAListener) {
     tuner.microphones.begin([](bool) {});
     tuner.start();
     expectAVerdict(tuner);
-    tuner.pumpUntil([&] { return tuner.engine->heard() || !failing_calls::failed().empty(); });
+    tuner.pumpUntil(
+        [&] { return tuner.engine->state().heard || !failing_calls::failed().empty(); });
     tuner.playsATone();
     tuner.start();
     expectAVerdict(tuner);

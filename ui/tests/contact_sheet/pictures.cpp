@@ -62,9 +62,10 @@ class Stage : private EngineOnFakes {
   double frequencyOff(double cents) const {
     const auto& strings = engine->tuning().strings;
     const auto middle = static_cast<std::int64_t>(strings.size() / 2);
-    const auto string = static_cast<std::size_t>(engine->lockedStringIndex().value_or(middle));
+    const auto string =
+        static_cast<std::size_t>(engine->state().lockedStringIndex.value_or(middle));
     const std::int64_t midi = strings.empty() ? 70 : strings[string].midi;
-    return targetFrequency(midi, engine->a4()) * std::exp2(cents / 1200.0);
+    return targetFrequency(midi, engine->state().a4) * std::exp2(cents / 1200.0);
   }
 
   TunerModel model{engine, world.permission, world.urlOpener};
