@@ -10,7 +10,7 @@ ApplySink::ApplySink(std::weak_ptr<TunerEngine> tuner, std::shared_ptr<MainQueue
     : engine(std::move(tuner)), mainQueue(std::move(queue)) {}
 
 void ApplySink::deliver(const std::optional<PitchDetector::Reading>& reading) const {
-  // Weak until it runs: a strong reference here could make this thread the engine's last owner.
+  // Weak: a strong reference could make this thread the engine's last owner.
   mainQueue->async([weak = engine, reading] {
     if (const auto tuner = weak.lock()) tuner->apply(reading);
   });

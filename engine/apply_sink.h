@@ -10,13 +10,13 @@ namespace corvane {
 
 class TunerEngine;
 
-/// Hands readings to the engine on the main thread, for as long as there is an engine.
+/// Passes readings to the engine on the main thread, while the engine exists.
 class ApplySink {
  public:
   ApplySink(std::weak_ptr<TunerEngine> engine, std::shared_ptr<MainQueue> mainQueue);
 
-  /// A reading, or nothing, which the engine must hear of too: it lets the display fall back. Any
-  /// thread; readings are applied in the order of the calls.
+  /// A reading, or nothing, which makes the display fall back. Any thread; readings are applied in
+  /// the order of the calls.
   void deliver(const std::optional<PitchDetector::Reading>& reading) const;
 
  private:

@@ -82,8 +82,7 @@ void TunerEngine::fallSilent() {
   current.highlightedString = current.lockedStringIndex;
 }
 
-/// Against the newest raw value, not the last median: a new note must not wait for old ones to
-/// leave.
+/// Compares with the newest raw value, not the last median, so that a new note shows at once.
 double TunerEngine::smooth(double raw) {
   if (!history.empty() && isJump(centsBetween(raw, history.back()))) history.clear();
   history.push_back(raw);

@@ -9,7 +9,7 @@
 namespace corvane {
 namespace {
 
-/// The tone's 1.05 s and the time its echo takes to leave the analysed blocks.
+/// The tone's 1.05 s, and the time until its echo has left the analysed blocks.
 constexpr auto suppression = std::chrono::milliseconds(1350);
 
 }  // namespace

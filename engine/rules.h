@@ -4,8 +4,8 @@
 #include <cmath>
 #include <cstdint>
 
-/// Decisions that depend on their argument alone, apart so that their limits can be tested: the
-/// rounded logarithm of a ratio of frequencies need never be exactly 5 or 80 cents.
+/// Pure functions, separate so that their limits can be tested: no ratio of two frequencies need
+/// give exactly 5 or 80 cents.
 namespace corvane {
 
 /// Whether a deviation from the target is in tune: up to 5 cents, inclusive.
@@ -18,8 +18,8 @@ inline bool isJump(double cents) {
   return std::abs(cents) > 80.0;
 }
 
-/// The position of the string that a reference tone plays when none is chosen: the second of
-/// `count`, or the only one.
+/// The string that a reference tone plays when none is chosen: the second of `count`, or the only
+/// one.
 inline std::int64_t defaultString(std::int64_t count) {
   return std::min<std::int64_t>(count, 2) - 1;
 }

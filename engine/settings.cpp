@@ -85,14 +85,14 @@ void TunerEngine::persist() {
   preferences.setBoolean(leftKey, current.leftHanded);
 }
 
-/// The last highlight may be of a tuning with more strings, and the reference tone reads it before
-/// the next reading renews it.
+/// The highlight may be of a tuning with more strings, and the reference tone may read it before
+/// the next reading sets it.
 void TunerEngine::dropForeignHighlight() {
   if (current.highlightedString && !isString(*current.highlightedString))
     current.highlightedString = std::nullopt;
 }
 
-/// The smoothing of the instrument before must not leak into this one.
+/// Smoothing must not mix readings of two instruments.
 void TunerEngine::adoptTuningIfNeeded() {
   if (TuningLibrary::find(current.instrument, current.tuningID) == nullptr)
     setTuningID(tuning().id);

@@ -286,7 +286,7 @@ TEST_F(Listening, AStartThatDoesNotListenLetsTheLastNoteFade) {
   }
 }
 
-TEST_F(Listening, StopForgetsTheBlockThatWaits) {
+TEST_F(Listening, StopDropsTheWaitingBlock) {
   std::vector<TaskQueue::Job> held;
   struct HeldQueue final : TaskQueue {
     explicit HeldQueue(std::vector<Job>& kept) : jobs(kept) {}
@@ -328,7 +328,7 @@ TEST_F(Listening, SamplesFromBeforeAnInterruptionNeverJoinLaterOnes) {
   }
 }
 
-TEST_F(Listening, WhatTheTapHearsReachesTheScreenOnTheMainThread) {
+TEST_F(Listening, TappedSoundReachesTheStateOnTheMainThread) {
   engine->start();
   hear(110.0);
   push(8192, 0.0F);

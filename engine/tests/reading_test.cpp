@@ -28,7 +28,7 @@ TEST(Rules, ExactlyEightyCentsAreNoJump) {
   for (const double cents : {above, -above}) EXPECT_TRUE(isJump(cents)) << cents;
 }
 
-TEST(Rules, WhatIsNotPositiveDeviatesByExactlyZero) {
+TEST(Rules, NonPositiveFrequenciesDeviateByExactlyZero) {
   for (const double odd : {0.0, -440.0, nan}) {
     EXPECT_EQ(centsBetween(odd, 440.0), 0.0) << odd;
     EXPECT_EQ(centsBetween(440.0, odd), 0.0) << odd;

@@ -82,7 +82,7 @@ TEST_F(ReferenceTone, SetsUpARunningOutputThatItDidNotStart) {
   EXPECT_EQ(world.output->formats.size(), 3U) << "the failed start is not forgotten";
 }
 
-TEST_F(ReferenceTone, AFailedPressLeavesTheTunerListening) {
+TEST_F(ReferenceTone, AFailedPressSuppressesNothing) {
   world.output->startSucceeds = false;
   EXPECT_EQ(notifications([this] { engine->playReference(); }), 0);
   EXPECT_FALSE(engine->state().playingReference);

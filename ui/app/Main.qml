@@ -5,8 +5,8 @@ Window {
     id: root
 
     required property TunerModel tuner
-    property real textZoom: 1 // that the user wants of the desktop's texts
-    // All of the screen, not its texts alone, and no more than leaves it its smallest size.
+    property real textZoom: 1 // the user's text scale
+    // Scales the whole screen, as far as its minimum size still fits.
     readonly property real zoom: Math.max(1, Math.min(textZoom, width / minimumWidth, height / minimumHeight))
 
     title: "Corvane"

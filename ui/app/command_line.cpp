@@ -13,12 +13,11 @@ int print(const QString& text) {
 }
 
 int refuse(const QString& reason) {
-  std::fprintf(stderr, "corvane: %s (--help tells the options)\n", qPrintable(reason.simplified()));
+  std::fprintf(stderr, "corvane: %s (see --help)\n", qPrintable(reason.simplified()));
   return 2;
 }
 
-/// All of them: the toolkit takes options of its own out of the arguments, but not before it is
-/// made.
+/// Includes Qt's own options, which the application's constructor has not removed yet.
 QStringList all(int argc, char** argv) {
   QStringList arguments;
   for (int i = 0; i < argc; ++i) arguments += QString::fromLocal8Bit(argv[i]);
@@ -26,7 +25,7 @@ QStringList all(int argc, char** argv) {
 }
 
 int help(const QCommandLineParser& parser, int argc, char** argv) {
-  const QCoreApplication app(argc, argv);  // the parser asks it for the program's name
+  const QCoreApplication app(argc, argv);  // the parser reads the program's name from it
   return print(parser.helpText());
 }
 

@@ -4,9 +4,9 @@
 
 namespace corvane {
 
-/// What the program's arguments ask for, before there is a display: the exit status of a program
-/// that has answered them, nothing when the tuner is to be shown. `--help` and `--version` are
-/// answered on standard output; any other argument gets one line on standard error and status 2.
+/// Handles the arguments, before the display is opened. Returns the exit status if they were
+/// answered, nothing if the tuner is to be shown. `--help` and `--version` print to standard
+/// output; any other argument gets one line on standard error and status 2.
 std::optional<int> answerCommandLine(int argc, char** argv);
 
 }  // namespace corvane

@@ -15,7 +15,7 @@ namespace {
 
 using X11 = QNativeInterface::QX11Application;
 
-/// XCB_ATOM_NONE where the display does not answer.
+/// XCB_ATOM_NONE if the display does not answer.
 xcb_atom_t atom(xcb_connection_t* connection, std::string_view name) {
   const auto cookie =
       xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
@@ -38,7 +38,7 @@ void setVariantOfGtk(xcb_connection_t* connection, WId window, std::string_view 
 }  // namespace
 
 void askForDarkFrame(QWindow& window) {
-  // Qt's own frames on Wayland take their colours from these.
+  // Qt's own frames on Wayland use these colours.
   QPalette dark(TunerTheme::bg);
   dark.setColor(QPalette::WindowText, Qt::white);
   QGuiApplication::setPalette(dark);

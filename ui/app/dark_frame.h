@@ -4,7 +4,7 @@
 
 namespace corvane {
 
-/// Asks for a dark title bar and border, whatever the desktop's own are. Before `window` is shown.
+/// Requests a dark title bar and border. Call before `window` is shown.
 void askForDarkFrame(QWindow& window);
 
 }  // namespace corvane

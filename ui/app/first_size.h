@@ -4,12 +4,11 @@ class QWindow;
 
 namespace corvane {
 
-/// What is left of the screen's height, in points, for a title bar, which nobody can measure before
-/// the window is shown.
+/// Height in points reserved for the title bar, which cannot be measured before the window is
+/// shown.
 inline constexpr int titleBarHeight = 40;
 
-/// Makes a window that is to be shown no larger than its screen has room for, and no smaller than
-/// its own minimum.
+/// Limits the size of a window that is not shown yet to its screen, but not below its minimum.
 void fitToScreen(QWindow& window);
 
 }  // namespace corvane

@@ -11,9 +11,9 @@ namespace {
 
 constexpr std::chrono::milliseconds exposureGrace{500};
 
-/// On X11 a window is exposed unless it is unmapped. On Wayland Qt before 6.8 does not hear that a
-/// window is suspended: to it a covered one is unexposed too, and one whose compositor is late.
-bool exposureTellsOfWorkspaces() {
+/// On X11 a window is exposed while it is mapped. On Wayland Qt before 6.8 does not report
+/// suspended windows, and reports covered windows, and those of a late compositor, as unexposed.
+bool exposureReportsWorkspaces() {
   return !QGuiApplication::platformName().startsWith("wayland") ||
          QLibraryInfo::version() >= QVersionNumber(6, 8);
 }
@@ -42,10 +42,10 @@ bool ListeningSwitch::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
-/// A window that is being put into another frame is not exposed for a moment.
+/// A window is unexposed for a moment while it is being reparented.
 void ListeningSwitch::look() {
   if (!isShown()) return setOnScreen(false);
-  if (!window.isExposed() && exposureTellsOfWorkspaces()) {
+  if (!window.isExposed() && exposureReportsWorkspaces()) {
     if (onScreen && !unexposed.isActive()) unexposed.start();
     return;
   }

@@ -28,7 +28,7 @@ namespace {
 
 using namespace corvane;
 
-/// Shows `tuner` in a window; null when the screen cannot be built.
+/// The window that shows `tuner`; null if it cannot be created.
 QQuickWindow* showWindow(QQmlApplicationEngine& qml, TunerModel& tuner) {
   qml.setInitialProperties({{"tuner", QVariant::fromValue(&tuner)}, {"textZoom", takeTextZoom()}});
   qml.addImportPath("qrc:/qt/qml");  // Qt 6.5 and later search it anyway.
@@ -37,7 +37,7 @@ QQuickWindow* showWindow(QQmlApplicationEngine& qml, TunerModel& tuner) {
   return roots.isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(roots.front());
 }
 
-/// Returns the exit status once the settings are saved and the streams are closed.
+/// Runs the program. When it returns the exit status, settings are saved and streams are closed.
 int tune() {
   QGuiApplication::setApplicationDisplayName("Corvane");
   QGuiApplication::setDesktopFileName("org.corvane.Corvane");
@@ -60,7 +60,7 @@ int tune() {
   TunerModel tuner(engine, platform.microphonePermission, platform.urlOpener);
   QQmlApplicationEngine qml;
   QQuickWindow* window = showWindow(qml, tuner);
-  require(window != nullptr, "the program carries its own screen");
+  require(window != nullptr, "the QML of the window loads");
   PulseMicrophoneWatch microphones(connection);
   const ListeningSwitch listening(*window, engine, microphones);
   fitToScreen(*window);
@@ -75,7 +75,7 @@ int tune() {
 int main(int argc, char** argv) {
   if (const auto status = answerCommandLine(argc, argv)) return *status;
 
-  // A few changing texts do not pay for a GPU context, which costs more memory than all the rest.
+  // A GPU context would cost more memory than the rest of the program.
   QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
   QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
 

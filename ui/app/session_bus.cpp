@@ -14,14 +14,14 @@
 namespace corvane {
 namespace {
 
-/// Of a bus on a busy machine: who is left without it has no screen reader.
-constexpr int patienceMilliseconds = 3000;
-/// To which every bus answers with the ways in which it can be told who we are.
+/// Generous, because a screen reader needs the bus.
+constexpr int busTimeoutMilliseconds = 3000;
+/// Every bus replies to this with its authentication methods.
 constexpr std::string_view question{"\0AUTH\r\n", 7};
 
-/// Where `sun_path` of the bus begins with a zero byte, the name is abstract. Empty for a bus that
-/// is not on a socket of this machine.
-QByteArray socketOfTheBus() {
+/// The bus's `sun_path`, which begins with a zero byte if the name is abstract. Empty for a bus
+/// that is not a local socket.
+QByteArray busSocket() {
   const QByteArray address = qgetenv("DBUS_SESSION_BUS_ADDRESS");
   if (address.isEmpty()) return qgetenv("XDG_RUNTIME_DIR") + "/bus";
   const QByteArray first = address.split(';').front().split(',').front();
@@ -30,10 +30,10 @@ QByteArray socketOfTheBus() {
   return first.startsWith("unix:abstract=") ? '\0' + name : QByteArray();
 }
 
-bool isThere(pollfd answer) {
+bool isReadable(pollfd answer) {
   int outcome = 0;
   do {
-    outcome = poll(&answer, 1, patienceMilliseconds);
+    outcome = poll(&answer, 1, busTimeoutMilliseconds);
   } while (outcome < 0 && errno == EINTR);
   return outcome > 0;
 }
@@ -41,7 +41,7 @@ bool isThere(pollfd answer) {
 }  // namespace
 
 bool sessionBusAnswers() {
-  const QByteArray name = socketOfTheBus();
+  const QByteArray name = busSocket();
   sockaddr_un bus{};
   bus.sun_family = AF_UNIX;
   if (name.isEmpty() || static_cast<std::size_t>(name.size()) >= sizeof bus.sun_path) return true;
@@ -54,9 +54,9 @@ bool sessionBusAnswers() {
   if (connect(descriptor, reinterpret_cast<const sockaddr*>(&bus), length) == 0) {
     pollfd answer{.fd = descriptor, .events = POLLIN, .revents = 0};
     answers =
-        send(descriptor, question.data(), question.size(), MSG_NOSIGNAL) < 0 || isThere(answer);
+        send(descriptor, question.data(), question.size(), MSG_NOSIGNAL) < 0 || isReadable(answer);
   } else if (errno == EAGAIN) {
-    answers = false;  // It has let others wait for so long that there is no room for one more.
+    answers = false;  // Its queue of unanswered connections is full.
   }
   close(descriptor);
   return answers;

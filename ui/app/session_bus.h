@@ -2,9 +2,8 @@
 
 namespace corvane {
 
-/// False when the desktop's message bus takes our connection and then says nothing for three
-/// seconds. The toolkit would wait for it without end. One that is not there the toolkit does
-/// without.
+/// False if the session bus accepts a connection but does not answer for three seconds: Qt would
+/// wait for it without a limit. True if there is no bus, which Qt handles.
 bool sessionBusAnswers();
 
 }  // namespace corvane

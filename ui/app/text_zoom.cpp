@@ -11,7 +11,7 @@ namespace {
 constexpr double pointsPerInch = 72.0;
 constexpr double usualPixels = 11.0 * 96.0 / pointsPerInch;
 
-/// Not from the font's metrics, which would load it.
+/// Does not use the font's metrics, which would load the font.
 double pixels(const QFont& font, double dotsPerInch) {
   return font.pixelSize() > 0 ? font.pixelSize() : font.pointSizeF() * dotsPerInch / pointsPerInch;
 }

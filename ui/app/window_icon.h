@@ -4,8 +4,8 @@ class QQuickWindow;
 
 namespace corvane {
 
-/// Gives the window its icon once it has been drawn for the first time, which does not wait for it.
-/// On X11 alone, where window managers ask the window; elsewhere they ask the desktop entry.
+/// Sets the window's icon after its first frame, so as not to delay it. Only on X11: elsewhere the
+/// icon comes from the desktop entry.
 void showIcon(QQuickWindow& window);
 
 }  // namespace corvane

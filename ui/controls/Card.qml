@@ -1,13 +1,13 @@
 import QtQuick
 import Corvane
 
-// A group of regions on a ground of its own: whatever stands in it, stacked and padded.
+// A padded column on a card background.
 Item {
     id: root
 
     required property fit metrics
     property real spacing: 0
-    property real overflow: 0 // of what is wider than the card, which grows by that on both sides together
+    property real overflow: 0 // of content wider than the card, which grows by it, half on each side
     readonly property real padding: metrics.compact ? 10 : 14
     default property alias content: stack.data
 

@@ -1,8 +1,7 @@
 import QtQuick
 import Corvane
 
-// Shows where the keyboard is: a line around the control it stands in, in a colour that says nothing of
-// a note.
+// A line around the control that has the focus, in a colour that no verdict uses.
 ContinuousRectangle {
     required property Item control
     property real distance: 2

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// The ground of the two buttons that matter most.
+// The background of the two main buttons.
 ContinuousRectangle {
     id: root
 

@@ -1,13 +1,13 @@
 import QtQuick
 import Corvane
 
-// Plain text that a screen reader reads as it stands.
+// Plain text, its own accessible name.
 Text {
-    // Whole, because versions of Qt centre fractions differently.
+    // Whole points: Qt versions centre fractions differently.
     width: Math.ceil(implicitWidth)
     textFormat: Text.PlainText
-    // Said, not guessed: an empty text would ask for the direction of the keyboard, which is none of
-    // ours, and Qt 6.4 crashes where Wayland has no keyboard.
+    // Explicit, because Qt 6.4 asks the keyboard for the direction of an empty text, and crashes if
+    // Wayland has no keyboard.
     horizontalAlignment: Text.AlignLeft
     color: "white"
     font.pixelSize: TypeScale.body

@@ -1,15 +1,15 @@
 import QtQuick
 import Corvane
 
-// One entry of a menu; the chosen one has a checkmark.
+// A menu entry; the chosen one has a checkmark.
 PlainButton {
     id: root
 
     required property string title
-    required property bool choosable // it can be the chosen one
+    required property bool choosable // can be the chosen one
     required property bool chosen
     required property bool highlighted
-    required property bool ringed // the keyboard is here, and is used
+    required property bool ringed // has the focus, by keyboard
     required property real indent // of the title
 
     activeFocusOnTab: false

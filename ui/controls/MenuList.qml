@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// The entries of a pull-down menu in their sections, for mouse, touchpad and keyboard.
+// The list of a pull-down menu.
 MenuView {
     id: root
 
@@ -14,12 +14,12 @@ MenuView {
     model: entries
     boundsBehavior: Flickable.StopAtBounds
     highlightMoveDuration: 0
-    cacheBuffer: 4000 // keeps every row that was made
+    cacheBuffer: 4000 // keeps all rows
 
-    // Starts at the chosen entry; where none can be chosen, at the current one.
+    // Starts at the chosen entry or, in a menu without choice, at the one with this value.
     function showCurrent(current: string): void {
-        // Makes every row. A list that has not seen all of its rows guesses its height, and since Qt 6.8
-        // a scroll ends when the guess changes.
+        // Creates every row: a ListView estimates its height from the rows that exist, and since Qt 6.8
+        // scrolling stops when the estimate changes.
         for (let row = 0; row < count; ++row)
             positionViewAtIndex(row, ListView.Contain);
         currentIndex = hasChoice ? entries.chosenRow : entries.rowWith(current);
@@ -28,7 +28,7 @@ MenuView {
         positionViewAtIndex(Math.max(currentIndex, 0), ListView.Center);
     }
 
-    // The row of the entry there; -1 where there is none.
+    // The row of the entry at this place; -1 for none.
     function rowAt(place: point): int {
         const inList = contentItem.mapFromItem(null, place);
         const inView = mapFromItem(null, place);
@@ -44,7 +44,7 @@ MenuView {
         currentIndex = row;
     }
 
-    // As far as there are entries.
+    // Clamped to the entries.
     function moveBy(rows: int): void {
         currentIndex = Math.max(0, Math.min(currentIndex + rows, count - 1));
     }
@@ -73,8 +73,8 @@ MenuView {
 
     Accessible.role: Accessible.PopupMenu
 
-    // Only a pointer that moves highlights: one that lies where a list opens, or scrolls by under
-    // the arrow keys, leaves the highlight alone.
+    // Only pointer motion moves the highlight, not a resting pointer below which the list opens or
+    // scrolls.
     HoverHandler {
         property var before: null
 

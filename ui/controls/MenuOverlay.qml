@@ -1,14 +1,13 @@
 import QtQuick
 import Corvane
 
-// All of the window while a list is open in it: what is not for the list closes it, and reaches
-// nothing else.
+// Covers the window while a list is open: input outside the list closes it and reaches nothing else.
 MouseArea {
     id: root
 
     required property Item control
     required property MenuModel entries
-    required property real listWidth // at least; 0 for that of the control
+    required property real listWidth // 0 for the width of the control
     required property int alignment
     required property string current
     readonly property rect size: Qt.rect(0, 0, control.width, control.height)
@@ -23,7 +22,7 @@ MouseArea {
     signal dismissed(reason: int)
     signal picked(value: string, reason: int)
 
-    // Of a press that opened it, there.
+    // The end of the press that opened the list.
     function drop(there: point): void {
         const isIn = item => item.contains(item.mapFromItem(null, there));
         if (list.rowAt(there) >= 0)
@@ -44,8 +43,8 @@ MouseArea {
 
     Keys.onEscapePressed: dismissed(Qt.TabFocusReason)
     Keys.onShortcutOverride: event => event.accepted = true
-    // While a screen reader listens, Qt 6.4 tries shortcuts without asking the item that has the
-    // keyboard. A second shortcut of the same keys makes Help's ambiguous, so that neither acts.
+    // While assistive technology is running, Qt 6.4 activates shortcuts without a ShortcutOverride
+    // event. A second shortcut with the same keys makes Help's ambiguous, so that neither acts.
     Shortcut {
         sequence: "Alt+H"
     }
@@ -80,7 +79,7 @@ MouseArea {
         radius: ground.radius
     }
 
-    // Clear of its control: below, where the note stays in sight, unless there is little room.
+    // Below the control, so that the note stays visible, unless there is little room.
     ContinuousRectangle {
         id: ground
 
@@ -100,7 +99,7 @@ MouseArea {
         borderWidth: 1
         borderColor: Shades.line
 
-        // What is pressed beside the entries does not close the list.
+        // A press beside the entries does not close the list.
         MouseArea {
             anchors.fill: parent
         }
@@ -114,7 +113,7 @@ MouseArea {
             onPicked: (value, reason) => root.picked(value, reason)
         }
 
-        // How much more there is to scroll to.
+        // The scroll indicator.
         Capsule {
             anchors.right: parent.right
             anchors.rightMargin: 2

@@ -1,8 +1,8 @@
 import QtQuick
 import Corvane
 
-// One row of a menu: an entry, under the heading of its section where it is the first of it. The
-// keyboard goes to the entry of the current row, so that a screen reader says which one that is.
+// A row of a menu: an entry, below the section's heading if it is the first. The entry of the current
+// row has the focus, so that screen readers announce it.
 FocusScope {
     id: root
 

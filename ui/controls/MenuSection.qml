@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// The heading of a section in a menu; nothing where there is none.
+// The heading of a menu section; empty without a title.
 Item {
     id: root
 

@@ -1,17 +1,17 @@
 import QtQuick
 import Corvane
 
-// What the rows of a menu know of the menu they stand in.
+// The part of a menu that its rows refer to.
 ListView {
     required property MenuModel entries
-    property bool byKeyboard: false // was the highlight moved last
+    property bool byKeyboard: false // moved the highlight last
     readonly property real entryHeight: 28
-    // One of the entries is the current one; else each is something to do.
+    // Entries are alternatives, one of them chosen; otherwise each is a command.
     readonly property bool hasChoice: entries.chosenRow >= 0
-    // Room for a checkmark before the titles, where an entry can have one.
+    // Room for checkmarks.
     readonly property real indent: hasChoice ? 30 : 10
 
-    // The reason tells a choice by the keyboard from one by a press.
+    // The focus reason: keyboard or press.
     signal picked(value: string, reason: int)
 
     function pick(row: int, reason: int): void {

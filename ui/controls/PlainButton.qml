@@ -1,9 +1,9 @@
 import QtQuick
 import Corvane
 
-// A button without a look of its own, that a screen reader can press too.
+// A button that draws nothing; screen readers can press it.
 Pressable {
-    // What lies over the colour of its ground while it is pressed or the mouse is over it.
+    // The overlay on the background while pressed or hovered.
     readonly property color light: Qt.rgba(1, 1, 1, down ? 0.12 : hovered ? 0.06 : 0)
 
     Accessible.onPressAction: press()

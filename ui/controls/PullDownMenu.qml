@@ -1,15 +1,14 @@
 import QtQuick
 import Corvane
 
-// A list in sections that opens over a control, at the entry that is chosen. Nothing of it exists
-// while it is closed.
+// A menu that opens at a control, at its chosen entry. Nothing of it exists while it is closed.
 Item {
     id: root
 
     required property Item control
     required property MenuModel entries
-    property int alignment: Qt.AlignLeft // with which edge of the control
-    property string current // the value at which it starts where no entry can be chosen
+    property int alignment: Qt.AlignLeft // edge of the control
+    property string current // the value to start at in a menu without choice
     property Item shown: null
     readonly property bool opened: shown !== null
 
@@ -18,7 +17,7 @@ Item {
     function open(): void {
         if (opened)
             return;
-        // By its name, so that none of it is loaded before.
+        // By name, so that it is not loaded before.
         shown = Qt.createComponent("MenuOverlay.qml").createObject(Window.contentItem, {
                 control: control,
                 entries: entries,
@@ -28,7 +27,7 @@ Item {
             });
     }
 
-    // Whoever closes it with the keyboard sees where the keyboard is then.
+    // After a keyboard close the control shows its focus ring.
     function close(reason: int): void {
         discard();
         control.forceActiveFocus(reason);
@@ -41,7 +40,7 @@ Item {
 
     Component.onDestruction: discard()
 
-    // It opens with the press, so that one can drag to an entry and let go there.
+    // Opens on press, so that one can drag to an entry and release.
     Connections {
         target: root.control as PlainButton
 

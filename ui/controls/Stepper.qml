@@ -1,8 +1,8 @@
 import QtQuick
 import Corvane
 
-// A pair of buttons that change a number by one, held inside its range. A screen reader finds the
-// range by the names of these properties.
+// Two buttons that change a number by one within its range. Screen readers find the range by these
+// property names.
 ValueItem {
     id: root
 
@@ -30,7 +30,7 @@ ValueItem {
             step(event.key === Qt.Key_PageUp ? page : -page);
     }
 
-    // A notch of a common wheel is 120; finer ones tell parts of it.
+    // One notch is 120; high-resolution wheels send fractions.
     WheelHandler {
         property real turned: 0
 

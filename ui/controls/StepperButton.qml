@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// One half of a stepper; goes on stepping while it is held.
+// One half of a stepper; repeats while held.
 PlainButton {
     id: root
 

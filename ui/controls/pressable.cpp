@@ -8,7 +8,7 @@ namespace {
 
 constexpr int beforeRepeatingMs = 300;
 
-/// Faster the longer it is held: a hundred steps take three seconds.
+/// Accelerates: a hundred steps take three seconds.
 int nextRepeatMs(int repeats) {
   return std::max(20, 100 - 4 * repeats);
 }
@@ -21,7 +21,7 @@ bool presses(const QKeyEvent& event) {
 }  // namespace
 
 Pressable::Pressable(QQuickItem* parent) : QQuickItem(parent) {
-  // Touch comes as the mouse does when it is accepted by nothing else.
+  // Qt sends unaccepted touch events as mouse events.
   setAcceptedMouseButtons(Qt::LeftButton);
   setAcceptHoverEvents(true);
   setActiveFocusOnTab(true);
@@ -56,12 +56,12 @@ void Pressable::mouseUngrabEvent() {
   repeat.stop();
 }
 
-/// A finger that slides off in the time of one frame is let go without another word.
+/// A finger that slides off within one frame sends no move before the release.
 void Pressable::touchUngrabEvent() {
   mouseUngrabEvent();
 }
 
-// What it stands in may want to know too.
+// The parent may handle it too.
 void Pressable::hoverEnterEvent(QHoverEvent* event) {
   setHovered(true);
   event->ignore();
@@ -77,15 +77,15 @@ void Pressable::keyPressEvent(QKeyEvent* event) {
   if (presses(*event) && !event->isAutoRepeat()) setDown(true);
 }
 
-/// The key may have gone down elsewhere: in a menu that closed and gave the focus back.
+/// The key may have been pressed elsewhere, in a menu that closed and returned the focus.
 void Pressable::keyReleaseEvent(QKeyEvent* event) {
   event->setAccepted(presses(*event));
   if (presses(*event) && !event->isAutoRepeat()) release();
 }
 
 void Pressable::focusInEvent(QFocusEvent* event) {
-  QQuickItem::focusInEvent(event);  // Tells assistive technology.
-  // A window that becomes active again is as it was left.
+  QQuickItem::focusInEvent(event);  // Notifies assistive technology.
+  // A window that becomes active again keeps its focus ring as it was.
   if (event->reason() != Qt::ActiveWindowFocusReason) {
     focusedByKeyboard = event->reason() != Qt::MouseFocusReason;
   }

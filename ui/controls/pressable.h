@@ -7,10 +7,9 @@
 
 namespace corvane {
 
-/// An area that is pressed with the mouse, with a finger, or with the keys Space, Return and Enter;
-/// it shows nothing itself. A press that leaves it, or loses it to something that scrolls, does not
-/// count. The Tab key comes here, and so does the focus with a press, unless `activeFocusOnTab` is
-/// off.
+/// An invisible area that responds to mouse, touch, Space, Return and Enter. A press that leaves
+/// it, or that a Flickable takes over, is no click. Takes the focus with Tab and with a press,
+/// unless `activeFocusOnTab` is off.
 class Pressable : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT
@@ -22,17 +21,17 @@ class Pressable : public QQuickItem {
  public:
   explicit Pressable(QQuickItem* parent = nullptr);
 
-  bool isDown() const { return down; }        ///< letting go now would be a click
-  bool isHovered() const { return hovered; }  ///< the mouse is over it
-  /// The keyboard is here, and came otherwise than by a press.
+  bool isDown() const { return down; }        ///< a release now would be a click
+  bool isHovered() const { return hovered; }  ///< by the mouse
+  /// Has the focus, and got it otherwise than by a press.
   bool hasVisualFocus() const { return visualFocus; }
 
-  /// A click from elsewhere: a screen reader, say. Nothing happens while it is disabled.
+  /// Clicks, for example for a screen reader. No effect while disabled.
   Q_INVOKABLE void press();
 
  signals:
   void clicked();
-  /// The mouse or a finger: down, under way and up again, in the window's own coordinates.
+  // Mouse or touch press, move and release, in window coordinates.
   void pressed();
   void dragged(QPointF place);
   void dropped(QPointF place);
@@ -67,7 +66,7 @@ class Pressable : public QQuickItem {
   bool visualFocus = false;
   bool focusedByKeyboard = false;
   bool autoRepeat = false;
-  int repeats = 0;  ///< how often the press that is going on has clicked already
+  int repeats = 0;  ///< clicks of the current press so far
   QBasicTimer repeat;
 };
 

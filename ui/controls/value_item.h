@@ -6,8 +6,8 @@
 
 namespace corvane {
 
-/// An item with a number that a screen reader says when it changes. Qt 6.11 does not report the
-/// changes of a property of QML, and earlier versions report those of any `valueChanged`.
+/// An item whose number screen readers announce when it changes. Qt 6.11 does not report changes of
+/// a QML property to them; earlier versions report every `valueChanged`.
 class ValueItem : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT

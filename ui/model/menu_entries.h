@@ -16,11 +16,11 @@ struct TuningGroup {
   std::vector<Tuning> tunings;
 };
 
-/// The instrument's tunings by their group: groups in the order in which they first occur, tunings
-/// in the library's order.
+/// The instrument's tunings by group: groups in order of first occurrence, tunings in library
+/// order.
 std::vector<TuningGroup> groupedTunings(Instrument instrument);
 
-/// The tunings of the instrument in the sections of its groups; the value is the tuning's id.
+/// The instrument's tunings, one section per group; the value is the tuning's id.
 std::vector<MenuModel::Entry> tuningEntries(Instrument instrument, std::string_view chosenID);
 
 /// The concert pitches, those below 440 Hz first; the value is the number of hertz.

@@ -24,7 +24,7 @@ class MenuModel : public QAbstractListModel {
     bool operator==(const Entry&) const = default;
   };
 
-  /// The heading is the section where the entry is the first of it, and empty elsewhere.
+  /// The heading is the section's name for its first entry, empty for the others.
   enum Role { Heading = Qt::UserRole + 1, Title, Value, Chosen };
 
   using QAbstractListModel::QAbstractListModel;
@@ -36,8 +36,8 @@ class MenuModel : public QAbstractListModel {
   int chosenRow() const;  ///< -1 when no entry is the current one
   Q_INVOKABLE QString valueAt(int row) const;
   Q_INVOKABLE int rowWith(const QString& value) const;  ///< -1 when no entry has it
-  /// The next row after `row`, round and round, whose title starts with `text` in either case; -1
-  /// when there is none, or no text.
+  /// The next row after `row`, wrapping around, whose title starts with `text`, ignoring case; -1
+  /// when there is none or `text` is empty.
   Q_INVOKABLE int rowStartingWith(const QString& text, int row) const;
 
   void setEntries(std::vector<Entry> next);

@@ -7,7 +7,7 @@
 namespace corvane::PrivacyPolicy {
 namespace {
 
-/// Title and address in one text, so that they cannot drift apart.
+/// Title and address are one text, so that they cannot diverge.
 const QString& titleAndAddress() {
   static const QString text = QStringLiteral("Privacy Policy " CORVANE_PRIVACY_URL);
   return text;
@@ -15,12 +15,12 @@ const QString& titleAndAddress() {
 
 constexpr qsizetype titleLength = 14;
 
-/// A relative address is that of the page which came with the program, wherever both were put.
+/// A relative address is resolved against the program: the page is installed beside it.
 QUrl parsedUrl() {
   const QUrl address(titleAndAddress().mid(titleLength + 1), QUrl::StrictMode);
   const QUrl program = QUrl::fromLocalFile(QFile::symLinkTarget("/proc/self/exe"));
   const QUrl url = program.resolved(address);
-  require(address.isValid() && !url.isRelative(), "the privacy policy has an address");
+  require(address.isValid() && !url.isRelative(), "the privacy policy's address is valid");
   return url;
 }
 

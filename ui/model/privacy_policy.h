@@ -5,14 +5,14 @@
 
 namespace corvane {
 
-/// The page that tells what the program does with sound.
+/// The page about what the program does with sound.
 namespace PrivacyPolicy {
 
 /// The text of the link and of the menu item.
 QString title();
 
-/// Its address, set when the program is configured: a web address, or a path from the program's
-/// folder. One that does not parse stops the program.
+/// Its address, set at configuration: a web address, or a path relative to the program's folder.
+/// An invalid address stops the program.
 const QUrl& url();
 
 }  // namespace PrivacyPolicy

@@ -7,8 +7,8 @@
 namespace corvane {
 namespace {
 
-/// As printf's "%.1f" in the C locale, whatever the user's locale is. Not QString's own: that one
-/// rounds an exact half up, printf to the even digit.
+/// printf's "%.1f" in the C locale. QString::number differs: it rounds an exact half up, printf to
+/// the even digit.
 QString oneDecimal(double value) {
   std::array<char, 400> text;  // the largest 64-bit float has 309 digits before the point
   const auto [end, error] =

@@ -10,7 +10,7 @@
 
 namespace corvane {
 
-/// The string chips in the order in which they stand on the screen. Main thread only.
+/// The string chips in screen order. Main thread only.
 class StringRowModel : public QAbstractListModel {
   Q_OBJECT
   QML_ELEMENT
@@ -19,7 +19,7 @@ class StringRowModel : public QAbstractListModel {
 
  public:
   struct Chip {
-    int stringIndex = 0;  ///< its position in the tuning, whatever the order on the screen
+    int stringIndex = 0;  ///< position in the tuning, independent of the screen order
     QString label;
     int octave = 0;
     bool selected = false;
@@ -39,7 +39,7 @@ class StringRowModel : public QAbstractListModel {
 
   int count() const { return rowCount(); }
 
-  /// Takes over what the engine has now, and tells the screen of the chips that differ.
+  /// Copies the engine's state and reports the chips that differ.
   void update(const TunerEngine& engine);
 
  signals:

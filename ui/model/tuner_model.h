@@ -19,8 +19,8 @@
 
 namespace corvane {
 
-/// Shows the engine to the screen, every text and colour as it is drawn, and hands on what the user
-/// does. Main thread only.
+/// The engine's state as the screen draws it, texts and colours included; forwards user input to
+/// the engine. Main thread only.
 class TunerModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
@@ -58,7 +58,7 @@ class TunerModel : public QObject {
   Q_PROPERTY(QList<int> quickPitches READ quickPitches CONSTANT)
   Q_PROPERTY(bool playingReference READ playingReference NOTIFY playingReferenceChanged)
 
-  // What never changes.
+  // Constants.
   Q_PROPERTY(corvane::MenuModel* helpMenu READ helpMenu CONSTANT)
   Q_PROPERTY(QString appVersion READ appVersion CONSTANT)
   Q_PROPERTY(QString privacyTitle READ privacyTitle CONSTANT)
@@ -107,11 +107,11 @@ class TunerModel : public QObject {
   QString privacyTitle() const;
 
   Q_INVOKABLE void chooseTuning(const QString& id);
-  /// Locks the tuner to the string at this position in the tuning, or releases it from there.
+  /// Locks the string at this position in the tuning, or releases it if it is locked.
   Q_INVOKABLE void toggleLock(int stringIndex);
   Q_INVOKABLE void releaseLock();
   Q_INVOKABLE void playReference() { engine->playReference(); }
-  /// Opens the system's settings where the microphone is denied, tries to listen everywhere else.
+  /// Opens the system's settings if the microphone is denied, starts listening otherwise.
   Q_INVOKABLE void allowMicrophone();
   Q_INVOKABLE void openPrivacyPolicy();
 
@@ -122,8 +122,8 @@ class TunerModel : public QObject {
   Q_INVOKABLE static QString scaleText(double span);
 
  signals:
-  // What every reading changes has signals of its own, so that it does not make the screen ask for
-  // all the rest.
+  // One signal for each group of properties that change together, so that a reading makes the
+  // screen evaluate few bindings.
   void readoutChanged();
   void centsChanged();
   void frequencyChanged();

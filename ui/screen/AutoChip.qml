@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// Lets the tuner choose the string.
+// Selects automatic choice of the string.
 Chip {
     id: root
 

@@ -9,7 +9,7 @@ PlainButton {
     required property bool selected
     required property color fill
 
-    // For assistive technology, while any listens.
+    // For assistive technology only.
     function inWords(...states): string {
         return row?.tuner.speech.active ? states.filter(state => state !== "").join(", ") : "";
     }
@@ -20,13 +20,13 @@ PlainButton {
     width: height + gap
     height: row?.itemWidth ?? 0
 
-    // Of a push button no screen reader says whether it is checked.
+    // Screen readers announce the checked state of radio buttons, not of push buttons.
     Accessible.role: Accessible.RadioButton
     Accessible.checkable: true
     Accessible.checked: selected
     Accessible.onToggleAction: press()
 
-    // On whole points: the side of a chip need not be one, and a line between two pixels is blurred.
+    // On whole points, because the side of a chip may be fractional and its outline would be blurred.
     ContinuousRectangle {
         id: face
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// The frequency of A4, by name and by single hertz.
+// The frequency of A4, by preset and in steps of one hertz.
 Item {
     id: root
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// Everything that can be chosen.
+// Instrument, tuning, strings and reference.
 Card {
     id: root
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// The version, and the way to the privacy policy.
+// The version and the link to the privacy policy.
 Item {
     id: root
 
@@ -23,7 +23,7 @@ Item {
         font.pixelSize: TypeScale.caption2
     }
 
-    // Easier to hit than a line of small text.
+    // Larger than its text, to be easy to hit.
     PlainButton {
         id: link
 
@@ -56,8 +56,7 @@ Item {
             Accessible.ignored: true
         }
 
-        // Not a handler of hover: while the pointer rests on the window, Qt 6.4 adds each one to a list
-        // of its own with every frame.
+        // Work around Qt 6.4's HoverHandler leak: it adds each handler to a list with every frame.
         MouseArea {
             anchors.fill: parent
             acceptedButtons: Qt.NoButton

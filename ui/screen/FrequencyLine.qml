@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// What is heard, before it is matched to a string.
+// The frequency and its nearest note, independent of the string.
 Item {
     id: root
 

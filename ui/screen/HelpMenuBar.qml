@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// The menu bar: Help, with the one thing there is to read.
+// The menu bar: Help with its one entry.
 Item {
     id: root
 

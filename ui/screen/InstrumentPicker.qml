@@ -29,7 +29,7 @@ Item {
         radius: 8
         color: Shades.track
 
-        // Slides to the segment that is chosen, on whole points, as the segments are.
+        // Slides to the chosen segment, on whole points like the segments.
         ContinuousRectangle {
             property real at: root.tuner.instrument
             readonly property real start: at * row.itemWidth
@@ -41,7 +41,7 @@ Item {
             radius: 6
             color: Shades.raised
 
-            // Of the choice, not of the layout.
+            // Only for a choice, not for a change of layout.
             Behavior on at {
                 NumberAnimation {
                     duration: 120

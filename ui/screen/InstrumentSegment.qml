@@ -20,7 +20,7 @@ PlainButton {
     Accessible.checked: checked
     Accessible.onToggleAction: press()
 
-    // On whole points, as a chip is.
+    // On whole points, like a chip.
     ContinuousRectangle {
         id: face
 

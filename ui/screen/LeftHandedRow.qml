@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// Over the tuning: what the list is, and the order of the strings.
+// Above the tuning: its heading and the left-handed switch.
 Item {
     id: root
 
@@ -47,7 +47,7 @@ Item {
                 y: 2
                 width: parent.height - 4
                 height: width
-                // White would hardly be seen on gold.
+                // White has too little contrast on gold.
                 color: handed.checked ? TunerTheme.bg : "white"
 
                 Behavior on at {

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// Two needles of different range, and how loud it is.
+// Two meters of different range, and the level.
 Card {
     id: root
 

@@ -1,13 +1,13 @@
 import QtQuick
 import Corvane
 
-// Why nothing is heard, and what to do about it.
+// The microphone message and its button.
 Column {
     id: root
 
     required property TunerModel tuner
-    property Item successor // has the keyboard when what had it is no longer shown
-    property bool lent: false // the keyboard, to the successor
+    property Item successor // gets the focus when the prompt disappears with it
+    property bool lent: false // the focus, to the successor
 
     spacing: 8
 
@@ -16,7 +16,7 @@ Column {
             successor.forceActiveFocus(Qt.OtherFocusReason);
             lent = true;
         } else if (visible && lent) {
-            // As after a press that was in vain: the keyboard is where it was left.
+            // As after an unsuccessful press: the focus is where it was.
             if (successor.activeFocus)
                 button.forceActiveFocus(Qt.OtherFocusReason);
             lent = false;

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// The note that is heard, how far off it is, and the verdict.
+// The note, its deviation and the verdict.
 Column {
     id: root
 
@@ -27,7 +27,7 @@ Column {
         Row {
             id: row
 
-            // As much space above the letter as below it.
+            // Equal space above and below the letter.
             readonly property real above: root.metrics.gap + note.baselineOffset - sign.capitals
             readonly property real below: note.height - note.baselineOffset + root.spacing + cents.baselineOffset - 0.7 * cents.font.pixelSize
 
@@ -35,7 +35,7 @@ Column {
             y: Math.round((below - above) / 2)
             spacing: 4
 
-            // Down to half, rather than that the note is cut.
+            // Shrinks to half before it is cut off.
             readonly property real room: root.width - (octave.visible ? octave.width + spacing : 0) - (accidental.visible ? spacing : 0)
             readonly property real wish: ofNote.advanceWidth(note.text) + (accidental.visible ? ofNote.font.pixelSize * accidental.breadth : 0)
             readonly property real shrinking: Math.max(0.5, Math.min(1, room / wish))
@@ -61,7 +61,7 @@ Column {
                 Accessible.description: "Note"
             }
 
-            // Fonts that have round letters seldom have these.
+            // Few rounded fonts have these symbols.
             Item {
                 id: accidental
 
@@ -76,7 +76,7 @@ Column {
 
                     readonly property real capitals: 0.7 * note.font.pixelSize
 
-                    // With lines as wide as the letter's.
+                    // With strokes as wide as the letter's.
                     width: note.font.pixelSize * 1.05
                     height: width
                     x: Math.round((parent.width - width) / 2)

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// Plays the pitch to tune to.
+// Plays the reference tone.
 PlainButton {
     id: root
 

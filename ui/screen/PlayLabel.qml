@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// A loudspeaker and what pressing does.
+// A loudspeaker symbol and the action's name.
 Row {
     id: root
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// One concert pitch to choose at a touch.
+// One of the quick concert pitches.
 PlainButton {
     id: root
 

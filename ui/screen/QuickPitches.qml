@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// The concert pitches that are wanted most.
+// The most common concert pitches.
 TunerRow {
     id: root
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// The concert pitch, and a tone to tune to.
+// The concert pitch and the reference tone.
 Column {
     id: root
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// One string: its name over its octave. Pressing locks the tuner to it, pressing again releases it.
+// One string: its name over its octave. A press locks it, another releases it.
 Chip {
     id: root
 
@@ -16,7 +16,7 @@ Chip {
     Accessible.description: inWords(selected ? "locked" : "", hearing ? "being heard" : "")
 
     Column {
-        // On whole points: Qt 6.11 centres on the display's pixels, earlier ones on points.
+        // On whole points: Qt 6.11 centres on device pixels, earlier versions on points.
         x: Math.round((parent.width - width) / 2)
         y: Math.round((parent.height - height) / 2)
         spacing: 2

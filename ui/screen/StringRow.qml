@@ -7,7 +7,7 @@ TunerRow {
 
     required property fit metrics
 
-    // So that what stands below is on whole points, which the side of a chip need not be.
+    // Keeps the regions below on whole points.
     height: Math.round(metrics.chip)
     gap: 6
     itemWidth: metrics.chip

@@ -1,19 +1,19 @@
 import QtQuick
 import Corvane
 
-// A row whose repeated items find the tuner, and the size they are to have, in their parent: an item
-// that a model makes cannot see the names around it. The arrow keys go from button to button.
+// A row of buttons. Delegates find tuner and size in their parent, because they cannot see the ids
+// around a Repeater's model. The arrow keys go from button to button.
 Row {
     id: root
 
     required property TunerModel tuner
     property real itemWidth: 0
-    // Between what is seen of two items. Each item takes half of it on either side, so no press misses.
+    // The visible gap. Each item extends over half of it, so that no press misses.
     property real gap: 0
 
     x: -gap / 2
 
-    // To the next button of the row, or as many further as there are.
+    // Moves the focus by this many buttons.
     function moveFocus(forward: bool, most: int): void {
         let item = Window.activeFocusItem;
         for (let i = 0; i < most; ++i) {

@@ -11,7 +11,7 @@ Item {
     Column {
         id: column
 
-        // On whole points, or every line in it would be blurred.
+        // On whole points, or lines would be blurred.
         x: Math.round((root.width - width) / 2)
         y: Math.round((root.height - height) / 2)
         width: Math.min(root.width, 640)

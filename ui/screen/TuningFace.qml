@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// The current tuning: its name over its detail, and the sign that a list opens here.
+// The current tuning: its name over its detail, and the pull-down symbol.
 Item {
     id: root
 

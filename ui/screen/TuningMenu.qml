@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// The tuning, on a face that opens the list of all tunings of the instrument.
+// The current tuning; opens the list of the instrument's tunings.
 Column {
     id: root
 

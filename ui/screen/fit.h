@@ -6,7 +6,7 @@
 
 namespace corvane {
 
-/// The sizes of the screen's regions, in points, computed from the area the screen is given.
+/// The sizes of the screen's regions, in points, computed from the available area.
 struct Fit {
   Q_GADGET
   QML_VALUE_TYPE(fit)

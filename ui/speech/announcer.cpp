@@ -10,19 +10,19 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// The pluck of a string is read as anything for up to two blocks of a twelfth of a second each, and
-// three of the five readings that are smoothed must be of the new note.
+// A pluck gives wrong readings for up to two blocks of 85 ms, and three of the five smoothed
+// readings must be of the new note.
 constexpr auto afterPluck = 400ms;
-// A string that swings through the edge of "in tune" is neither in nor out of it.
+// A string near the edge of "in tune" keeps crossing it.
 constexpr auto intoTune = 500ms;
 constexpr auto outOfTune = 1000ms;
-// Between two plucks there is silence that nobody needs to be told of.
+// The silence between two plucks is not worth a sentence.
 constexpr auto intoSilence = 2000ms;
-// Nobody follows more than one short sentence in this time.
+// The time in which a listener can follow one short sentence.
 constexpr auto pace = 1500ms;
 
-// A string has moved enough for another sentence when a quarter of the way is done, but not for
-// the wavering of its pitch.
+// A move is announced if it is a quarter of the deviation, and more than the pitch wavers by
+// itself.
 constexpr double leastMove = 3.0;  // cents
 constexpr double shareOfWay = 0.25;
 
@@ -56,7 +56,7 @@ Announcer::Time Announcer::settling(Kind next) const {
   return said.kind == Kind::inTune ? outOfTune : afterPluck;
 }
 
-/// Within one topic.
+/// Within one topic, since the last announcement.
 bool Announcer::hasMoved(const Situation& now) const {
   if (said.kind != Kind::flat && said.kind != Kind::sharp) return false;
   const double enough = std::max(leastMove, std::abs(saidCents) * shareOfWay);

@@ -6,28 +6,28 @@
 
 namespace corvane {
 
-/// Chooses what a voice says of the tuner while the readings come, eleven a second, and when: each
-/// change once it has lasted, and of a string that is being turned only what has moved enough to be
-/// worth another sentence. A note that stays in tune is said once. Time comes from outside.
+/// Decides what a screen reader announces, and when, from eleven readings a second: each change
+/// once it has settled; while a string is being tuned, only moves that are large enough; a note
+/// that stays in tune once. The caller provides the time.
 class Announcer {
  public:
-  using Time = std::chrono::milliseconds;  ///< since any moment, never backwards
+  using Time = std::chrono::milliseconds;  ///< since any epoch, monotonic
 
   /// What the screen shows.
   struct Situation {
-    QString problem;  ///< the message over the microphone button; empty when there is none
+    QString problem;  ///< the microphone message, or empty
     QString status;
     QString note;  ///< with its octave
     double cents = 0.0;
     bool heard = false;
     bool inTune = false;
-    bool playing = false;  ///< the reference tone, which is not to be talked over
+    bool playing = false;  ///< the reference tone, during which nothing is said
   };
 
   struct Answer {
-    QString words{};                  ///< to be said now; empty for nothing
-    bool isOnScreen = false;          ///< the words are those of a text that can be read there
-    std::optional<Time> lookAgain{};  ///< after which time something may be due without a change
+    QString words{};                  ///< to announce now, or empty
+    bool isOnScreen = false;          ///< the screen shows the same text
+    std::optional<Time> lookAgain{};  ///< call again after this time even without a change
   };
 
   Answer look(const Situation& now, Time time);
@@ -35,7 +35,7 @@ class Announcer {
  private:
   enum class Kind { nothing, problem, status, flat, sharp, inTune };
 
-  /// What makes one situation another one; within one only the cents move.
+  /// Two situations with the same topic differ only in cents.
   struct Topic {
     Kind kind = Kind::nothing;
     QString about;  ///< the note, the status or the problem

@@ -6,9 +6,9 @@
 
 namespace corvane {
 
-/// Words that a screen reader says of itself whenever others are set, wherever its user is. It
-/// shows nothing, but takes up room: what has none is nowhere for a screen reader. The toolkit's
-/// own way to announce came with Qt 6.8; a notification that appears is announced with any.
+/// A text that screen readers announce whenever it changes. Draws nothing, but needs a size: screen
+/// readers ignore items without one. QAccessibleAnnouncementEvent needs Qt 6.8; the show event of a
+/// notification works with every version.
 class LiveRegion : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT
@@ -18,7 +18,7 @@ class LiveRegion : public QQuickItem {
   using QQuickItem::QQuickItem;
 
   QString words() const { return said; }
-  void setWords(const QString& words);  ///< the accessible name must be bound to them
+  void setWords(const QString& words);  ///< bind the accessible name to them
 
  signals:
   void wordsChanged();

@@ -11,11 +11,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Every change of a word is an event to every assistive technology, which drops the sentences that
-// matter when there are too many.
+// Each change of a text is an event for assistive technology, which drops announcements when there
+// are too many events.
 constexpr auto betweenWords = 500ms;
 
-// A voice asks for the words only after it has been told that there are some.
+// Screen readers fetch the text after the show event.
 constexpr auto untilSaid = 3000ms;
 
 using Time = Announcer::Time;
@@ -58,7 +58,7 @@ void Speech::look() {
   next.stop();
   const Time now(clock.elapsed());
   std::optional<Time> again;
-  // Another program's user is not talked to.
+  // Silent while another program has the focus.
   if (QGuiApplication::applicationState() == Qt::ApplicationActive) {
     again = tell(now);
   } else {
@@ -76,7 +76,7 @@ void Speech::look() {
   if (again) next.start(*again);
 }
 
-/// After which time there is more to be done.
+/// Returns the time after which to call again, if any.
 std::optional<Time> Speech::tell(Time now) {
   const Announcer::Answer answer = announcer.look(situation(), now);
   if (!answer.words.isEmpty()) {
@@ -85,12 +85,12 @@ std::optional<Time> Speech::tell(Time now) {
   }
   if (!takeBackAt) return answer.lookAgain;
   if (now < *takeBackAt) return sooner(answer.lookAgain, *takeBackAt - now);
-  // Who reads the screen would find it twice.
+  // Screen text must not appear twice to a user who explores the screen.
   setAnnouncement({});
   return answer.lookAgain;
 }
 
-/// Whoever comes back is told what is there then.
+/// Starts afresh, so that a returning user hears the present state.
 void Speech::fallSilent() {
   announcer = {};
   setAnnouncement({});

@@ -13,8 +13,8 @@
 
 namespace corvane {
 
-/// The tuner in words, for assistive technology: while none listens, nothing is put into words and
-/// nothing is watched. Main thread only.
+/// The tuner in words, for assistive technology. Observes nothing and makes no texts unless
+/// assistive technology is running. Main thread only.
 class Speech : public QObject, private QAccessible::ActivationObserver {
   Q_OBJECT
   QML_ELEMENT
@@ -30,18 +30,18 @@ class Speech : public QObject, private QAccessible::ActivationObserver {
   explicit Speech(TunerEngine& engine);
   ~Speech() override;
 
-  bool isActive() const { return active; }  ///< somebody listens
-  /// What was said last, of what changed. Empty before the first, once what is said stands on the
-  /// screen as well and has been said, and while another program has the keyboard.
+  bool isActive() const { return active; }  ///< assistive technology is running
+  /// The last announcement. Empty before the first, three seconds after one that the screen shows
+  /// too, and while another program has the focus.
   QString announcement() const { return said; }
-  // What the meters show, no more than half a second ago; empty while nobody listens.
+  // The meters in words, at most half a second old; empty while inactive.
   QString centsMeter() const { return words.cents; }
   QString fineMeter() const { return words.fine; }
   QString level() const { return words.level; }
 
  signals:
   void activeChanged();
-  void announced();  ///< also when the announcement is taken back
+  void announced();  ///< also when the announcement becomes empty
   void wordsChanged();
 
  private:
@@ -70,7 +70,7 @@ class Speech : public QObject, private QAccessible::ActivationObserver {
   std::optional<Announcer::Time> takeBackAt;
   Words words;
   QElapsedTimer clock;
-  Announcer::Time wordsAt{-1000};  ///< long ago
+  Announcer::Time wordsAt{-1000};  ///< before any limit
   QTimer next;
 };
 

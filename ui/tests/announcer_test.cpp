@@ -111,7 +111,7 @@ TEST_F(AnnouncerTest, SaysAMoveOfThreeCentsOrAQuarterOfTheWay) {
   }
 }
 
-TEST_F(AnnouncerTest, SaysOnceWhatWaversWhereItIs) {
+TEST_F(AnnouncerTest, SaysAWaveringPitchOnce) {
   for (int i = 0; i < 60; ++i) hear("A2", i % 2 == 0 ? 1.5 : -1.5, 1s);
   for (int i = 0; i < 60; ++i) hear("A2", i % 2 == 0 ? -9.0 : -11.0, 1s);
   EXPECT_THAT(taken(), ElementsAre("A2, in tune", "A2, 9 cents flat"));
@@ -125,7 +125,7 @@ TEST_F(AnnouncerTest, IgnoresWrongReadingsAtAPluck) {
   EXPECT_THAT(taken(), ElementsAre("E2, 28 cents flat", "E2, 16 cents flat"));
 }
 
-TEST_F(AnnouncerTest, SaysOnlyALongSilenceAndTheSameNoteAfterIt) {
+TEST_F(AnnouncerTest, SaysALongSilenceAndTheSameNoteAfterIt) {
   hear("E2", -12.0, 1s);
   hear(nullptr, 0.0, 1500ms);
   hear("E2", -12.0, 1s);

@@ -11,7 +11,7 @@ TEST(WholeHertz, RoundsHalvesAwayFromZero) {
   EXPECT_EQ(wholeHertz(432.49), 432);
 }
 
-TEST(ConcertPitch, OfAPresetIsItsNumberAndItsName) {
+TEST(ConcertPitch, ShowsNumberAndNameOfAPreset) {
   EXPECT_EQ(concertPitchTitle(440.0), "440  Modern");
   EXPECT_EQ(concertPitchTitle(414.6), "415  Baroque");
 }

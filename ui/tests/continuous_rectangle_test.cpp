@@ -17,7 +17,7 @@ constexpr double diagonalInset = 1.0 - std::numbers::sqrt2 / 2.0;
 /// As far from the edge as a test must be for the rounding of 64-bit floats not to decide.
 constexpr double hair = 1e-6;
 
-TEST(ContinuousRectanglePath, CutsTheDiagonalWhereACircleWould) {
+TEST(ContinuousRectanglePath, CrossesTheDiagonalWhereACircleDoes) {
   // A radius is at most half of the height, and at least 0.
   for (const auto& [radius, effective] :
        {std::pair(8.0, 8.0), {50.0, 50.0}, {61.0, 60.0}, {500.0, 60.0}, {0.0, 0.0}, {-1.0, 0.0}}) {
@@ -28,7 +28,7 @@ TEST(ContinuousRectanglePath, CutsTheDiagonalWhereACircleWould) {
   }
 }
 
-TEST(ContinuousRectanglePath, LeavesTheSideBeforeACircleWould) {
+TEST(ContinuousRectanglePath, LeavesTheSideBeforeACircleDoes) {
   // 24 points from the corner a circle of 20 has not begun; the superellipse is 0.06 inside.
   EXPECT_FALSE(continuousRectangle(box, 20).contains(box.topLeft() + QPointF(24, 0.03)));
 }
@@ -45,7 +45,7 @@ QImage painted(const ContinuousRectangle& item, QPointF place = {}, QRect clip =
   return image;
 }
 
-TEST(ContinuousRectangle, PaintsAStripOfItselfAsInTheWhole) {
+TEST(ContinuousRectangle, PaintsAStripLikeTheWhole) {
   ContinuousRectangle item;
   item.setProperty("radius", 10.0);
   item.setProperty("color", QColor(255, 0, 0, 100));

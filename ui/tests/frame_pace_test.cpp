@@ -22,7 +22,7 @@ class FramePaceTest : public testing::Test {
   FramePace pace;
 };
 
-TEST_F(FramePaceTest, MovesInThreeStepsAtMostAndRestsAfterThem) {
+TEST_F(FramePaceTest, DrawsAMoveInThreeFrames) {
   for (int time = 0; time < 2; ++time) {
     EXPECT_TRUE(eventually([this] { return !pace.isRunning(); }));
     std::vector<double> seen;
@@ -43,7 +43,7 @@ TEST_F(FramePaceTest, MovesInThreeStepsAtMostAndRestsAfterThem) {
   }
 }
 
-TEST_F(FramePaceTest, KeepsTheDisplaysRateUntilEverythingRests) {
+TEST_F(FramePaceTest, KeepsTheDisplayRateUntilTheMoveEnds) {
   const auto usual = pace.interval();
   QQuickWindow window;
   pace.quicken(window.contentItem());

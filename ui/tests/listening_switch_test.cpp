@@ -112,7 +112,7 @@ TEST_F(ListeningSwitchTest, ReportsAMicrophoneThatStaysAway) {
   EXPECT_EQ(engine->state().errorText, "No microphone is available.");
 }
 
-TEST_F(ListeningSwitchTest, TellsAtOnceThatAMicrophoneIsDeniedWhereThereWasNone) {
+TEST_F(ListeningSwitchTest, ReportsDenialAtOnceWithoutMicrophone) {
   unplug();
   show(window);
   ASSERT_EQ(engine->state().errorText, "No microphone is available.");
@@ -122,7 +122,7 @@ TEST_F(ListeningSwitchTest, TellsAtOnceThatAMicrophoneIsDeniedWhereThereWasNone)
               testing::StartsWith("Microphone access is off."));
 }
 
-TEST_F(ListeningSwitchTest, IgnoresAnAbsenceThatEndsOrThatTheWindowDoesNotOutlast) {
+TEST_F(ListeningSwitchTest, IgnoresShortAbsencesAndHiddenWindows) {
   show(window);
   watch.changed(false);
   window.hide();
@@ -136,7 +136,7 @@ TEST_F(ListeningSwitchTest, IgnoresAnAbsenceThatEndsOrThatTheWindowDoesNotOutlas
   EXPECT_TRUE(world.input->calls.empty());
 }
 
-TEST_F(ListeningSwitchTest, AsksOnceAndStartsNothingOnceTheWindowHasGone) {
+TEST_F(ListeningSwitchTest, RequestsOnceAndStaysStoppedWhenHidden) {
   world.permission->permission = RecordPermission::undetermined;
   show(window);
   activate(window);
@@ -148,7 +148,7 @@ TEST_F(ListeningSwitchTest, AsksOnceAndStartsNothingOnceTheWindowHasGone) {
   EXPECT_FALSE(engine->state().listening || world.input->running);
 }
 
-TEST_F(ListeningSwitchTest, ListensAtOnceToAWindowThatIsAlreadyShown) {
+TEST_F(ListeningSwitchTest, StartsAtOnceForAVisibleWindow) {
   const auto other =
       TunerEngine::create(world.platform(), PitchCapture::create(std::make_unique<InlineQueue>()));
   QWindow shown;

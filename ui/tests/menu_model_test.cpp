@@ -19,7 +19,7 @@ class MenuModelTest : public testing::Test {
   int resets = 0;
 };
 
-TEST_F(MenuModelTest, HoldsItsEntriesAndNothingOutsideOfThem) {
+TEST_F(MenuModelTest, IsEmptyOutsideItsEntries) {
   const QModelIndex second = menu.index(1);
   EXPECT_EQ(menu.rowCount(), 2);
   EXPECT_EQ(menu.data(second, MenuModel::Heading), "New");
@@ -40,7 +40,7 @@ TEST_F(MenuModelTest, HeadsOnlyTheFirstEntryOfASection) {
   EXPECT_EQ(headings, QStringList({"A", "", "B", "A"}));
 }
 
-TEST_F(MenuModelTest, FindsTheNextRowThatStartsWithALetterRoundAndRound) {
+TEST_F(MenuModelTest, FindsTheNextRowByLetterAndWrapsAround) {
   menu.setEntries({{"", "Drop D", "1"}, {"", "Standard", "2"}, {"", "DADGAD", "3"}});
   for (const auto& [text, from, found] :
        {std::tuple("d", -1, 0), {"d", 0, 2}, {"D", 2, 0}, {"s", 1, 1}, {"x", 1, -1}, {"", 1, -1}}) {

@@ -51,7 +51,7 @@ class SpeechTest : public testing::Test, protected EngineOnFakes {
   int wordChanges = 0;
 };
 
-TEST_F(SpeechTest, TellsWhoComesLaterOrComesBackWhatIsThere) {
+TEST_F(SpeechTest, AnnouncesTheStateWhenActivatedAgain) {
   goToTheWindow();
   hearA2(-12.0);
   for (int visit = 0; visit < 2; ++visit) {
@@ -69,7 +69,7 @@ TEST_F(SpeechTest, TellsWhoComesLaterOrComesBackWhatIsThere) {
   }
 }
 
-TEST_F(SpeechTest, TakesBackWhatCanBeReadOnTheScreen) {
+TEST_F(SpeechTest, ClearsAnAnnouncementThatTheScreenShows) {
   goToTheWindow();
   QAccessible::setActive(true);
   loseTheMicrophone();

@@ -14,7 +14,7 @@ TEST(DeviationInWords, SaysWholeCentsAndTheSide) {
   EXPECT_EQ(deviationInWords(-0.4), "no cents off");
 }
 
-TEST(MeterInWords, SaysTheNoteAndNoMoreThanItsNeedleShows) {
+TEST(MeterInWords, NamesTheNoteWithinTheMetersRange) {
   EXPECT_EQ(meterInWords(true, "E2", -40.0, 50.0), "E2, 40 cents flat");
   EXPECT_EQ(meterInWords(true, "E2", -40.0, 10.0), "E2, more than 10 cents flat");
   EXPECT_EQ(meterInWords(true, "E2", 10.0, 10.0), "E2, 10 cents sharp");

@@ -67,7 +67,7 @@ TEST_F(StringRowModelTest, HasAChipForEachStringButNoneForThePiano) {
   }
 }
 
-TEST_F(StringRowModelTest, FillsTheChipOfTheStringThatIsHeardByTheVerdict) {
+TEST_F(StringRowModelTest, FillsTheHeardChipByTheVerdict) {
   hearA2(15.0);
   EXPECT_EQ(fillOfA2(), chipFill(false, true, false));
   EXPECT_THAT(all<bool>(StringRowModel::Hearing),
@@ -78,7 +78,7 @@ TEST_F(StringRowModelTest, FillsTheChipOfTheStringThatIsHeardByTheVerdict) {
   EXPECT_EQ(fillOfA2(), chipFill(false, true, true));
 }
 
-TEST_F(StringRowModelTest, AStringThatIsHighlightedWhileNothingIsHeardHasThePlainFill) {
+TEST_F(StringRowModelTest, AHighlightedStringInSilenceHasThePlainFill) {
   engine->setLockedStringIndex(1);
   hearA2(15.0);
   hearNothing();
@@ -102,7 +102,7 @@ TEST_F(StringRowModelTest, ReportsOnlyTheChipsThatDiffer) {
   EXPECT_EQ(std::pair(resets, countChanges), std::pair(1, 1));
 }
 
-TEST_F(StringRowModelTest, HoldsNothingOutsideItsRowsAndRoles) {
+TEST_F(StringRowModelTest, IsEmptyOutsideItsRowsAndRoles) {
   EXPECT_FALSE(row.data(row.index(6), StringRowModel::Label).isValid());
   EXPECT_FALSE(row.data(row.index(0), Qt::DisplayRole).isValid());
   EXPECT_EQ(row.rowCount(row.index(0)), 0);

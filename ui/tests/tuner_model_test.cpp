@@ -125,7 +125,7 @@ TEST_F(TunerModelTest, AllowingADeniedMicrophoneOpensTheSettingsAndForgetsTheReq
   EXPECT_THAT(world.permission->requests, SizeIs(2));
 }
 
-TEST_F(TunerModelTest, AllowingAMicrophoneNobodyAskedForAsksAlsoASecondTime) {
+TEST_F(TunerModelTest, AllowingAnUndeterminedMicrophoneRequestsAgain) {
   forgetPermission();
   engine->start();
   engine->start();
@@ -185,7 +185,7 @@ TEST_F(TunerModelTest, ChoosingATuningAlwaysReturnsToAutomaticStringChoice) {
   EXPECT_EQ(model.tunings()->valueAt(model.tunings()->chosenRow()), "g6-dropd");
 }
 
-TEST_F(TunerModelTest, TappingAnotherStringMovesTheLockAndTheLockedOneAgainReleasesIt) {
+TEST_F(TunerModelTest, TappingMovesTheLockAndTappingAgainReleasesIt) {
   EXPECT_EQ(countOf(&TunerModel::lockChanged, [&] { model.toggleLock(2); }), 1);
   EXPECT_TRUE(model.locked());
   model.toggleLock(0);

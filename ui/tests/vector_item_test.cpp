@@ -44,7 +44,7 @@ class VectorItemTest : public testing::Test {
   ContinuousRectangle item{&area};
 };
 
-TEST_F(VectorItemTest, IsPaintedWhereItIsAndCutByWhatClipsIt) {
+TEST_F(VectorItemTest, IsPaintedAtItsPlaceAndClipped) {
   for (const auto& [y, height] : {std::pair(30, 40), {80, 20}, {-30, 10}, {-45, 0}, {105, 0}}) {
     EXPECT_EQ(inkInsideAndOutside(y), std::pair(60 * height, 0)) << y;
   }
@@ -52,7 +52,7 @@ TEST_F(VectorItemTest, IsPaintedWhereItIsAndCutByWhatClipsIt) {
   EXPECT_EQ(inkInsideAndOutside(105), std::pair(0, 60 * 40));
 }
 
-TEST_F(VectorItemTest, IsAsOpaqueAsWhatItIsIn) {
+TEST_F(VectorItemTest, InheritsOpacity) {
   area.setOpacity(0.5);
   EXPECT_NEAR(qGray(window.grabWindow().pixel(80, 70)), 127.5, 0.5);
 }
@@ -70,7 +70,7 @@ class Probe : public VectorItem {
   mutable int paintings = 0;
 };
 
-TEST_F(VectorItemTest, IsNotPaintedAgainWhereNothingMoves) {
+TEST_F(VectorItemTest, IsRepaintedOnlyWhereSomethingMoves) {
   const Probe far(window.contentItem(), {0, 0});
   const Probe near(window.contentItem(), {150, 180});
   Probe moving(window.contentItem(), {155, 175});

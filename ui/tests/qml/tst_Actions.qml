@@ -55,14 +55,14 @@ ScreenTest {
         verifyInside(message, prompt);
     }
 
-    function test_the_keyboard_leaves_with_the_prompt_and_comes_back_unless_it_was_moved_data() {
+    function test_the_focus_moves_on_with_the_prompt_and_returns_unless_moved_data() {
         return table(["name", "key", "holder"], [
                 ["left", Qt.Key_Shift, "Allow Microphone"],
                 ["moved", Qt.Key_Tab, "Guitar"]
             ]);
     }
 
-    function test_the_keyboard_leaves_with_the_prompt_and_comes_back_unless_it_was_moved(row) {
+    function test_the_focus_moves_on_with_the_prompt_and_returns_unless_moved(row) {
         tuner.loseMicrophone();
         const view = screen();
         const holder = () => view.Window.activeFocusItem?.Accessible.name;
@@ -75,7 +75,7 @@ ScreenTest {
         compare(holder(), row.holder);
     }
 
-    function test_a_prompt_that_did_not_have_the_keyboard_neither_gives_nor_takes_it() {
+    function test_a_prompt_without_focus_leaves_the_focus_alone() {
         const view = screen();
         for (const name of ["Play reference", "Privacy Policy"]) {
             tuner.loseMicrophone();

@@ -47,7 +47,7 @@ ScreenTest {
         mouseRelease(button);
     }
 
-    function test_what_a_button_stands_on_shows_that_it_is_pressed_data() {
+    function test_the_background_shows_that_a_button_is_pressed_data() {
         const rows = ["Guitar", "Bass", "Left-handed string order", "Standard", "Auto", "E2"];
         const pitches = ["440  Modern", "Lower", "Raise", "415 Hz", "440 Hz"];
         return [...rows, ...pitches].map(name => ({
@@ -55,7 +55,7 @@ ScreenTest {
                 }));
     }
 
-    function test_what_a_button_stands_on_shows_that_it_is_pressed(row) {
+    function test_the_background_shows_that_a_button_is_pressed(row) {
         const button = buttonOf(controls(), row.tag);
         const resting = colorOf(button);
         mousePress(button);
@@ -65,7 +65,7 @@ ScreenTest {
         eventually(() => colorOf(button) === resting);
     }
 
-    function test_what_a_button_stands_on_shows_that_its_list_is_open_data() {
+    function test_the_background_shows_that_its_list_is_open_data() {
         return table(["name", "shown"], [
                 ["Standard", controls],
                 ["440  Modern", controls],
@@ -73,7 +73,7 @@ ScreenTest {
             ]);
     }
 
-    function test_what_a_button_stands_on_shows_that_its_list_is_open(row) {
+    function test_the_background_shows_that_its_list_is_open(row) {
         const button = buttonOf(row.shown(), row.name);
         const resting = colorOf(button);
         button.press();

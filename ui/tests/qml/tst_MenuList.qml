@@ -71,7 +71,7 @@ ScreenTest {
         verifyInside(list.currentItem, list);
     }
 
-    function test_where_no_entry_is_chosen_it_starts_at_none_and_picks_none() {
+    function test_without_a_chosen_entry_it_starts_at_none_and_picks_none() {
         const list = opened(300, tuner.concertPitches);
         compare([list.currentIndex, list.contentY], [-1, 0]);
         keyClick(Qt.Key_Return);
@@ -79,11 +79,11 @@ ScreenTest {
         compare(picked.count, 0);
     }
 
-    function test_the_arrows_walk_and_a_key_picks_data() {
+    function test_arrows_move_and_a_key_picks_data() {
         return table(["name"], [["Return"], ["Enter"], ["Space"]]);
     }
 
-    function test_the_arrows_walk_and_a_key_picks(row) {
+    function test_arrows_move_and_a_key_picks(row) {
         compare(rowsAfter(opened(), Qt.Key_Down, Qt.Key_Down, Qt.Key_Up), [1, 2, 1]);
         keyClick(Qt[`Key_${row.name}`]);
         compare([...picked.signalArguments[0]], ["g6-half", Qt.TabFocusReason]);
@@ -137,7 +137,7 @@ ScreenTest {
         compare(rings(), []);
     }
 
-    function test_tells_a_screen_reader_what_it_is_what_can_be_chosen_and_what_is() {
+    function test_exposes_roles_and_the_chosen_entry_to_screen_readers() {
         const list = opened();
         const help = opened(300, tuner.helpMenu);
         const states = item => [item.Accessible.role, item.Accessible.checkable, item.Accessible.checked];

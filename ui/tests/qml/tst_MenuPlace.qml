@@ -24,7 +24,7 @@ ScreenTest {
         return listOf(button.menu);
     }
 
-    function test_stands_below_its_control_as_wide_as_it_looks_or_as_it_is_told_data() {
+    function test_opens_below_its_control_with_its_width_or_a_given_one_data() {
         return table(["name", "scale", "listWidth", "alignment", "place"], [
                 ["at its size", 1, 0, Qt.AlignLeft, [100, 200]],
                 ["shrunken", 0.5, 0, Qt.AlignLeft, [150, 100]],
@@ -33,7 +33,7 @@ ScreenTest {
             ]);
     }
 
-    function test_stands_below_its_control_as_wide_as_it_looks_or_as_it_is_told(row) {
+    function test_opens_below_its_control_with_its_width_or_a_given_one(row) {
         tuner.instrument = 2; // One entry fits anywhere.
         const ground = openedList({
                 scale: row.scale,

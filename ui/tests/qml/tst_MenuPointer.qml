@@ -46,7 +46,7 @@ ScreenTest {
         compare(list.currentIndex, 0);
     }
 
-    function test_a_pointer_that_lies_where_the_list_opens_leaves_the_highlight_alone() {
+    function test_a_resting_pointer_does_not_highlight_an_opening_list() {
         mouseMove(test, 100, 100);
         const list = opened();
         mouseMove(test, 100, 100);
@@ -54,7 +54,7 @@ ScreenTest {
         compare(list.currentIndex, 0);
     }
 
-    function test_a_pointer_that_lies_still_does_not_disturb_the_arrows() {
+    function test_a_resting_pointer_does_not_disturb_the_arrow_keys() {
         const list = opened();
         moveOver(list, 100);
         const start = list.currentIndex;
@@ -66,7 +66,7 @@ ScreenTest {
         }
     }
 
-    function test_a_pointer_that_only_comes_in_leaves_the_highlight_alone() {
+    function test_an_entering_pointer_leaves_the_highlight_alone() {
         const list = opened();
         moveOver(list, 100);
         mouseMove(test, 400, 500);

@@ -54,7 +54,7 @@ ScreenTest {
         tryCentre(made, row.centre);
     }
 
-    function test_heard_no_more_37_cents_leave_the_needle_muted_in_the_middle() {
+    function test_in_silence_37_cents_leave_the_needle_muted_in_the_middle() {
         const made = meter();
         hearCents(37);
         tryCentre(made, 0.87 * 500);
@@ -63,7 +63,7 @@ ScreenTest {
         compareColor(needle(made).color, TunerTheme.muted);
     }
 
-    function test_the_needle_that_turns_back_on_its_way_comes_back() {
+    function test_a_needle_can_turn_back_during_its_move() {
         const made = meter();
         hearCents(20);
         tuner.hearNothing();
@@ -79,7 +79,7 @@ ScreenTest {
         fuzzyCompare(centre(made), 30, 0.001);
     }
 
-    function test_a_move_that_cannot_be_seen_is_not_made_but_small_moves_add_up() {
+    function test_invisible_moves_are_skipped_but_add_up() {
         const made = meter(10);
         hearCents(3);
         tryCentre(made, 325);
@@ -106,7 +106,7 @@ ScreenTest {
         compare(track.width, 300);
     }
 
-    function test_a_change_of_the_level_that_no_pixel_can_show_changes_nothing() {
+    function test_an_invisible_change_of_level_changes_nothing() {
         const bar = makePart("screen/LevelBar", {
                 width: 300,
                 signal: 0.25 + 0.001 / 300
@@ -133,7 +133,7 @@ ScreenTest {
         return frames.count;
     }
 
-    function test_only_what_can_be_seen_is_painted() {
+    function test_only_visible_items_are_painted() {
         const view = show("screen/TunerView", {
                 width: 480,
                 height: 860

@@ -48,7 +48,7 @@ ScreenTest {
             });
     }
 
-    function test_the_left_button_of_the_mouse_clicks_when_it_is_let_go_and_no_other_does() {
+    function test_only_the_left_button_clicks_on_release() {
         const area = watched();
         mousePress(area);
         verify(area.down);
@@ -88,7 +88,7 @@ ScreenTest {
         verify(!area.down);
     }
 
-    function test_a_press_that_something_takes_in_order_to_scroll_is_over() {
+    function test_a_press_taken_over_for_scrolling_does_not_click() {
         const list = make(scrolling);
         const area = only(list.contentItem, Pressable);
         clicked = spy(area, "clicked");
@@ -103,11 +103,11 @@ ScreenTest {
         compare(clicked.count, 0);
     }
 
-    function test_keys_click_when_they_are_let_go_data() {
+    function test_keys_click_on_release_data() {
         return table(["name"], [["Return"], ["Enter"], ["Space"]]);
     }
 
-    function test_keys_click_when_they_are_let_go(row) {
+    function test_keys_click_on_release(row) {
         const area = watched();
         const key = Qt[`Key_${row.name}`];
         area.forceActiveFocus();
@@ -120,7 +120,7 @@ ScreenTest {
         compare(clicked.count, 1);
     }
 
-    function test_no_other_key_clicks_and_none_that_went_down_or_is_let_go_elsewhere() {
+    function test_other_keys_and_keys_pressed_or_released_elsewhere_do_not_click() {
         const area = watched();
         const other = make(subject);
         area.forceActiveFocus();
@@ -133,7 +133,7 @@ ScreenTest {
         compare(clicked.count, 0);
     }
 
-    function test_clicks_over_and_over_while_it_is_held_if_it_is_told_to() {
+    function test_repeats_while_held_if_enabled() {
         const area = repeating();
         mousePress(area);
         const beforeTheFirst = probe.intervalOf(area);
@@ -149,7 +149,7 @@ ScreenTest {
         compare(clicked.count, 4);
     }
 
-    function test_its_timer_runs_only_if_it_is_told_to() {
+    function test_its_timer_runs_only_if_repeat_is_enabled() {
         mousePress(repeating());
         eventually(() => clicked.count >= 2);
         const area = watched();
@@ -158,7 +158,7 @@ ScreenTest {
         mouseRelease(area);
     }
 
-    function test_pauses_while_it_is_dragged_off() {
+    function test_repeat_pauses_while_dragged_off() {
         const area = repeating();
         mousePress(area);
         mouseMove(area, 60, 10);
@@ -170,11 +170,11 @@ ScreenTest {
         mouseRelease(area);
     }
 
-    function test_stops_when_it_is_disabled_or_hidden_while_it_is_held_data() {
+    function test_repeat_stops_when_disabled_or_hidden_data() {
         return table(["property"], [["enabled"], ["visible"]]);
     }
 
-    function test_stops_when_it_is_disabled_or_hidden_while_it_is_held(row) {
+    function test_repeat_stops_when_disabled_or_hidden(row) {
         const area = repeating();
         mouseMove(area, 10, 10);
         eventually(() => area.hovered);

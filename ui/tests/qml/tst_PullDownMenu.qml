@@ -55,7 +55,7 @@ ScreenTest {
         finger.release(0, item, 10, 10).commit();
     }
 
-    function test_there_is_nothing_of_it_until_it_opens_and_after_it_was_closed() {
+    function test_exists_only_while_open() {
         eventually(() => entriesInTheWindow() === 0);
         opened();
         verify(entriesInTheWindow() > 0);
@@ -63,12 +63,12 @@ ScreenTest {
         eventually(() => entriesInTheWindow() === 0);
     }
 
-    function test_nothing_of_it_is_left_when_its_control_goes() {
+    function test_closes_when_its_control_is_destroyed() {
         opened().destroy();
         eventually(() => entriesInTheWindow() === 0);
     }
 
-    function test_a_choice_closes_it_and_is_told_once_data() {
+    function test_a_choice_closes_it_and_is_signalled_once_data() {
         return table(["way", "choose"], [
                 ["by a press", list => mouseClick(entryOf(list, "Half step down"))],
                 ["by the keyboard", () => [Qt.Key_Down, Qt.Key_Return].forEach(key => keyClick(key))],
@@ -76,14 +76,14 @@ ScreenTest {
             ]);
     }
 
-    function test_a_choice_closes_it_and_is_told_once(row) {
+    function test_a_choice_closes_it_and_is_signalled_once(row) {
         const menu = opened().menu;
         row.choose(menu.shown.list);
         verify(!menu.opened);
         compare(told(picked), ["g6-half"]);
     }
 
-    function test_a_press_opens_it_and_is_let_go_on_an_entry_or_elsewhere_data() {
+    function test_a_press_opens_it_and_its_release_chooses_or_closes_data() {
         return table(["where", "place", "stays", "chosen"], [
                 ["on an entry", (button, list) => entryOf(list, "Drop D").mapToItem(button, 20, 5), false, ["g6-dropd"]],
                 ["on the control", () => Qt.point(9, 9), true, []],
@@ -92,7 +92,7 @@ ScreenTest {
             ]);
     }
 
-    function test_a_press_opens_it_and_is_let_go_on_an_entry_or_elsewhere(row) {
+    function test_a_press_opens_it_and_its_release_chooses_or_closes(row) {
         const button = make(subject);
         eventually(() => entriesInTheWindow() === 0); // The last list would take the press.
         picked = spy(button.menu, "picked");
@@ -103,7 +103,7 @@ ScreenTest {
         compare([button.menu.opened, told(picked)], [row.stays, row.chosen]);
     }
 
-    function test_it_closes_without_a_choice_and_reaches_nothing_beneath_data() {
+    function test_input_outside_closes_it_and_reaches_nothing_beneath_data() {
         return table(["way", "leave"], [
                 ["by Escape", () => keyClick(Qt.Key_Escape)],
                 ["by a press beside it", () => mouseClick(test, 470, 10)],
@@ -113,7 +113,7 @@ ScreenTest {
             ]);
     }
 
-    function test_it_closes_without_a_choice_and_reaches_nothing_beneath(row) {
+    function test_input_outside_closes_it_and_reaches_nothing_beneath(row) {
         tuner.instrument = 1; // Its list does not hide the button.
         const button = opened();
         row.leave(button);
@@ -121,7 +121,7 @@ ScreenTest {
         compare([picked.count, beneath.count], [0, 0]);
     }
 
-    function test_what_lies_beneath_sees_neither_the_mouse_nor_its_wheel() {
+    function test_an_open_list_blocks_mouse_and_wheel_beneath() {
         const button = opened();
         const wheel = createTemporaryObject(wheelMaker, button);
         mouseMove(button, 10, 10);
@@ -146,21 +146,21 @@ ScreenTest {
         compare(picked.count, 0);
     }
 
-    function test_who_leaves_by_the_keyboard_sees_it_on_the_control_again_data() {
+    function test_after_a_keyboard_close_the_control_shows_its_focus_ring_data() {
         return table(["way", "keys"], [
                 ["Escape", [Qt.Key_Escape]],
                 ["a choice", [Qt.Key_Down, Qt.Key_Return]]
             ]);
     }
 
-    function test_who_leaves_by_the_keyboard_sees_it_on_the_control_again(row) {
+    function test_after_a_keyboard_close_the_control_shows_its_focus_ring(row) {
         const button = openedByKeyboard();
         row.keys.forEach(key => keyClick(key));
         verify(button.visualFocus);
         verify(!button.menu.opened, "the key that chose does not open it again");
     }
 
-    function test_who_leaves_by_a_press_does_not_see_the_keyboard_on_the_control() {
+    function test_after_a_press_the_control_shows_no_focus_ring() {
         const button = openedByKeyboard();
         mouseClick(entryOf(button.menu.shown.list, "Drop D"));
         verify(button.activeFocus && !button.visualFocus);

@@ -26,7 +26,7 @@ ScreenTest {
         }
     }
 
-    function test_heard_no_more_37_cents_are_shown_as_0_and_all_is_muted() {
+    function test_in_silence_37_cents_are_shown_as_0_and_all_is_muted() {
         const readout = noteReadout();
         hearCents(37);
         tuner.hearNothing();

@@ -47,7 +47,7 @@ ScreenTest {
         verifyPlace(view, 0, 800 - height / 2, 480, 800 + height / 2);
     }
 
-    function test_what_is_measured_does_not_depend_on_the_scale() {
+    function test_measurements_do_not_depend_on_the_scale() {
         tuner.loseMicrophone();
         const view = sized(480, 400);
         const natural = column(view).implicitHeight;

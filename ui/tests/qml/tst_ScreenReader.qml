@@ -84,7 +84,7 @@ ScreenTest {
         eventually(() => bars() === `${cents}\n${fine}\nProgressBar: Level (60 percent)`);
     }
 
-    function test_a_notification_is_there_only_while_there_is_something_to_say() {
+    function test_the_notification_exists_only_while_it_has_a_text() {
         const region = only(screen(), LiveRegion);
         compare(region.Accessible.role, Accessible.Notification);
         verify(region.Accessible.ignored);
