@@ -7,8 +7,8 @@
 namespace corvane {
 namespace {
 
-// Lanes lie at any address that a double may have. They are members of a struct, and never `auto`,
-// because a type that passes through a template argument or a deduction loses its alignment.
+// Lanes need only the alignment of a double. They are members of a struct and never `auto`, because
+// template arguments and deduction drop the alignment attribute of a type.
 struct Portable {
   using Lanes = double;
 };
@@ -28,9 +28,9 @@ struct Avx2 {
 template <class Machine>
 constexpr std::size_t lagsAtOnce = 4 * sizeof(typename Machine::Lanes) / sizeof(double);
 
-/// Each lane has a lag of its own and adds in index order, as the plain loop does. One sum would
-/// wait for its own last addition; four keep the arithmetic units busy and stay in registers. They
-/// have names because GCC, at -O2, would keep an array of them in memory.
+/// Each lane has its own lag and adds in index order, like the plain loop. Four independent sums
+/// hide the latency of the addition and stay in registers. They are separate variables because GCC
+/// at -O2 keeps an array in memory.
 template <class Machine>
 [[gnu::always_inline]] inline void sum(const double* x, std::size_t window, std::size_t firstLag,
                                        double* d) {

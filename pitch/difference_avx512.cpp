@@ -1,5 +1,5 @@
-// The one path written for its processor: the loop that serves the others would wait here for its
-// loads, and then for its additions (docs/decisions/0009-difference-in-lanes.md).
+// AVX-512 has its own loop, because the common one is limited by loads and additions here
+// (docs/decisions/0009-difference-in-lanes.md).
 
 #include "pitch/difference_avx512.h"
 
@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t lanes = 8;
 constexpr std::size_t lead = 3 * lanes;
 
-/// Adds the squares for i from `from` to `to` - 1, at the eight lags from `lag` on.
+/// Adds the squares for i from `from` to `to` - 1 at the eight lags from `lag`.
 [[gnu::target("avx512f"), gnu::always_inline]] inline void add(__m512d& sum, const double* x,
                                                                std::size_t from, std::size_t to,
                                                                std::size_t lag) {
@@ -28,15 +28,15 @@ constexpr std::size_t lead = 3 * lanes;
 
 [[gnu::target("avx512f")]] void sumAvx512(const double* x, std::size_t window, std::size_t firstLag,
                                           double* d) {
-  // Nearly every load of eight doubles straddles two cache lines and costs two. So the four sums
-  // walk eight samples behind one another: then all of them need the same load at the same time.
+  // Nearly every load of eight doubles crosses a cache line and costs two. The four sums run eight
+  // samples apart, so that all of them use the same load at the same time.
   __m512d sumA{}, sumB{}, sumC{}, sumD{};
   add(sumA, x, 0, std::min(window, lead), firstLag);
   add(sumB, x, 0, std::min(window, lead - lanes), firstLag + lanes);
   add(sumC, x, 0, std::min(window, lead - 2 * lanes), firstLag + 2 * lanes);
 
-  // Two additions to a multiplication would leave half of the multipliers idle: let them subtract,
-  // as 1 * y - x, which is exact up to the same one rounding. The compiler must not see the 1.
+  // With two additions per multiplication half of the multipliers idle: they subtract, as
+  // 1 * y - x, which is rounded once, like y - x. The compiler must not see the 1.
   __m512d one = _mm512_set1_pd(1.0);
   asm("" : "+v"(one));
   for (std::size_t i = lead; i < window; ++i) {

@@ -9,7 +9,7 @@ namespace corvane {
 NormalisedDifference::NormalisedDifference(const DifferencePath& chosen) : path(chosen) {}
 
 std::span<double> NormalisedDifference::beginBlock(std::size_t samples) {
-  require(samples > 0, "a block holds samples");
+  require(samples > 0, "the block is not empty");
   window = samples / 2;
   x.resize(std::max(x.size(), samples + path.lags));
   values.resize(std::max(values.size(), window + 1 + path.lags));
@@ -20,7 +20,7 @@ std::span<double> NormalisedDifference::beginBlock(std::size_t samples) {
 }
 
 std::span<const double> NormalisedDifference::upTo(std::size_t tau) {
-  require(tau <= window, "every lag stays inside the block");
+  require(tau <= window, "the lag is at most half the block");
   while (known <= tau) computeMore();
   return std::span(values).first(tau + 1);
 }

@@ -8,22 +8,20 @@
 
 namespace corvane {
 
-/// The cumulative mean normalised difference function of one block after another (equation 8 of de
-/// Cheveigné and Kawahara 2002), computed only as far as it is asked for: the lags beyond the dip
-/// that a pitch is read from cost nothing.
+/// The cumulative mean normalised difference function (equation 8 of de Cheveigné and Kawahara
+/// 2002), computed lazily: lags beyond the dip that gives the pitch cost nothing.
 ///
-/// Keeps its memory from block to block, and allocates only for a block longer than any before.
-/// One thread at a time.
+/// Reuses its memory; allocates only for a block longer than all before. One thread at a time.
 class NormalisedDifference {
  public:
   explicit NormalisedDifference(const DifferencePath& path = fastestDifferencePath());
 
-  /// Forgets the last block and returns the room for the samples of the next, to be filled before
-  /// anything is asked. At least one sample.
+  /// Drops the last block and returns the buffer for the next one, which the caller must fill
+  /// before any other call. At least one sample.
   std::span<double> beginBlock(std::size_t samples);
 
-  /// The values at the lags from 0 to `tau`, which is at most half the block: 1 at lag 0 and
-  /// wherever nothing has differed yet. The window is half the block.
+  /// The values at lags 0 to `tau`, which is at most half the block, the window. The value is 1 at
+  /// lag 0 and where the sum of all differences so far is 0.
   std::span<const double> upTo(std::size_t tau);
 
   /// The value at one lag.
@@ -33,9 +31,8 @@ class NormalisedDifference {
   void computeMore();
 
   DifferencePath path;
-  std::vector<double> x;  ///< the block, and room for what the last lags at once read beyond it
-  std::vector<double>
-      values;  ///< room for the lags up to half the block and those at once with them
+  std::vector<double> x;       ///< the block, padded for what the last group of lags reads
+  std::vector<double> values;  ///< by lag, padded to whole groups
   std::size_t window = 0;
   std::size_t known = 0;  ///< how many of `values` are computed
   double runningSum = 0.0;

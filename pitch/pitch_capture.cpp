@@ -13,7 +13,7 @@ constexpr double lowestPitch = 27.0;
 constexpr double highestPitch = 4300.0;
 constexpr double threshold = 0.15;
 
-/// The average of the channels, as their sum times the reciprocal of their number.
+/// The sum of the channels times the reciprocal of their number.
 void mix(const AudioBuffer& buffer, std::vector<float>& mono) {
   mono.assign(buffer.frameLength, 0.0F);
   const std::uint32_t channels = std::max(buffer.channelCount, 1U);
@@ -60,12 +60,12 @@ void PitchCapture::consume(const AudioBuffer& buffer, const OnReading& onReading
 
 void PitchCapture::stashMono() {
   const std::lock_guard held(gate);
-  // Room at once for the most that buffers of this length can ever need.
+  // Reserve the maximum that buffers of this length can need.
   stash.reserve(blockSamples + mono.size());
   stash.insert(stash.end(), mono.begin(), mono.end());
 }
 
-/// Cuts the oldest block of the stash, if there is a whole one, and has it analysed.
+/// Cuts the oldest complete block off the stash, if any, and queues it for analysis.
 bool PitchCapture::enqueue(double rate, const OnReading& onReading) {
   {
     const std::lock_guard held(gate);
@@ -91,7 +91,7 @@ void PitchCapture::drain(const OnReading& onReading) {
     onReading(detect(analysed.samples, analysed.rate));
     held.lock();
   }
-  // Under the same lock as the test above, so that no block can be left with nobody to take it.
+  // Under the same lock as the test above; otherwise a block could be left without a drain job.
   draining = false;
 }
 

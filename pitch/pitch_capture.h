@@ -14,40 +14,39 @@
 
 namespace corvane {
 
-/// Carries recorded sound to the detector without ever making the recording wait: mixes to mono,
-/// cuts a block of 8192 samples every 4096, and has the newest block analysed on `detectQueue`. A
-/// block that is still waiting when the next one comes is dropped unanalysed, so that a slow
-/// machine shows fewer readings, never late ones. After the first block nothing on its way
-/// allocates, as long as no buffer is longer than those before.
+/// Passes recorded sound to the detector without blocking the recording: mixes to mono, cuts a
+/// block of 8192 samples every 4096, and analyses the newest block on `detectQueue`. A block still
+/// waiting when the next one arrives is dropped, so a slow machine shows fewer readings, never late
+/// ones. After the first block nothing allocates unless a buffer is longer than all before.
 class PitchCapture : public std::enable_shared_from_this<PitchCapture> {
  public:
   static constexpr std::size_t blockSamples = 8192;
   static constexpr std::size_t hopSamples = 4096;
 
-  /// Called on `detectQueue` once for every analysed block, with nothing when it holds no pitch.
+  /// Called on `detectQueue` once per analysed block, with an empty value if it has no pitch.
   using OnReading = InPlaceFunction<void(const std::optional<PitchDetector::Reading>&), 32>;
   using Detect =
       std::function<std::optional<PitchDetector::Reading>(std::span<const float>, double rate)>;
 
   /// The program's detector: 27 to 4300 Hz (below the lowest and above the highest piano key),
-  /// threshold 0.15. Keeps its memory from block to block. One thread at a time.
+  /// threshold 0.15. Reuses its memory. One thread at a time.
   static Detect musicalPitchDetector();
 
-  /// One call of a new `musicalPitchDetector`. Any thread.
+  /// Calls a new `musicalPitchDetector` once. Any thread.
   static std::optional<PitchDetector::Reading> detectMusicalPitch(std::span<const float> block,
                                                                   double rate);
 
-  /// `detectQueue` runs the detection and must be serial; `detect` is what runs there.
+  /// `detect` runs on `detectQueue`, which must be serial.
   static std::shared_ptr<PitchCapture> create(
       std::unique_ptr<TaskQueue> detectQueue = std::make_unique<SerialQueue>("corvane.pitch"),
       Detect detect = musicalPitchDetector());
 
-  /// Takes a buffer of any length and channel count; ignores one without frames or float samples.
-  /// On the audio thread; waits for nothing but a short lock.
+  /// Adds a buffer of any length and channel count; ignores one without frames or float samples.
+  /// Audio thread; takes one short lock.
   void consume(const AudioBuffer& buffer, const OnReading& onReading);
 
-  /// Forgets the samples and the block that wait for analysis, so that what comes next is never
-  /// joined to what came before. An analysis that is running ends normally. Any thread.
+  /// Drops the buffered samples and the waiting block, so that later sound is never joined to
+  /// earlier sound. A running analysis ends normally. Any thread.
   void reset();
 
  private:
@@ -67,10 +66,10 @@ class PitchCapture : public std::enable_shared_from_this<PitchCapture> {
   std::mutex gate;
   std::unique_ptr<TaskQueue> detectQueue;
   Detect detect;
-  std::vector<float> mono;   ///< of the audio thread: the last buffer, mixed
+  std::vector<float> mono;   ///< audio thread only: the last buffer, mixed
   std::vector<float> stash;  ///< shorter than a block whenever `consume` has returned
-  Block pending;             ///< the newest block that no analysis has taken yet, or no samples
-  Block analysed;            ///< belongs to the drain job
+  Block pending;             ///< the newest block not yet taken for analysis, or no samples
+  Block analysed;            ///< drain job only
   bool draining = false;     ///< a drain job is queued or running
 };
 

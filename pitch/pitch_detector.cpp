@@ -23,9 +23,8 @@ struct LagRange {
   std::size_t max;
 };
 
-/// Writes the samples without their mean, so that a constant offset neither counts as level nor
-/// disturbs the difference function, and returns their level. Single precision throughout: widening
-/// comes last.
+/// Writes the samples minus their mean, so that a DC offset affects neither level nor difference
+/// function, and returns their level. Computes in single precision and widens last.
 float centre(std::span<const float> samples, std::span<double> centred) {
   const auto count = static_cast<float>(samples.size());
   float sum = 0.0F;
@@ -42,16 +41,16 @@ float centre(std::span<const float> samples, std::span<double> centred) {
 }
 
 std::int64_t lag(double rounded) {
-  require(rounded >= 0.0 && rounded < 0x1p63, "a lag fits a 64-bit integer");
+  require(rounded >= 0.0 && rounded < 0x1p63, "the lag fits a 64-bit integer");
   return static_cast<std::int64_t>(rounded);
 }
 
-/// Nothing when fewer than three lags lie in the range.
+/// Returns nothing if the range has fewer than three lags.
 std::optional<LagRange> lagRange(std::size_t samples, double sampleRate, double minFrequency,
                                  double maxFrequency) {
   require(minFrequency > 0.0 && std::isfinite(minFrequency) && maxFrequency > 0.0 &&
               std::isfinite(maxFrequency),
-          "frequency bounds are positive and finite");
+          "the frequency bounds are positive and finite");
   const std::int64_t tauMin = std::max<std::int64_t>(2, lag(std::floor(sampleRate / maxFrequency)));
   const std::int64_t tauMax = std::min(static_cast<std::int64_t>(samples / 2) - 2,
                                        lag(std::ceil(sampleRate / minFrequency)));
@@ -59,7 +58,7 @@ std::optional<LagRange> lagRange(std::size_t samples, double sampleRate, double 
   return LagRange{static_cast<std::size_t>(tauMin), static_cast<std::size_t>(tauMax)};
 }
 
-/// The bottom of the first dip that goes below the threshold, or nothing.
+/// The minimum of the first dip below the threshold, or nothing.
 std::optional<std::size_t> firstDip(NormalisedDifference& cmnd, const LagRange& range,
                                     double threshold) {
   std::size_t tau = range.min;

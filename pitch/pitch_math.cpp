@@ -49,7 +49,7 @@ std::optional<Note> describe(double frequency, double a4) {
   const auto midi = static_cast<std::int64_t>(nearest);
   return Note{
       .name = std::string(pitchClassName(midi)),
-      // Truncates toward zero, so below MIDI 0 (8 Hz, unheard) octaves differ from floor division.
+      // Truncates toward zero: below MIDI 0 (8 Hz, inaudible) octaves differ from floor division.
       .octave = midi / notesPerOctave - 1,
       .midi = midi,
       .cents = (fractionalMidi - nearest) * 100.0,

@@ -22,11 +22,12 @@ struct Note {
 
 struct ConcertPitch {
   std::int64_t hertz;     ///< identifies the preset
-  std::string_view name;  ///< may be empty
+  std::string_view name;  ///< can be empty
 
   std::int64_t id() const { return hertz; }
 
-  /// "440  Modern": two spaces, so that a menu shows two columns; the number alone without a name.
+  /// "440  Modern", with two spaces so that a menu shows two columns; only the number if `name` is
+  /// empty.
   std::string title() const;
 
   bool operator==(const ConcertPitch&) const = default;
@@ -38,9 +39,9 @@ extern const std::array<std::string_view, 12> sharpNames;
 /// In the order of the menu, lowest first.
 extern const std::array<ConcertPitch, 11> concertPitches;
 
-/// The equal-tempered note nearest to `frequency` (Hz) when A4 is `a4` (Hz). Half a semitone above
-/// a note belongs to the next one, at -50 cents. Nothing when either is not positive or their ratio
-/// has no finite logarithm.
+/// The equal-tempered note nearest to `frequency` (Hz) when A4 is `a4` (Hz). Exactly half a
+/// semitone above a note is the next note at -50 cents. Returns nothing if either is not positive
+/// or the logarithm of their ratio is not finite.
 std::optional<Note> describe(double frequency, double a4);
 
 }  // namespace PitchMath

@@ -20,7 +20,7 @@ struct SerialQueue::State {
     jobs.add(std::move(job));
   }
 
-  /// The next job, waited for; nothing once the queue is ending and empty.
+  /// Waits for the next job; nothing once the queue is ending and empty.
   Job next() {
     std::unique_lock held(lock);
     changed.wait(held, [this] { return ending || !jobs.empty(); });
@@ -42,7 +42,7 @@ SerialQueue::~SerialQueue() {
     state->ending = true;
   }
   state->changed.notify_one();
-  // A job may hold the last reference to the queue's owner; a thread cannot wait for itself.
+  // A job may hold the last reference to the queue's owner; a thread cannot join itself.
   if (thread.get_id() == std::this_thread::get_id()) {
     thread.detach();
   } else {

@@ -8,7 +8,7 @@
 
 namespace corvane {
 
-/// Where jobs run one at a time, in the order of submission.
+/// Runs jobs one at a time in the order of submission.
 class TaskQueue {
  public:
   using Job = InPlaceFunction<void(), 64>;
@@ -19,10 +19,10 @@ class TaskQueue {
   virtual void async(Job job) = 0;
 };
 
-/// A queue with an urgent thread of its own, which carries the label (up to 15 bytes of it) as its
-/// name. Destruction runs what was submitted before, then ends the thread; from within a job it
-/// returns at once and the thread ends after that job and those behind it. Submitting allocates
-/// only when more jobs wait than ever before.
+/// A queue with its own high-priority thread, named after the first 15 bytes of the label. The
+/// destructor runs all submitted jobs, then ends the thread; called from a job it returns at once,
+/// and the thread ends after the remaining jobs. Submitting allocates only when more jobs wait than
+/// ever before.
 class SerialQueue final : public TaskQueue {
  public:
   explicit SerialQueue(const std::string& label);
@@ -38,7 +38,7 @@ class SerialQueue final : public TaskQueue {
   std::thread thread;
 };
 
-/// Runs each job within the call that submits it, for a source that may wait for detection.
+/// Runs each job in the call that submits it, for a source that may wait for detection.
 class InlineQueue final : public TaskQueue {
  public:
   void async(Job job) override { job(); }

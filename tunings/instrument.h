@@ -12,10 +12,10 @@ enum class Instrument { guitar, bass, piano };
 inline constexpr std::array allInstruments = {Instrument::guitar, Instrument::bass,
                                               Instrument::piano};
 
-/// The text that identifies the instrument and is kept in the preferences, such as "guitar".
+/// The text that identifies the instrument in the preferences, such as "guitar".
 std::string_view rawValue(Instrument instrument);
 
-/// The word shown in the instrument picker, such as "Guitar".
+/// The text in the instrument picker, such as "Guitar".
 std::string_view displayTitle(Instrument instrument);
 
 /// The instrument with exactly this raw value, or nothing.

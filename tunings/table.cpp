@@ -7,7 +7,7 @@
 namespace corvane::TuningLibrary {
 namespace {
 
-/// Takes the text up to the next space off the front of `labels`.
+/// Removes and returns the text up to the next space.
 std::string takeLabel(std::string_view& labels) {
   const std::size_t end = labels.find(' ');
   std::string label(labels.substr(0, end));
@@ -21,7 +21,7 @@ std::vector<GuitarString> makeStrings(const Row& row) {
   for (const int midi : row.midi) {
     strings.push_back({static_cast<std::int64_t>(strings.size()), midi, takeLabel(labels)});
   }
-  require(labels.empty(), "a tuning has as many labels as pitches");
+  require(labels.empty(), "the tuning has as many labels as pitches");
   return strings;
 }
 

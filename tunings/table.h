@@ -8,8 +8,8 @@
 
 namespace corvane::TuningLibrary {
 
-/// One row of a table as it is written down, lowest string first. `labels` are separated by single
-/// spaces and as many as the MIDI numbers; they are the tuning's detail too where none is given.
+/// One row of a table, lowest string first. `labels` has one label per MIDI number, separated by
+/// single spaces; it is also the tuning's detail if none is given.
 struct Row {
   std::string_view id;
   std::string_view name;

@@ -7,7 +7,7 @@
 namespace corvane {
 
 struct GuitarString {
-  std::int64_t index;  ///< its position in its tuning, 0 for the lowest string
+  std::int64_t index;  ///< position in the tuning, 0 for the lowest string
   std::int64_t midi;   ///< target pitch; A4 = 69
   std::string label;   ///< "A" to "G", with "♭" or "♯" where needed; no octave
 
@@ -17,9 +17,9 @@ struct GuitarString {
 };
 
 struct Tuning {
-  std::string id;                     ///< unique over all instruments; kept in the preferences
+  std::string id;                     ///< unique over all instruments; stored in the preferences
   std::string name;                   ///< its entry in the tuning menu
-  std::string group;                  ///< the section of the menu it stands in
+  std::string group;                  ///< its section in the menu
   std::string detail;                 ///< one line shown under the name
   std::vector<GuitarString> strings;  ///< lowest first; empty for the piano
 

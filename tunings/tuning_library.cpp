@@ -13,7 +13,7 @@ const std::vector<Tuning>& tunings(Instrument instrument) {
     case Instrument::piano:
       return piano();
   }
-  require(false, "an instrument is one of the three");
+  require(false, "the instrument is valid");
   return guitar();
 }
 
@@ -27,7 +27,7 @@ const Tuning* find(Instrument instrument, std::string_view id) {
 const Tuning& resolve(Instrument instrument, std::string_view id) {
   const Tuning* found = find(instrument, id);
   if (found != nullptr) return *found;
-  require(!tunings(instrument).empty(), "every instrument has a tuning");
+  require(!tunings(instrument).empty(), "the instrument has a tuning");
   return tunings(instrument).front();
 }
 

@@ -8,8 +8,8 @@
 
 namespace corvane {
 
-/// Every tuning on offer, one table an instrument. A table is built on its first use and never
-/// changes afterwards; none is empty, and its first row is the instrument's default. Any thread.
+/// All tunings, one table per instrument. A table is built on first use and is then constant; it is
+/// never empty, and its first row is the instrument's default. Any thread.
 namespace TuningLibrary {
 
 const std::vector<Tuning>& guitar();
@@ -22,7 +22,7 @@ const std::vector<Tuning>& tunings(Instrument instrument);
 /// The row of this instrument's table with exactly this id, or null.
 const Tuning* find(Instrument instrument, std::string_view id);
 
-/// As `find`, or the instrument's default: an id of another instrument gives the default too.
+/// As `find`, or the instrument's default, also for an id of another instrument.
 const Tuning& resolve(Instrument instrument, std::string_view id);
 
 }  // namespace TuningLibrary

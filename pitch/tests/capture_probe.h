@@ -16,7 +16,7 @@ namespace corvane {
 constexpr std::size_t blockSamples = PitchCapture::blockSamples;
 constexpr std::size_t hopSamples = PitchCapture::hopSamples;
 
-/// Hands one buffer of these channels, all of the same length, to the capture.
+/// Passes a buffer of these channels, all of the same length, to the capture.
 inline void feed(PitchCapture& capture, const std::vector<signals::Samples>& channels, double rate,
                  const PitchCapture::OnReading& onReading) {
   std::vector<const float*> pointers;
@@ -28,7 +28,7 @@ inline void feed(PitchCapture& capture, const std::vector<signals::Samples>& cha
                   onReading);
 }
 
-/// A capture whose detection runs when the test says so, and everything that comes out of it.
+/// A capture whose detection the test runs, and its blocks and readings.
 class CaptureProbe {
  public:
   struct Analysed {
@@ -45,7 +45,7 @@ class CaptureProbe {
     feed(*capture, channels, rate, onReading);
   }
 
-  /// Goes on with a signal in which each sample is its own position in it.
+  /// Continues a signal in which each sample is its own position.
   void consumeRamp(std::size_t frames, double rate = 48000.0) {
     consume({signals::ramp(position, frames)}, rate);
     position += frames;
@@ -54,7 +54,7 @@ class CaptureProbe {
   std::shared_ptr<WaitingJobs> waiting = std::make_shared<WaitingJobs>();
   std::vector<Analysed> analysed;
   std::vector<std::optional<PitchDetector::Reading>> readings;
-  /// What the detector answers; by default a reading that tells how many blocks came before.
+  /// The detector's result; by default a reading with the number of previous blocks.
   std::function<std::optional<PitchDetector::Reading>()> answer = [this] {
     return PitchDetector::Reading{.frequency = static_cast<double>(analysed.size())};
   };

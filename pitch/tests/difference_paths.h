@@ -15,20 +15,19 @@ inline void PrintTo(const DifferencePath& path, std::ostream* out) {
   *out << path.name;
 }
 
-/// A path's name in the letters that a test's name may have.
+/// A path's name in characters that are valid in a test name.
 inline std::string pathTitle(const testing::TestParamInfo<DifferencePath>& info) {
   std::string title(info.param.name);
   std::erase_if(title, [](unsigned char c) { return std::isalnum(c) == 0; });
   return title;
 }
 
-/// A test that is run once for each path this program was built with, and that says so where the
-/// machine lacks one.
+/// Runs a test once for each path in this build. Skips paths that the machine does not support.
 class OnEveryPath : public testing::TestWithParam<DifferencePath> {
  protected:
   void SetUp() override {
     if (!GetParam().runsHere()) {
-      GTEST_SKIP() << "this machine lacks " << GetParam().name << ": nothing of it was tested";
+      GTEST_SKIP() << "this machine does not support " << GetParam().name;
     }
   }
 };

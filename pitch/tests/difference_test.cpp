@@ -13,7 +13,7 @@ namespace {
 
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
-/// The sums at the lags from `first` to `last`, in the plainest way.
+/// The sums at the lags from `first` to `last`, by a naive loop.
 std::vector<double> plainDifference(const signals::Samples& samples, std::size_t window,
                                     std::size_t first, std::size_t last) {
   const float* const x = samples.data();
@@ -31,8 +31,8 @@ std::vector<double> plainDifference(const signals::Samples& samples, std::size_t
 
 class DifferenceOn : public OnEveryPath {
  protected:
-  /// What the path makes of x at the lags from 1 to tauMax, lags at once after lags at once. Beyond
-  /// the last sample that they need are no numbers, and no more of them than the path may read.
+  /// The path's results for x at the lags from 1 to tauMax, in groups. Beyond the last needed
+  /// sample there are NaNs, as many as the path may read.
   static std::vector<double> difference(const signals::Samples& x, std::size_t window,
                                         std::size_t tauMax) {
     const DifferencePath& path = GetParam();
@@ -92,17 +92,16 @@ TEST_P(DifferenceOn, EqualsThePlainLoopFromAnyLagAndAddress) {
 }
 
 TEST_P(DifferenceOn, RoundsEachStepOfOneSumInIndexOrder) {
-  // In single precision the difference of these would be rounded to 1.
+  // In single precision this difference would be rounded to 1.
   const double apart = 1.0 - 0x1p-30;
   EXPECT_EQ(difference({1.0F, 0x1p-30F}, 1, 1)[0], apart * apart);
 
   // At lag 3 the squares are 2^-54 twice and 1 + 2^-29 + 2^-60. Rounded, the last one loses its
-  // 2^-60 and adding it is a tie, which goes down; one fused operation would still see it, and
-  // round up.
+  // 2^-60, and adding it is a tie, rounded down. A fused operation would keep it and round up.
   const signals::Samples tie = {0x1p-27F, 0x1p-27F, 1.0F, 0.0F, 0.0F, -0x1p-30F};
   EXPECT_EQ(difference(tie, 3, 3)[2], 1.0 + 0x1p-29);
 
-  // Each small square alone is lost beside the first one; added up apart, they would not be.
+  // Each small square is lost when added to the first one; their separate sum would not be.
   signals::Samples x(2049, 0.0F);
   x[0] = 0x1p27F;
   for (std::size_t i = 2; i < x.size(); i += 2) x[i] = 1.0F;
@@ -111,7 +110,7 @@ TEST_P(DifferenceOn, RoundsEachStepOfOneSumInIndexOrder) {
 
 INSTANTIATE_TEST_SUITE_P(Paths, DifferenceOn, testing::ValuesIn(differencePaths()), pathTitle);
 
-TEST(DifferencePaths, SlowerOnesRunWhereverAFasterOneDoes) {
+TEST(DifferencePaths, RunWhereverAFasterPathRuns) {
   EXPECT_EQ(fastestDifferencePath().name, pathsOfThisMachine().front().name);
   EXPECT_EQ(differencePaths().back().name, "portable");
   EXPECT_TRUE(differencePaths().back().runsHere());

@@ -8,11 +8,11 @@
 
 namespace corvane {
 
-/// Jobs that wait until the test runs them, on the test's own thread.
+/// Jobs that wait until the test runs them on its own thread.
 struct WaitingJobs {
   std::deque<TaskQueue::Job> jobs;
 
-  /// Runs the oldest one, which there must be.
+  /// Runs the oldest job. There must be one.
   void runOne() {
     const TaskQueue::Job job = std::move(jobs.front());
     jobs.pop_front();
@@ -20,7 +20,7 @@ struct WaitingJobs {
   }
 };
 
-/// Keeps what is submitted in a place that outlives the queue.
+/// Stores submitted jobs in an object that outlives the queue.
 class ManualQueue final : public TaskQueue {
  public:
   explicit ManualQueue(std::shared_ptr<WaitingJobs> where) : waiting(std::move(where)) {}

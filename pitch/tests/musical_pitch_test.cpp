@@ -19,27 +19,27 @@ double found(double rate, const signals::Samples& samples) {
 
 TEST(DetectMusicalPitch, TheLowestPitchIsExactly27Hz) {
   // 27 x 1778 = 48006: at this rate 1778 is the longest lag, at any higher one it is 1779.
-  // Periodic noise has no other dip, and one at the longest lag is not refined.
+  // Periodic noise has no other dip, and a dip at the longest lag is not refined.
   EXPECT_EQ(found(48006.0, signals::periodicNoise(1778, 8192, 1)), 27.0);
   EXPECT_EQ(found(48006.0, signals::periodicNoise(1779, 8192, 1)), 0.0);
   EXPECT_EQ(found(48006.01, signals::periodicNoise(1779, 8192, 1)), 48006.01 / 1779.0);
 }
 
 TEST(DetectMusicalPitch, TheHighestPitchIsExactly4300Hz) {
-  // At 43000 Hz the shortest lag is 10: a period of 9 samples is passed over and read at twice its
-  // length. At any lower rate it is 9: the period is found, and is a pitch too high to be accepted.
+  // At 43000 Hz the shortest lag is 10: a period of 9 samples is skipped and read as two periods.
+  // At any lower rate it is 9: the period is found but the pitch is above the accepted band.
   const signals::Samples samples = signals::periodicNoise(9, 8192, 1);
   EXPECT_NEAR(found(43000.0, samples), 43000.0 / 18.0, 50.0);
   EXPECT_EQ(found(42999.99, samples), 0.0);
 }
 
-TEST(DetectMusicalPitch, AtTheHighestRatesHalfABlockIsTheLongestLag) {
+TEST(DetectMusicalPitch, LongestLagIsHalfABlockAtHighRates) {
   EXPECT_EQ(found(192000.0, signals::periodicNoise(4094, 8192, 1)), 192000.0 / 4094.0);
   EXPECT_EQ(found(192000.0, signals::periodicNoise(4095, 8192, 1)), 0.0);
 }
 
 TEST(DetectMusicalPitch, TheLeastConfidenceIsJustAbove85Hundredths) {
-  // The noise that only just leaves a pitch, by halving: the dip deepens as the noise falls.
+  // Bisect the largest noise that leaves a pitch: the dip deepens as the noise falls.
   double heard = 0.2;
   double unheard = 0.6;
   double confidence = 0.0;
@@ -55,8 +55,7 @@ TEST(DetectMusicalPitch, TheLeastConfidenceIsJustAbove85Hundredths) {
   EXPECT_LT(confidence, 0.85 + 1e-6);
 }
 
-/// How far the tuner's reading of a block is from `expected` (Hz), in cents; infinitely far when it
-/// hears no pitch.
+/// The error of the tuner's reading in cents from `expected` (Hz); infinite without a pitch.
 double error(std::span<const float> samples, double rate, double expected) {
   const auto reading = PitchCapture::detectMusicalPitch(samples, rate);
   return reading ? std::abs(centsAbove(reading->frequency, expected))
@@ -73,14 +72,14 @@ double error(std::span<const float> samples, double rate, double expected) {
 //     1 + x / 4096 at the worst: in the same way, 0.5 r / 4096 of the period;
 //   - it is a cosine and no parabola: w^2 (t / 12 - t^3 / 3) samples with w = 2 pi r, at most
 //     0.01604 w^2, which is 0.633 r^3 of the period.
-// A period that is too short by a part is further off, in cents, than one that is too long by it.
+// A period too short by some fraction has a larger error in cents than one too long by it.
 double worstCents(double r) {
   return -1200.0 * std::log2(1.0 - (0.5 * r * r + 0.5 * r / 4096.0 + 0.633 * r * r * r));
 }
 
 TEST(PitchQuality, SinesAreReadWithinTheErrorOfTheMethod) {
   for (const double rate : {44100.0, 48000.0, 96000.0, 192000.0}) {
-    // Half a block is the longest lag, and the longest is not refined.
+    // Half a block is the longest lag, which is not refined.
     const double lowest = std::max(27.5, rate / 4000.0);
     for (int step = 0; step <= 40; ++step) {
       const double frequency = lowest * std::pow(4300.0 / lowest, step / 40.0);
@@ -101,9 +100,9 @@ TEST(PitchQuality, PluckedStringsAreReadToATenthOfACent) {
     double frequency;
     double worstCents;
   };
-  // Measured and doubled: how the partials of a noise burst add up has no closed form. The largest
-  // errors found with other seeds, at 44.1 and 48 kHz and from the attack to two seconds after it,
-  // were 0.006 cents on the bass and 0.054 on the guitar.
+  // Measured and doubled: the sum of a noise burst's partials has no closed form. With other seeds,
+  // at 44.1 and 48 kHz, up to two seconds after the attack, the largest errors were 0.006 cents on
+  // the bass and 0.054 on the guitar.
   const String strings[] = {{30.868, 0.012}, {41.203, 0.012}, {55.000, 0.012}, {73.416, 0.012},
                             {97.999, 0.012}, {82.407, 0.012}, {110.000, 0.02}, {146.832, 0.04},
                             {195.998, 0.05}, {246.942, 0.05}, {329.628, 0.11}};

@@ -23,7 +23,7 @@ std::vector<double> expectedOf(const signals::Samples& samples) {
 
 class NormalisedDifferenceOn : public OnEveryPath {};
 
-TEST_P(NormalisedDifferenceOn, EqualsTheReferenceWhateverWasAskedBefore) {
+TEST_P(NormalisedDifferenceOn, EqualsTheReferenceInAnyOrderOfQueries) {
   const signals::Samples spoilt(1000, std::numeric_limits<float>::quiet_NaN());
   NormalisedDifference difference(GetParam());
   for (std::size_t length = 1; length <= 150; ++length) {
@@ -32,13 +32,13 @@ TEST_P(NormalisedDifferenceOn, EqualsTheReferenceWhateverWasAskedBefore) {
     const signals::Samples samples = signals::noise(length, 1);
     const std::vector<double> expected = expectedOf(samples);
     begin(difference, samples);
-    // In steps of 1 to 70 lags, and at last up to half the block.
+    // In steps of 1 to 70 lags, finally up to half the block.
     for (std::size_t tau = 0; tau < length / 2; tau += 1 + length % 70) {
       EXPECT_TRUE(sameBits(difference.upTo(tau), std::span(expected).first(tau + 1))) << length;
       EXPECT_TRUE(sameBits(difference.at(tau), expected[tau])) << length;
     }
     EXPECT_TRUE(sameBits(difference.upTo(length / 2), expected)) << length;
-    // With no more room than this block needs.
+    // With no more memory than this block needs.
     NormalisedDifference fresh(GetParam());
     begin(fresh, samples);
     EXPECT_TRUE(sameBits(fresh.upTo(length / 2), expected)) << length;
@@ -50,7 +50,7 @@ TEST_P(NormalisedDifferenceOn, EqualsTheReferenceWhateverWasAskedBefore) {
 INSTANTIATE_TEST_SUITE_P(Paths, NormalisedDifferenceOn, testing::ValuesIn(differencePaths()),
                          pathTitle);
 
-TEST(NormalisedDifferenceDeathTest, ALagThatLeavesTheBlockStopsTheProgram) {
+TEST(NormalisedDifferenceDeathTest, LagBeyondTheBlockStopsTheProgram) {
   NormalisedDifference difference;
   EXPECT_DEATH(difference.upTo(1), "broken invariant") << "there is no block yet";
   begin(difference, signals::constant(0.0F, 101));

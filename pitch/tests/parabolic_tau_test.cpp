@@ -19,7 +19,7 @@ TEST(ParabolicTau, FindsTheVertexOfAParabola) {
   EXPECT_EQ(vertex(1.5625, 0.0625, 0.5625), 1.25);
   EXPECT_EQ(vertex(0.5625, 0.0625, 1.5625), 0.75);
   EXPECT_EQ(vertex(1.0, 0.0, 1.0), 1.0);
-  EXPECT_EQ(vertex(0.0, 1.0, 0.5), 1.0 + 1.0 / 6.0) << "also where it opens downwards";
+  EXPECT_EQ(vertex(0.0, 1.0, 0.5), 1.0 + 1.0 / 6.0) << "opens downwards";
   EXPECT_EQ(parabolicTau(std::vector{9.0, 9.0, 9.0, 1.5625, 0.0625, 0.5625, 9.0}, 4), 4.25);
 }
 
@@ -30,12 +30,12 @@ TEST(ParabolicTau, RefinesNeitherTheFirstLagNorTheLast) {
   EXPECT_EQ(parabolicTau(std::array{9.0, 1.5625, 0.0625, 0.5625}, 2), 2.25) << "the last but one";
 }
 
-TEST(ParabolicTau, ThreePointsOnAStraightLineGiveTheIntegerLag) {
+TEST(ParabolicTau, PointsOnAStraightLineGiveTheIntegerLag) {
   EXPECT_EQ(vertex(0.75, 0.5, 0.25), 1.0);
   EXPECT_EQ(vertex(0.25, 0.5, 0.75), 1.0);
   EXPECT_EQ(vertex(0.5, 0.5, 0.5), 1.0);
-  // at = 0 makes the curvature the sum of the outer two, here one of them alone: on the limit it
-  // counts as none.
+  // With at = 0 the curvature is the sum of the outer two, here one of them. At the limit it counts
+  // as zero.
   EXPECT_EQ(vertex(1e-12, 0.0, 0.0), 1.0);
   EXPECT_EQ(vertex(-1e-12, 0.0, 0.0), 1.0);
   EXPECT_EQ(vertex(std::nextafter(1e-12, 1.0), 0.0, 0.0), 1.5);
@@ -46,7 +46,7 @@ TEST(ParabolicTau, ThreePointsOnAStraightLineGiveTheIntegerLag) {
   EXPECT_EQ(vertex(1.0, 0.0, nan), 1.0);
 }
 
-TEST(ParabolicTau, RoundsInTheOrderInWhichTheFormulaIsWritten) {
+TEST(ParabolicTau, RoundsInTheOrderOfTheFormula) {
   // after + (before - (at + at)): with these values every other grouping rounds differently.
   const double before = 0.1, at = 0.0123456789, after = 0.3;
   const double twice = at + at;

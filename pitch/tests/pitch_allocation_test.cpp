@@ -11,7 +11,7 @@
 namespace corvane {
 namespace {
 
-TEST(AllocationCount, CountsEachAllocationAndReleaseOfItsOwnThread) {
+TEST(AllocationCount, CountsAllocationsAndReleasesOfItsThread) {
   struct alignas(128) Wide {
     char bytes[128];
   };
@@ -26,8 +26,7 @@ TEST(AllocationCount, CountsEachAllocationAndReleaseOfItsOwnThread) {
   EXPECT_EQ(allocationsOfThisThread(), between + 1);
 }
 
-/// What the detection thread has allocated when it tells a reading, in places that exist
-/// beforehand.
+/// The detection thread's allocations at each reading, in preallocated memory.
 struct Counts {
   std::array<std::size_t, 1000> allocations{};
   std::size_t pitches = 0;
@@ -40,13 +39,13 @@ struct Counts {
     told.notify_all();
   }
 
-  /// Allocates nothing, unlike what waits with a deadline elsewhere: the test has one of its own.
+  /// Allocates nothing, unlike a wait with a deadline; the test has its own deadline.
   void waitFor(std::size_t count) {
     for (std::size_t now = told; now < count; now = told) told.wait(now);
   }
 };
 
-/// A callback that owns something, as the engine's does.
+/// A callback that owns something, like the engine's.
 PitchCapture::OnReading tellAllocations(const std::shared_ptr<Counts>& counts) {
   return [counts](const auto& reading) { counts->tell(reading.has_value()); };
 }
@@ -61,8 +60,8 @@ signals::Samples music() {
   return all;
 }
 
-/// Feeds `samples` in buffers of `frames` to two channels and tells `afterBuffer` after each how
-/// many blocks are complete. How often this thread has allocated since the first one was.
+/// Feeds `samples` in buffers of `frames` to two channels and calls `afterBuffer` with the number
+/// of complete blocks. Returns this thread's allocations since the first block.
 template <class AfterBuffer>
 std::size_t allocationsOfTheTap(PitchCapture& capture, const signals::Samples& samples,
                                 std::uint32_t frames, const PitchCapture::OnReading& onReading,
@@ -90,14 +89,14 @@ TEST(PitchAllocation, NeitherThreadAllocatesAfterTheFirstBlock) {
               0U)
         << frames << " frames at once";
     const std::size_t count = detections->told;
-    EXPECT_GT(detections->pitches, 5U) << "or no detection went all the way";
-    EXPECT_LT(detections->pitches, count) << "or none found nothing";
+    EXPECT_GT(detections->pitches, 5U) << "some detections find a pitch";
+    EXPECT_LT(detections->pitches, count) << "some detections find none";
     EXPECT_EQ(detections->allocations[count - 1], detections->allocations[0])
         << "on the detection thread, with " << frames << " frames at once";
   }
 }
 
-TEST(PitchAllocation, ATapThatRunsAheadAllocatesNothingEither) {
+TEST(PitchAllocation, TapThatRunsAheadAllocatesNothing) {
   Door started;
   Door finish;
   bool held = false;

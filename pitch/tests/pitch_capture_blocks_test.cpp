@@ -5,12 +5,12 @@
 namespace corvane {
 namespace {
 
-/// Every block is analysed at once, so that none is replaced by the next.
+/// Analyses every block at once, so that none is replaced by the next.
 class PitchCaptureBlocks : public testing::Test {
  protected:
   std::size_t blocks() const { return probe.analysed.size(); }
 
-  /// The blocks are those of the ramp, one at each hop.
+  /// The blocks are those of the ramp, one per hop.
   void expectBlocksOfTheRamp(std::size_t count) const {
     ASSERT_EQ(blocks(), count);
     for (std::size_t number = 0; number < count; ++number) {
@@ -22,7 +22,7 @@ class PitchCaptureBlocks : public testing::Test {
   CaptureProbe probe{std::make_unique<InlineQueue>()};
 };
 
-TEST_F(PitchCaptureBlocks, TheFirstTwoBuffersGiveOneBlockAndEachFurtherOneMore) {
+TEST_F(PitchCaptureBlocks, FirstTwoBuffersGiveOneBlockThenOneEach) {
   probe.consumeRamp(4096);
   EXPECT_EQ(blocks(), 0U);
   for (std::size_t number = 1; number <= 3; ++number) {
@@ -42,7 +42,7 @@ TEST_F(PitchCaptureBlocks, OneBufferOf16384FramesGivesThreeBlocks) {
   expectBlocksOfTheRamp(4);
 }
 
-TEST_F(PitchCaptureBlocks, ABufferWithoutFloatSamplesOrFramesIsIgnored) {
+TEST_F(PitchCaptureBlocks, BufferWithoutFloatSamplesOrFramesIsIgnored) {
   probe.consumeRamp(8191);
   probe.capture->consume(
       {.channels = nullptr, .frameLength = 4096, .channelCount = 1, .sampleRate = 44100.0},
@@ -60,7 +60,7 @@ TEST_F(PitchCaptureBlocks, OppositeChannelsGiveABlockOfZeros) {
   EXPECT_EQ(probe.analysed[0].block, signals::constant(0.0F, 8192));
 }
 
-TEST_F(PitchCaptureBlocks, AReportedCountOfNoChannelsIsReadAsOne) {
+TEST_F(PitchCaptureBlocks, ChannelCountZeroIsReadAsOne) {
   const signals::Samples samples = signals::ramp(0, 8192);
   const float* channels[] = {samples.data()};
   probe.capture->consume(

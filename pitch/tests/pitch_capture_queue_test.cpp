@@ -6,20 +6,20 @@
 namespace corvane {
 namespace {
 
-/// Detection waits for the test; the probe's ramp tells which block is which.
+/// Detection waits for the test; the probe's ramp identifies the blocks.
 class PitchCaptureQueue : public testing::Test {
  protected:
   std::size_t waitingJobs() const { return probe.waiting->jobs.size(); }
   std::size_t analysed() const { return probe.analysed.size(); }
 
-  /// Runs the one job that waits, which leaves none.
+  /// Runs the only waiting job; none is left.
   void runTheJob() {
     ASSERT_EQ(waitingJobs(), 1U);
     probe.waiting->runOne();
     EXPECT_EQ(waitingJobs(), 0U);
   }
 
-  /// The newest of `count` blocks that were analysed began at `first`, and each gave its reading.
+  /// `count` blocks were analysed, each gave its reading, and the newest began at `first`.
   void expectAnalysed(std::size_t count, std::size_t first) const {
     ASSERT_EQ(analysed(), count);
     EXPECT_TRUE(probe.analysed.back().block == signals::ramp(first, blockSamples)) << first;
@@ -29,7 +29,7 @@ class PitchCaptureQueue : public testing::Test {
   CaptureProbe probe;
 };
 
-TEST_F(PitchCaptureQueue, NothingIsAnalysedWithinConsume) {
+TEST_F(PitchCaptureQueue, ConsumeAnalysesNothingItself) {
   probe.consumeRamp(8191);
   EXPECT_EQ(waitingJobs(), 0U);
   probe.consumeRamp(1);
@@ -39,19 +39,19 @@ TEST_F(PitchCaptureQueue, NothingIsAnalysedWithinConsume) {
   expectAnalysed(1, 0);
 }
 
-TEST_F(PitchCaptureQueue, OfThreeBlocksInOneBufferOnlyTheLastIsAnalysed) {
+TEST_F(PitchCaptureQueue, AnalysesOnlyTheLastOfThreeBlocksInOneBuffer) {
   probe.consumeRamp(16384);
   runTheJob();
   expectAnalysed(1, 8192);
 }
 
-TEST_F(PitchCaptureQueue, DuringASlowDetectionOneBlockAtMostWaits) {
+TEST_F(PitchCaptureQueue, AtMostOneBlockWaitsDuringASlowDetection) {
   bool first = true;
   probe.answer = [&] {
     EXPECT_EQ(probe.readings.size() + 1, analysed()) << "its reading follows each detection";
     if (std::exchange(first, false)) {
       for (int i = 0; i < 10; ++i) probe.consumeRamp(4096);
-      EXPECT_EQ(waitingJobs(), 0U) << "the running job is there to take it";
+      EXPECT_EQ(waitingJobs(), 0U) << "the running job takes it";
     }
     return PitchDetector::Reading{.frequency = static_cast<double>(analysed())};
   };
@@ -62,7 +62,7 @@ TEST_F(PitchCaptureQueue, DuringASlowDetectionOneBlockAtMostWaits) {
   EXPECT_EQ(probe.readings[1]->frequency, 2.0);
 }
 
-TEST_F(PitchCaptureQueue, WhatComesDuringTheCallbackIsTakenByTheSameJob) {
+TEST_F(PitchCaptureQueue, SameJobTakesABlockThatArrivesDuringTheCallback) {
   probe.onReading = [&](const auto& reading) {
     probe.readings.push_back(reading);
     if (probe.readings.size() < 5) probe.consumeRamp(4096);
@@ -72,17 +72,17 @@ TEST_F(PitchCaptureQueue, WhatComesDuringTheCallbackIsTakenByTheSameJob) {
   expectAnalysed(5, 16384);
 }
 
-TEST_F(PitchCaptureQueue, AJobWhoseCaptureIsGoneCallsNothing) {
+TEST_F(PitchCaptureQueue, JobOfAReleasedCaptureCallsNothing) {
   probe.consumeRamp(8192);
   const std::weak_ptr<PitchCapture> capture = probe.capture;
   probe.capture.reset();
-  EXPECT_TRUE(capture.expired()) << "the job must not keep it";
+  EXPECT_TRUE(capture.expired()) << "the job does not keep it alive";
   runTheJob();
   EXPECT_EQ(analysed(), 0U);
   EXPECT_TRUE(probe.readings.empty());
 }
 
-TEST_F(PitchCaptureQueue, AJobOwnsItsCallbackUntilItIsDone) {
+TEST_F(PitchCaptureQueue, JobOwnsItsCallbackUntilItEnds) {
   auto token = std::make_shared<int>(0);
   const std::weak_ptr<int> alive = token;
   probe.onReading = [token = std::move(token)](const auto&) { ++*token; };
@@ -94,7 +94,7 @@ TEST_F(PitchCaptureQueue, AJobOwnsItsCallbackUntilItIsDone) {
   EXPECT_TRUE(alive.expired());
 }
 
-TEST_F(PitchCaptureQueue, AResetLetsARunningDetectionEnd) {
+TEST_F(PitchCaptureQueue, ResetLetsARunningDetectionEnd) {
   probe.answer = [&] {
     probe.consumeRamp(4096);
     probe.capture->reset();

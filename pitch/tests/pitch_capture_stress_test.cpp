@@ -8,8 +8,7 @@
 namespace corvane {
 namespace {
 
-/// A capture whose detector tells the first and the last sample of each block that is no ramp or
-/// all of one.
+/// A capture whose detector records whether each block is one ramp, and its last sample.
 class PitchCaptureStress : public testing::Test {
  protected:
   void TearDown() override {
@@ -27,7 +26,7 @@ class PitchCaptureStress : public testing::Test {
     position += frames;
   }
 
-  /// Whether the last sample that was fed comes to be the last of a block.
+  /// Whether the last sample fed becomes the last of an analysed block.
   bool lastSampleIsAnalysed() {
     return blocks.waitUntil([this](const std::vector<Block>& all) {
       return !all.empty() && all.back().last == static_cast<float>(position - 1);
@@ -44,7 +43,7 @@ class PitchCaptureStress : public testing::Test {
       });
 };
 
-TEST_F(PitchCaptureStress, ResetsWhileTheTapRunsLeaveEveryBlockWhole) {
+TEST_F(PitchCaptureStress, ResetsDuringTheTapLeaveEveryBlockWhole) {
   constexpr int rounds = 50;
   std::atomic<int> round = 0;
   std::atomic<int> resets = 0;
@@ -55,7 +54,7 @@ TEST_F(PitchCaptureStress, ResetsWhileTheTapRunsLeaveEveryBlockWhole) {
     }
   });
   while (round < rounds) {
-    ++round;  // one reset somewhere among so many buffers that they make a block before or after it
+    ++round;  // one reset among enough buffers for a block before or after it
     for (int buffer = 0; buffer < 20; ++buffer) consumeRamp(1021);
     while (resets < round) std::this_thread::yield();
   }
@@ -66,7 +65,7 @@ TEST_F(PitchCaptureStress, ResetsWhileTheTapRunsLeaveEveryBlockWhole) {
   for (const Block& block : blocks.all()) EXPECT_TRUE(block.whole) << block.last;
 }
 
-TEST_F(PitchCaptureStress, TheLastBlockOfABurstIsAlwaysAnalysed) {
+TEST_F(PitchCaptureStress, AlwaysAnalysesTheLastBlockOfABurst) {
   consumeRamp(hopSamples);
   for (int burst = 0; burst < 100; ++burst) {
     for (int i = 0; i <= burst % 3; ++i) consumeRamp(hopSamples);

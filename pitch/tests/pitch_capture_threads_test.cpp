@@ -17,7 +17,7 @@ using Reading = std::optional<PitchDetector::Reading>;
 
 class PitchCaptureThreads : public testing::Test {
  protected:
-  /// A job that still runs keeps its capture, and uses what belongs to the test.
+  /// A running job keeps its capture alive and uses members of the test.
   void TearDown() override {
     capture.reset();
     EXPECT_TRUE(noThreadIsLeftNamed("corvane.pitch"));
@@ -28,7 +28,7 @@ class PitchCaptureThreads : public testing::Test {
         PitchCapture::create(std::make_unique<SerialQueue>("corvane.pitch"), std::move(detect));
   }
 
-  /// A detection that is held until the test lets it finish.
+  /// Blocks the detection until the test opens `finish`.
   void holdDetection() {
     useDetector([this](auto block, double) -> Reading {
       firstSamples.push(block.front());
@@ -47,7 +47,7 @@ class PitchCaptureThreads : public testing::Test {
   std::shared_ptr<PitchCapture> capture = PitchCapture::create();
 };
 
-TEST_F(PitchCaptureThreads, ASineComesOutAsItsReading) {
+TEST_F(PitchCaptureThreads, SineGivesItsReading) {
   const signals::Samples samples = signals::sine(440.0, 48000.0, blockSamples);
   consume({samples, samples});
   ASSERT_TRUE(readings.waitFor(1));
@@ -56,7 +56,7 @@ TEST_F(PitchCaptureThreads, ASineComesOutAsItsReading) {
   EXPECT_TRUE(sameBits(readings.all()[0], expected));
 }
 
-TEST_F(PitchCaptureThreads, DetectionAndCallbackRunOnTheQueueNamedAfterThem) {
+TEST_F(PitchCaptureThreads, DetectionAndCallbackRunOnTheNamedQueue) {
   Inbox<std::string> names;
   feed(*capture, {signals::ramp(0, blockSamples)}, 48000.0,
        [&](const auto&) { names.push(threadName()); });
@@ -78,10 +78,10 @@ TEST_F(PitchCaptureThreads, ConsumingNeverWaitsForASlowDetection) {
   EXPECT_TRUE(readings.all().empty()) << "the first detection is still running";
   finish.open();
   ASSERT_TRUE(readings.waitFor(2));
-  EXPECT_EQ(firstSamples.all(), (std::vector{0.0F, 81920.0F})) << "the first and the newest";
+  EXPECT_EQ(firstSamples.all(), (std::vector{0.0F, 81920.0F})) << "first and newest";
 }
 
-/// Memory that nobody can read before `capture` has been reset, or half a minute is over.
+/// Memory that cannot be read until `capture` has been reset, for at most half a minute.
 class Unreadable {
  public:
   explicit Unreadable(PitchCapture& capture) {
@@ -124,7 +124,7 @@ class Unreadable {
   std::jthread resetter;
 };
 
-TEST_F(PitchCaptureThreads, NobodyWaitsWhileABufferIsMixed) {
+TEST_F(PitchCaptureThreads, ResetDoesNotWaitForTheMix) {
   const Unreadable slow(*capture);
   const float* channels[] = {slow.samples()};
   capture->consume(
@@ -133,7 +133,7 @@ TEST_F(PitchCaptureThreads, NobodyWaitsWhileABufferIsMixed) {
   EXPECT_TRUE(Unreadable::wasResetMeanwhile());
 }
 
-TEST_F(PitchCaptureThreads, AReleaseDuringADetectionKeepsItsResult) {
+TEST_F(PitchCaptureThreads, ReleaseDuringADetectionKeepsItsResult) {
   holdDetection();
   consume({signals::ramp(0, blockSamples)});
   ASSERT_TRUE(firstSamples.waitFor(1));
@@ -144,7 +144,7 @@ TEST_F(PitchCaptureThreads, AReleaseDuringADetectionKeepsItsResult) {
   EXPECT_EQ(readings.all()[0]->frequency, 440.0);
 }
 
-TEST_F(PitchCaptureThreads, TheCallbackMayDropTheLastReference) {
+TEST_F(PitchCaptureThreads, CallbackMayDropTheLastReference) {
   holdDetection();
   PitchCapture& consumer = *capture;
   const std::weak_ptr<PitchCapture> alive = capture;

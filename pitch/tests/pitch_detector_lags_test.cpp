@@ -17,18 +17,18 @@ double found(const std::optional<Reading>& reading) {
   return reading ? reading->frequency : 0.0;
 }
 
-/// A single click at the very start. It makes every lag differ by exactly 1, so that the normalised
-/// difference is exactly 1 everywhere and the scan alone decides which lag is taken.
+/// A click at the first sample. Every difference is exactly 1, so the normalised difference is 1
+/// everywhere and only the scan decides the lag.
 const signals::Samples click = signals::impulses(1.0F, 1024, 1024);
 
 /// Accepts every lag of the click.
 constexpr double aboveOne = 1.5;
 
-TEST(PitchDetectorLags, ThreeLagsOnAStraightLineGiveTheIntegerLag) {
+TEST(PitchDetectorLags, LagsOnAStraightLineGiveTheIntegerLag) {
   EXPECT_EQ(found(detect(click, 48000.0, 100.0, 4800.0, aboveOne)), 48000.0 / 10.0);
 }
 
-TEST(PitchDetectorLags, AreSearchedUpwardsForTheFirstBelowTheThreshold) {
+TEST(PitchDetectorLags, SearchesUpwardsForTheFirstBelowTheThreshold) {
   struct Row {
     const char* name;
     const signals::Samples& samples;
@@ -39,7 +39,7 @@ TEST(PitchDetectorLags, AreSearchedUpwardsForTheFirstBelowTheThreshold) {
   };
   const signals::Samples period201 = signals::periodicNoise(201, 1024, 3);
   const signals::Samples slowSine = signals::sine(100.0, 48000.0, 2048);
-  // A second click makes lag 20 a dip, but every lag before it is exactly 1.
+  // A second click makes lag 20 a dip; every lag before it is exactly 1.
   signals::Samples clicks = click;
   clicks[20] = 1.0F;
   const Row rows[] = {
@@ -67,21 +67,21 @@ TEST(PitchDetectorLags, AreSearchedUpwardsForTheFirstBelowTheThreshold) {
   }
 }
 
-TEST(PitchDetectorLags, ABlockWithoutADipBelowTheThresholdHasNoPitch) {
+TEST(PitchDetectorLags, NoDipBelowTheThresholdGivesNothing) {
   const signals::Samples samples =
       signals::sum(signals::sine(440.0, 48000.0, 8192), signals::noise(8192, 6, 1.0));
   EXPECT_FALSE(detect(samples, 48000.0, 27.0, 4300.0, 0.15));
   EXPECT_TRUE(detect(samples, 48000.0, 27.0, 4300.0, 0.9));
 }
 
-TEST(PitchDetectorLags, ADipAtTheLongestLagIsNotRefined) {
-  // 48000 / 240 = 200 is the longest lag, and periodic noise is like nothing else before it.
+TEST(PitchDetectorLags, DipAtTheLongestLagIsNotRefined) {
+  // 48000 / 240 = 200 is the longest lag, and periodic noise has no dip before it.
   const auto reading = detect(signals::periodicNoise(200, 1024, 3), 48000.0, 240.0, 4300.0, 0.15);
   EXPECT_EQ(found(reading), 240.0);
   EXPECT_EQ(reading->confidence, 1.0);
 }
 
-TEST(PitchDetectorLags, ADipAtTheLastLagButOneIsRefined) {
+TEST(PitchDetectorLags, DipBeforeTheLongestLagIsRefined) {
   // The period of 199.7 samples lies nearest to lag 199 or 200; the longest lag is 201, then 200.
   const signals::Samples samples = signals::sine(48000.0 / 199.7, 48000.0, 2048);
   const double refined = found(detect(samples, 48000.0, 48000.0 / 201.0, 4300.0, 0.15));
@@ -90,7 +90,7 @@ TEST(PitchDetectorLags, ADipAtTheLastLagButOneIsRefined) {
 }
 
 TEST(PitchDetectorLags, ConfidenceIsNeverBelowZero) {
-  // A slow sine: the first lags differ by more and more, far above the average of those before.
+  // A slow sine: the difference grows with the lag, far above the average of the lags before.
   const auto reading =
       detect(signals::sine(200.0, 48000.0, 1024), 48000.0, 100.0, 48000.0, infinity);
   ASSERT_TRUE(reading);
@@ -121,7 +121,7 @@ TEST(PitchDetectorBand, ReachesUpToOneTwentiethAboveTheUpperBoundInclusive) {
 
 constexpr double brokenBounds[] = {0.0, -0.0, -27.0, nan, infinity, -infinity};
 
-TEST(PitchDetectorDeathTest, ABrokenBoundOrALagBeyondAnyIntegerStopsTheProgram) {
+TEST(PitchDetectorDeathTest, InvalidBoundOrLagStopsTheProgram) {
   for (const double bound : brokenBounds) {
     EXPECT_DEATH(detect(click, 48000.0, bound, 4800.0, 0.15), "broken invariant") << bound;
     EXPECT_DEATH(detect(click, 48000.0, 100.0, bound, 0.15), "broken invariant") << bound;
@@ -130,7 +130,7 @@ TEST(PitchDetectorDeathTest, ABrokenBoundOrALagBeyondAnyIntegerStopsTheProgram) 
   EXPECT_DEATH(detect(click, 48000.0, 1e-300, 4800.0, 0.15), "broken invariant");
 }
 
-TEST(PitchDetectorLags, ABlockRejectedBeforeMayHaveBrokenBounds) {
+TEST(PitchDetectorLags, InvalidBoundsOfARejectedBlockAreIgnored) {
   for (const double bound : brokenBounds) {
     EXPECT_FALSE(detect(signals::noise(1023, 8), 48000.0, bound, bound, 0.15)) << bound;
     EXPECT_FALSE(detect(signals::constant(0.0F, 1024), 48000.0, bound, bound, 0.15)) << bound;

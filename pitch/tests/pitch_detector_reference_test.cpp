@@ -23,7 +23,7 @@ signals::Samples with(float odd, signals::Samples samples) {
   return samples;
 }
 
-/// Sounds in which there is a pitch to be found, if the block is long enough for it.
+/// Sounds with a pitch, if the block is long enough for it.
 std::vector<Named> notes(double rate, std::size_t length) {
   using namespace signals;
   return {
@@ -46,7 +46,7 @@ std::vector<Named> notes(double rate, std::size_t length) {
   };
 }
 
-/// Sounds that hold no pitch, or none that all bounds agree on.
+/// Sounds without a pitch, or with one that depends on the bounds.
 std::vector<Named> others(double rate, std::size_t length) {
   using namespace signals;
   const float infinity = std::numeric_limits<float>::infinity();
@@ -74,8 +74,8 @@ struct Search {
 
 constexpr Search tuner = {27.0, 4300.0, 0.15};
 
-/// Whether the detector finds the same as the reference in each of the sounds, with new memory and
-/// on every path of this machine in memory that has held other blocks; counts the readings.
+/// Expects the reference's result for each sound, with new memory and, on every path of this
+/// machine, with memory used before. Returns the number of readings.
 int agreements(const std::vector<Named>& sounds, double rate, const Search& search = tuner) {
   const auto& [low, high, threshold] = search;
   std::vector<NormalisedDifference> memories;
@@ -100,7 +100,7 @@ TEST(DetectorAndReference, AgreeToTheBitAtEveryRateAndLength) {
   struct Block {
     double rate;
     std::size_t length;
-    int fewestReadings;  ///< so that not all agreement is about finding nothing
+    int fewestReadings;  ///< so that not every result is empty
   };
   for (const auto& [rate, length, fewestReadings] :
        {Block{8000.5, 1024, 8}, Block{11025.0, 1025, 8}, Block{16000.0, 1501, 8},
@@ -109,7 +109,7 @@ TEST(DetectorAndReference, AgreeToTheBitAtEveryRateAndLength) {
     EXPECT_GE(agreements(notes(rate, length), rate), fewestReadings);
     agreements(others(rate, length), rate);
   }
-  // The longest blocks cost the most: one sound each.
+  // The longest blocks are the slowest: one sound each.
   for (const auto& [rate, length, readings] : {Block{48000.0, 8192, 1}, Block{96000.0, 8191, 1}}) {
     EXPECT_EQ(agreements({notes(rate, length)[0]}, rate), readings);
   }

@@ -18,7 +18,7 @@ std::optional<Reading> detectAt(double sampleRate, const signals::Samples& sampl
   return detect(samples, sampleRate, 27.0, 4300.0, 0.15);
 }
 
-TEST(PitchDetector, FewerThan1024SamplesGiveNothingWhateverTheyHold) {
+TEST(PitchDetector, FewerThan1024SamplesGiveNothing) {
   for (const std::size_t length : {std::size_t{0}, std::size_t{1}, std::size_t{1023}}) {
     EXPECT_FALSE(detectAt(44100.0, signals::sine(440.0, 44100.0, length))) << length;
     EXPECT_FALSE(detectAt(44100.0, signals::noise(length, 1))) << length;
@@ -26,14 +26,14 @@ TEST(PitchDetector, FewerThan1024SamplesGiveNothingWhateverTheyHold) {
   }
 }
 
-TEST(PitchDetector, ABlockOf1024SamplesIsAnalysedUpToALagOf510) {
+TEST(PitchDetector, Analyses1024SamplesUpToLag510) {
   const auto longest = detectAt(44100.0, signals::periodicNoise(510, 1024, 2));
   ASSERT_TRUE(longest);
   EXPECT_EQ(longest->frequency, 44100.0 / 510.0);
   EXPECT_FALSE(detectAt(44100.0, signals::periodicNoise(511, 1024, 2)));
 }
 
-TEST(PitchDetector, ARateMustBeAbove8000) {
+TEST(PitchDetector, RateMustBeAbove8000) {
   const signals::Samples samples = signals::sine(440.0, 8000.0, 2048);
   const double nan = std::numeric_limits<double>::quiet_NaN();
   for (const double rate : {8000.0, 7999.0, 0.0, -48000.0, nan}) {
@@ -50,13 +50,13 @@ TEST(PitchDetector, SilenceAndPureDirectCurrentGiveNothing) {
   for (const float value : {0.0F, -0.0F, 0.5F, -1.0F}) {
     EXPECT_FALSE(detectAt(48000.0, signals::constant(value, 8192))) << value;
   }
-  // The mean of these is rounded. What is left is one constant value: nothing ever differs.
+  // The mean of these is rounded. The remainder is constant, so every difference is 0.
   for (const float value : {0.1F, 0.7F, -0.3F, 1e6F, 1e30F}) {
     EXPECT_FALSE(detectAt(48000.0, signals::constant(value, 8191))) << value;
   }
 }
 
-/// A sine whose level, computed in single precision, is `rms`: the quietest, by halving.
+/// The quietest sine whose level, computed in single precision, is `rms`, by bisection.
 signals::Samples sineOfLevel(float rms) {
   const auto samples = [](double amplitude) {
     return signals::sine(20.0 * 48000.0 / 2048.0, 48000.0, 2048, {.amplitude = amplitude});
@@ -71,7 +71,7 @@ signals::Samples sineOfLevel(float rms) {
   return samples(reached);
 }
 
-TEST(PitchDetector, ALevelMustBeAbove0003) {
+TEST(PitchDetector, LevelMustBeAbove0003) {
   EXPECT_FALSE(detectAt(48000.0, sineOfLevel(0.003F)));
   const float above = std::nextafter(0.003F, 1.0F);
   const auto reading = detectAt(48000.0, sineOfLevel(above));
@@ -79,8 +79,8 @@ TEST(PitchDetector, ALevelMustBeAbove0003) {
   EXPECT_EQ(reading->rms, above);
 }
 
-// The digits given are rounded: half a unit of the last one is the tolerance.
-TEST(PitchDetector, ASineOnDirectCurrentIsReadAsTheSineAlone) {
+// The expected digits are rounded: the tolerance is half a unit of the last one.
+TEST(PitchDetector, DirectCurrentDoesNotChangeASinesReading) {
   const auto onDirectCurrent = [](double frequency) {
     return detectAt(48000.0, signals::sum(signals::sine(frequency, 48000.0, 8192),
                                           signals::constant(0.2F, 8192)));
@@ -96,14 +96,14 @@ TEST(PitchDetector, ASineOnDirectCurrentIsReadAsTheSineAlone) {
   EXPECT_LT(std::abs(centsAbove(lowE->frequency, 82.41)), 0.001);
 }
 
-TEST(PitchDetector, ASineOf5000HzIsReadAnOctaveTooLow) {
-  // A period of 9.6 samples is shorter than the shortest lag, 11: the first dip is two periods.
+TEST(PitchDetector, Sine5000HzIsReadAnOctaveLow) {
+  // A period of 9.6 samples is shorter than the shortest lag, 11: the first dip is at two periods.
   const auto reading = detectAt(48000.0, signals::sine(5000.0, 48000.0, 8192));
   ASSERT_TRUE(reading);
   EXPECT_NEAR(reading->frequency, 2504.0, 0.5);
 }
 
-/// The portable path, telling how far it was made to go.
+/// The portable path, recording the longest lag computed.
 std::size_t longestLag = 0;
 DifferencePath recording() {
   DifferencePath path = differencePaths().back();
@@ -114,7 +114,7 @@ DifferencePath recording() {
   return path;
 }
 
-/// The longest lag computed for a block, which comes with the three before it.
+/// The longest lag computed for a block; the last group has four lags.
 std::size_t lagsComputed(const signals::Samples& samples) {
   longestLag = 0;
   NormalisedDifference memory(recording());
@@ -122,16 +122,16 @@ std::size_t lagsComputed(const signals::Samples& samples) {
   return longestLag;
 }
 
-TEST(PitchDetector, ComputesTheLagsOnlyUpToTheOneBehindTheDip) {
+TEST(PitchDetector, ComputesNoLagsFarBeyondTheDip) {
   ASSERT_EQ(recording().lags, 4U);
-  // The dip is at lag 48000 / f; the one behind it ends the descent and serves the refinement.
+  // The dip is at lag 48000 / f; the next lag ends the descent and is used by the refinement.
   EXPECT_EQ(lagsComputed(signals::sine(48000.0 / 103.0, 48000.0, 8192)), 104U);
   EXPECT_EQ(lagsComputed(signals::sine(48000.0 / 104.0, 48000.0, 8192)), 108U);
   EXPECT_EQ(lagsComputed(signals::constant(0.0F, 8192)), 0U);
   EXPECT_EQ(lagsComputed(signals::noise(8192, 3)), 1780U) << "1778 is the longest";
 }
 
-TEST(PitchDetector, AReadingIsEmptyUntilItIsFilled) {
+TEST(PitchDetector, DefaultReadingIsZero) {
   EXPECT_EQ(Reading(), (Reading{0.0, 0.0, 0.0F}));
 }
 

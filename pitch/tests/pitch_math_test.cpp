@@ -39,7 +39,7 @@ TEST(ConcertPitch, TitleIsTheNumberTwoSpacesAndTheNameIfAny) {
     EXPECT_EQ(pitch.title(), pitch.hertz == 432 ? "432" : number + "  " + std::string(pitch.name));
   }
   EXPECT_EQ((ConcertPitch{440, "Modern"}).title(), "440  Modern");
-  EXPECT_EQ((ConcertPitch{1234567, "Bats"}).title(), "1234567  Bats") << "without grouping";
+  EXPECT_EQ((ConcertPitch{1234567, "Bats"}).title(), "1234567  Bats") << "no digit grouping";
 }
 
 TEST(ConcertPitch, IsIdentifiedByItsFrequency) {
@@ -50,7 +50,7 @@ TEST(ConcertPitch, IsIdentifiedByItsFrequency) {
   }
 }
 
-TEST(ConcertPitch, EqualityAndHashTakeFrequencyAndName) {
+TEST(ConcertPitch, EqualityAndHashUseFrequencyAndName) {
   const std::hash<ConcertPitch> hash;
   const ConcertPitch modern{440, "Modern"};
   const ConcertPitch copy{440, std::string_view("Modern, really").substr(0, 6)};
@@ -67,7 +67,7 @@ TEST(PitchMath, DescribesWorkedValues) {
     double frequency;
     double a4;
     Note note;
-    double tolerance;  ///< half a unit of the last digit that the cents are written with
+    double tolerance;  ///< half a unit of the last digit of the expected cents
   };
   const Worked rows[] = {
       {440.0, 440.0, {"A", 4, 69, 0.0}, 0.0},
@@ -78,8 +78,9 @@ TEST(PitchMath, DescribesWorkedValues) {
       {445.0, 440.0, {"A", 4, 69, 19.56}, 0.005},
       {466.16, 440.0, {"A♯", 4, 70, -0.014}, 0.0005},
       {440.0, 415.0, {"A♯", 4, 70, 1.27}, 0.005},
-      // MIDI -1 to -11 share octave -1 with MIDI 0 to 11: it is truncated toward zero. Between 64
-      // and 128 numbers are 2^-46 apart, 1.4e-12 cents: the tolerance is some of these steps.
+      // MIDI -1 to -11 have octave -1 like MIDI 0 to 11: the division truncates toward zero.
+      // Between 64 and 128 doubles are 2^-46 apart, 1.4e-12 cents: the tolerance is some of these
+      // steps.
       {440.0 * std::exp2(-70.0 / 12.0), 440.0, {"B", -1, -1, 0.0}, 1e-11},
       {440.0 * std::exp2(-81.0 / 12.0), 440.0, {"C", -2, -12, 0.0}, 1e-11},
   };
@@ -102,7 +103,7 @@ TEST(PitchMath, ZeroOrLessIsNoNote) {
   }
 }
 
-TEST(PitchMath, ARatioThatOverflowsOrVanishesIsNoNote) {
+TEST(PitchMath, RatioThatOverflowsOrUnderflowsIsNoNote) {
   EXPECT_FALSE(describe(largest, 0.5));
   EXPECT_FALSE(describe(smallest, 4.0));
   // 2^1024 (less a rounding) and 2^-1074, in semitones from MIDI 69: 12 x 1024 + 69 and
@@ -114,7 +115,7 @@ TEST(PitchMath, ARatioThatOverflowsOrVanishesIsNoNote) {
   EXPECT_EQ(lowest->midi, -12819);
 }
 
-TEST(PitchMath, TheConcertPitchItselfIsA4WithNoDeviation) {
+TEST(PitchMath, ConcertPitchItselfIsA4At0Cents) {
   for (const double a4 : {smallest, 1.0, 377.0, 415.3, 440.0, 560.0, 1e9, largest}) {
     EXPECT_EQ(describe(a4, a4), (Note{"A", 4, 69, 0.0})) << a4;
   }
@@ -123,8 +124,8 @@ TEST(PitchMath, TheConcertPitchItselfIsA4WithNoDeviation) {
 TEST(PitchMath, HalfASemitoneAboveA4IsASharpFiftyCentsFlat) {
   const auto note = describe(440.0 * std::exp2(1.0 / 24.0), 440.0);
   ASSERT_TRUE(note);
-  // The fractional MIDI number lies near 69.5, where numbers are 2^-46 apart: one such step either
-  // way is 1.4e-12 cents, and decides which of the two notes it is.
+  // The fractional MIDI number is near 69.5, where doubles are 2^-46 apart: one step is 1.4e-12
+  // cents and decides between the two notes.
   EXPECT_NEAR(static_cast<double>(note->midi) * 100.0 + note->cents, 6950.0, 3e-12);
   EXPECT_NEAR(std::abs(note->cents), 50.0, 3e-12);
 }
@@ -140,7 +141,7 @@ double frequencyOfExactly(double midi) {
 }
 
 TEST(PitchMath, ExactlyHalfASemitoneIsRoundedAwayFromZero) {
-  // 69.5 and 70.5: rounding halves to even would put both at 70.
+  // 69.5 and 70.5: rounding half to even would give 70 for both.
   EXPECT_EQ(describe(frequencyOfExactly(69.5), 440.0), (Note{"A♯", 4, 70, -50.0}));
   EXPECT_EQ(describe(frequencyOfExactly(70.5), 440.0), (Note{"B", 4, 71, -50.0}));
   EXPECT_EQ(describe(frequencyOfExactly(-0.5), 440.0), (Note{"B", -1, -1, 50.0}));

@@ -14,13 +14,13 @@
 
 namespace corvane {
 
-/// The same bits, and a number.
+/// Same bits and not NaN.
 inline bool sameBits(double actual, double expected) {
   return std::bit_cast<std::uint64_t>(actual) == std::bit_cast<std::uint64_t>(expected) &&
          !std::isnan(actual);
 }
 
-/// Each value of the two the same to the last bit and none of them "not a number".
+/// All values have the same bits, and none is NaN.
 inline testing::AssertionResult sameBits(std::span<const double> actual,
                                          std::span<const double> expected) {
   if (actual.size() != expected.size()) return testing::AssertionFailure() << actual.size();
@@ -39,7 +39,7 @@ inline std::string written(const std::optional<PitchDetector::Reading>& reading)
   return text.str();
 }
 
-/// Every field the same to the last bit and none of them "not a number", or both absent.
+/// All fields have the same bits and none is NaN, or both readings are absent.
 inline testing::AssertionResult sameBits(const std::optional<PitchDetector::Reading>& actual,
                                          const std::optional<PitchDetector::Reading>& expected) {
   const bool equal = actual && expected ? sameBits(actual->frequency, expected->frequency) &&
@@ -51,7 +51,7 @@ inline testing::AssertionResult sameBits(const std::optional<PitchDetector::Read
   return testing::AssertionFailure() << written(actual) << ", not " << written(expected);
 }
 
-/// How far `actual` is above `expected`, both in Hz.
+/// The interval from `expected` to `actual`, both in Hz.
 inline double centsAbove(double actual, double expected) {
   return 1200.0 * std::log2(actual / expected);
 }

@@ -6,8 +6,8 @@
 
 #include "pitch/pitch_detector.h"
 
-/// The detector once more, written for nothing but to be obviously right: one plain loop a step,
-/// one array a quantity, nothing skipped, nothing shared with the real one but the record it fills.
+/// A second implementation of the detector, written to be obviously correct: one loop per step, one
+/// array per quantity, nothing skipped. Shares only the result type with the detector.
 namespace corvane::reference {
 
 struct Centred {
@@ -15,10 +15,10 @@ struct Centred {
   float rms;
 };
 
-/// The samples less their mean, and the level of what is left, all in single precision.
+/// The samples minus their mean, and the resulting level, in single precision.
 Centred centre(const std::vector<float>& samples);
 
-/// The cumulative mean normalised difference at the lags from 0 to tauMax, over half of x.
+/// The cumulative mean normalised difference at lags 0 to tauMax, over half of x.
 std::vector<double> normalisedDifference(const std::vector<float>& x, std::int64_t tauMax);
 
 /// As PitchDetector::detect; the bounds must be valid.

@@ -16,8 +16,8 @@ std::vector<int> firstIntegers(int count) {
   return integers;
 }
 
-TEST(SerialQueue, RunsOneJobAtATimeInTheOrderOfEachThread) {
-  int running = 0;  // written by jobs alone, without a lock
+TEST(SerialQueue, RunsOneJobAtATimeInSubmissionOrder) {
+  int running = 0;  // written only by jobs, without a lock
   int overlaps = 0;
   std::vector<int> order[3];
   {
@@ -39,7 +39,7 @@ TEST(SerialQueue, RunsOneJobAtATimeInTheOrderOfEachThread) {
   for (const auto& each : order) EXPECT_EQ(each, firstIntegers(300));
 }
 
-TEST(SerialQueue, RunsJobsOnOneThreadThatCarriesItsLabel) {
+TEST(SerialQueue, RunsJobsOnOneThreadNamedAfterItsLabel) {
   Inbox<std::thread::id> threads;
   Inbox<std::string> names;
   SerialQueue queue("a label of twenty-nine bytes.");
@@ -55,7 +55,7 @@ TEST(SerialQueue, RunsJobsOnOneThreadThatCarriesItsLabel) {
   EXPECT_EQ(names.all()[0], "a label of twen") << "the first 15 bytes";
 }
 
-TEST(SerialQueue, RunsJobsAsUrgentlyAsTheSystemAllows) {
+TEST(SerialQueue, RunsJobsAtTheHighestPermittedPriority) {
   const auto ofThisThread = [] { return getpriority(PRIO_PROCESS, 0); };
   int allowed = 0;
   std::thread([&] {
@@ -68,10 +68,10 @@ TEST(SerialQueue, RunsJobsAsUrgentlyAsTheSystemAllows) {
   queue.async([&] { priorities.push(ofThisThread()); });
   ASSERT_TRUE(priorities.waitFor(1));
   EXPECT_EQ(priorities.all()[0], allowed);
-  EXPECT_EQ(ofThisThread(), before) << "nobody else is concerned";
+  EXPECT_EQ(ofThisThread(), before) << "other threads keep theirs";
 }
 
-TEST(SerialQueue, SubmittingDoesNotWaitForTheJobThatRuns) {
+TEST(SerialQueue, SubmittingDoesNotWaitForARunningJob) {
   Door door;
   Inbox<int> ran;
   SerialQueue queue("busy");
@@ -86,9 +86,9 @@ TEST(SerialQueue, SubmittingDoesNotWaitForTheJobThatRuns) {
   EXPECT_THAT(ran.all(), testing::UnorderedElementsAre(0, 1, 2));
 }
 
-TEST(SerialQueue, RunsEverythingSubmittedBeforeItsDestruction) {
+TEST(SerialQueue, DestructorRunsAllSubmittedJobs) {
   for (int jobs = 0; jobs < 50; ++jobs) {
-    std::vector<int> ran;  // destruction ends the thread, so that no lock is needed after it
+    std::vector<int> ran;  // no lock needed: the destructor ends the thread
     {
       SerialQueue queue("ending");
       for (int i = 0; i < jobs; ++i) queue.async([&, i] { ran.push_back(i); });
@@ -111,7 +111,7 @@ TEST(SerialQueue, MayBeDestroyedByOneOfItsJobs) {
   submit.async([&] { ran.push(1); });
   submitted.open();
   ASSERT_TRUE(ran.waitFor(2));
-  EXPECT_EQ(ran.all(), firstIntegers(2)) << "that job goes on, and those behind it are run";
+  EXPECT_EQ(ran.all(), firstIntegers(2)) << "the job continues, and the remaining jobs run";
   EXPECT_TRUE(noThreadIsLeftNamed("destroyed"));
 }
 

@@ -11,8 +11,8 @@
 
 namespace corvane {
 
-/// Far longer than anything takes, even under a sanitizer on a busy machine: it only ends a test
-/// that would hang.
+/// Only ends a test that would hang: far longer than needed, even under a sanitizer on a busy
+/// machine.
 constexpr std::chrono::seconds deadline{60};
 
 /// Whether the condition comes true before the deadline.
@@ -26,18 +26,18 @@ bool eventually(Condition condition) {
   return true;
 }
 
-/// What other threads hand to the test.
+/// Values that other threads pass to the test.
 template <typename T>
 class Inbox {
  public:
   void push(T item) {
-    // Notified under the lock, so that the test cannot see the item and end while this still runs.
+    // Notify under the lock; otherwise the test could see the item and end while this still runs.
     const std::lock_guard held(lock);
     items.push_back(std::move(item));
     changed.notify_all();
   }
 
-  /// Whether a state in which `condition` holds of everything received is reached in time.
+  /// Whether `condition` holds for everything received before the deadline.
   template <typename Condition>
   bool waitUntil(Condition condition) {
     std::unique_lock held(lock);
@@ -59,12 +59,12 @@ class Inbox {
   std::vector<T> items;
 };
 
-/// A door that is shut until it is opened for good.
+/// A door that is closed until it is opened, and then stays open.
 class Door {
  public:
   void open() { opened.push(true); }
 
-  /// Whether it was open in time.
+  /// Whether it opened before the deadline.
   bool pass() { return opened.waitFor(1); }
 
  private:
@@ -82,7 +82,7 @@ inline std::string threadName() {
   return nameIn("/proc/thread-self");
 }
 
-/// Whether it comes true that no thread of this program has the name.
+/// Whether, before the deadline, no thread of this program has the name.
 inline bool noThreadIsLeftNamed(const std::string& name) {
   return eventually([&] {
     for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
