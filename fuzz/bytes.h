@@ -10,8 +10,8 @@
 
 namespace corvane::fuzz {
 
-/// Takes values from the front of what a fuzzer was given; zeros once that is used up. Read from
-/// the front, so that a change of one byte changes one decision, and seeds can be written down.
+/// Reads values from the front of a fuzzer's input; zeros after its end. One byte affects one
+/// choice, and seeds can be written by hand.
 class Bytes {
  public:
   Bytes(const std::uint8_t* data, std::size_t size) : left(data, size) {}
@@ -19,7 +19,7 @@ class Bytes {
   bool empty() const { return left.empty(); }
   std::span<const std::uint8_t> rest() const { return left; }
 
-  /// Any value of an integer or floating-point type, from its bytes as they lie in memory.
+  /// Any value of an integer or floating-point type, from its bytes in memory order.
   template <class Number>
   Number take() {
     std::array<std::uint8_t, sizeof(Number)> bytes{};
@@ -38,7 +38,7 @@ class Bytes {
     return count <= 256 ? take<std::uint8_t>() % count : take<std::uint16_t>() % count;
   }
 
-  /// One of the usual values, or any at all.
+  /// One of the usual values, or any value.
   double usualOrAny(std::span<const double> usual) {
     const std::size_t choice = below(usual.size() + 1);
     return choice < usual.size() ? usual[choice] : take<double>();

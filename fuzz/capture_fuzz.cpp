@@ -1,5 +1,5 @@
-// Any buffers, resets and detections in any order, one within the other: what comes out of the
-// capture pipeline is what a plain model of it says.
+// Buffers, resets and detections in any order, also nested: the capture pipeline behaves like a
+// simple model of it.
 
 #include <bit>
 #include <cmath>
@@ -17,7 +17,7 @@ namespace {
 constexpr double usualRates[] = {8000.0, 44100.0, 48000.0, 192000.0};
 constexpr float oddSamples[] = {0.0F, -0.0F, 1.0F, -1.0F, 3e38F, 1e-45F, INFINITY, NAN};
 
-/// Sound that never repeats, with a sample of any kind in it.
+/// Sound that never repeats, with one arbitrary sample.
 std::vector<float> sound(Bytes& input, std::size_t frames) {
   std::uint32_t state = input.take<std::uint16_t>();
   std::vector<float> samples(frames);
@@ -36,13 +36,13 @@ class Session {
   void run() {
     for (int steps = 0; steps < 48 && !input.empty(); ++steps) {
       step();
-      require(waiting->jobs.size() == (model.draining ? 1U : 0U), "one job, and only when needed");
+      require(waiting->jobs.size() == (model.draining ? 1U : 0U), "a job waits only if needed");
       require(analysed == reported, "every detection is reported once");
     }
   }
 
  private:
-  /// One action of the tap's thread, of the engine's, or of the detection queue.
+  /// One action of the tap thread, the engine or the detection queue.
   void step() {
     const std::size_t action = input.below(8);
     if (action < 5) return feed();
@@ -77,15 +77,15 @@ class Session {
     detecting = true;
     waiting->runOne();
     detecting = false;
-    require(!model.pending, "no block is left with nobody to take it");
+    require(!model.pending, "every block has a job");
     model.draining = false;
   }
 
   std::optional<PitchDetector::Reading> detected(std::span<const float> block, double rate) {
     require(model.pending.has_value(), "there is a block to analyse");
-    require(sameSound(model.pending->samples, block), "the newest block is analysed, whole");
+    require(sameSound(model.pending->samples, block), "the newest block is analysed");
     require(std::bit_cast<std::uint64_t>(model.pending->rate) == std::bit_cast<std::uint64_t>(rate),
-            "at the rate of its newest samples");
+            "the rate is that of the newest samples");
     model.pending.reset();
     ++analysed;
     if (input.flag() && !input.empty()) step();  // sound comes while a detection runs
@@ -96,7 +96,8 @@ class Session {
   void report(const std::optional<PitchDetector::Reading>& reading) {
     ++reported;
     require(reported == analysed, "a detection is reported before the next begins");
-    require(!reading || reading->frequency == static_cast<double>(analysed), "its own reading");
+    require(!reading || reading->frequency == static_cast<double>(analysed),
+            "the reading is that of its block");
   }
 
   Bytes input;

@@ -6,14 +6,14 @@
 
 namespace corvane::fuzz {
 
-/// The capture pipeline once more, as plainly as it can be written.
+/// A simple model of the capture pipeline.
 struct CaptureModel {
   struct Block {
     std::vector<float> samples;
     double rate;
   };
 
-  /// One vector a channel, all of the same length.
+  /// One vector per channel, all of the same length.
   void consume(const std::vector<std::vector<float>>& channels, double rate);
   void reset();
 
@@ -22,7 +22,7 @@ struct CaptureModel {
   bool draining = false;
 };
 
-/// Sample by sample the same bits, or both not a number: which of two a sum hands on is open.
+/// Same bits, or both NaN: which NaN a sum returns is unspecified.
 bool sameSound(std::span<const float> a, std::span<const float> b);
 
 }  // namespace corvane::fuzz

@@ -1,5 +1,5 @@
-// Any samples, rate, length, bounds and threshold: the detector finds what the plain reference
-// finds, to the last bit, on every path of this machine and in memory that has held another block.
+// Any samples, rate, length, bounds and threshold: the detector equals the reference to the bit, on
+// every path of this machine and with reused memory.
 
 #include <bit>
 #include <cmath>
@@ -33,8 +33,7 @@ struct Search {
         highest(input.usualOrAny(usualHighest)),
         threshold(input.usualOrAny(usualThresholds)) {}
 
-  /// The detector stops the program on bounds that make no sense, and on lags that no integer
-  /// holds.
+  /// The detector stops the program on invalid bounds and on lags beyond 64 bits.
   bool isAllowed() const {
     const bool bounded =
         lowest > 0.0 && std::isfinite(lowest) && highest > 0.0 && std::isfinite(highest);
@@ -43,8 +42,7 @@ struct Search {
   }
 };
 
-/// Steps of a curve, at any scale, or floats of any bits, over and over: a few bytes make a whole
-/// block with a period.
+/// Scaled bytes or floats of any bits, repeated: a few bytes make a whole periodic block.
 std::vector<float> samples(Bytes& input) {
   const std::size_t length = input.below(8300);
   const bool anyBits = input.flag();
@@ -74,9 +72,9 @@ bool same(const std::optional<PitchDetector::Reading>& a,
 void checkReading(const std::optional<PitchDetector::Reading>& reading, const Search& search) {
   if (!reading) return;
   require(reading->frequency >= search.lowest * 0.9 && reading->frequency <= search.highest * 1.05,
-          "a frequency lies in the band");
-  require(reading->confidence >= 0.0 && reading->confidence <= 1.0, "a confidence is 0 to 1");
-  require(reading->rms > 0.003F, "a reading is above the level gate");
+          "the frequency is in the band");
+  require(reading->confidence >= 0.0 && reading->confidence <= 1.0, "the confidence is 0 to 1");
+  require(reading->rms > 0.003F, "the level is above the gate");
 }
 
 void compare(const std::vector<float>& block, const Search& search) {
@@ -89,7 +87,7 @@ void compare(const std::vector<float>& block, const Search& search) {
     const std::vector<float> before(block.rbegin(), block.rbegin() + block.size() / 2);
     PitchDetector::detect(before, rate, lowest, highest, threshold, memory);
     require(same(PitchDetector::detect(block, rate, lowest, highest, threshold, memory), expected),
-            "the detector agrees with the reference to the last bit");
+            "the detector equals the reference to the bit");
   }
 }
 

@@ -1,12 +1,12 @@
-// Anything that users, players and audio servers do, in any order: the engine keeps its promises
-// after every step.
+// Actions of users, players and audio servers in any order: every invariant of the engine holds
+// after each step.
 
 #include "fuzz/engine_session.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace corvane::fuzz;
   EngineSession session(Bytes(data, size));
-  // As many as make a session; what one accumulates is looked at after each.
+  // The length of a session. Every step checks the accumulated state.
   for (int steps = 0; steps < 400 && !session.isOver(); ++steps) session.step();
   return 0;
 }

@@ -1,4 +1,4 @@
-// What the audio server, the player and time do.
+// Actions of the audio server, the player and time.
 
 #include <chrono>
 

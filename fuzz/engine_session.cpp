@@ -75,7 +75,7 @@ void EngineSession::launch() {
   sink = std::make_unique<ApplySink>(engine, world.mainQueue);
   raw.clear();
   quietUntil = Clock::Time::min();
-  // As the window does: an answer that comes when it has gone must not leave us listening.
+  // As the window does: a permission granted while hidden must not leave the tuner listening.
   hiding = engine->observe([this](const DisplayState&, const DisplayState&) {
     if (engine->state().listening && !onScreen) engine->stop();
   });
@@ -86,7 +86,7 @@ float EngineSession::moment() const {
   return static_cast<float>(resets + gaps);
 }
 
-/// What a detector may report: any frequency and confidence, and a level above its gate.
+/// Any frequency and confidence, and a level above the detector's gate.
 EngineSession::Reading EngineSession::anyReading() {
   if (input.below(4) == 0) return std::nullopt;
   return PitchDetector::Reading{input.usualOrAny(usualFrequencies),
@@ -97,12 +97,12 @@ EngineSession::Reading EngineSession::anyReading() {
 EngineSession::Reading EngineSession::detected(std::span<const float> block) {
   const float now = moment();
   require(std::ranges::all_of(block, [&](float sample) { return sample == now; }),
-          "a block joins no two moments");
+          "a block is from one moment");
   inFlight.push_back(anyReading());
   return inFlight.back();
 }
 
-/// Once more, as plainly as it can be written: the median of the last five since the last jump.
+/// A simple model: the median of the last five since the last jump.
 double EngineSession::smoothed(double heard) {
   const bool jumped = !raw.empty() && raw.back() > 0.0 && heard > 0.0 &&
                       std::abs(1200.0 * std::log2(heard / raw.back())) > 80.0;
@@ -119,8 +119,7 @@ void EngineSession::checkApplied(const std::vector<Reading>& applied, double exp
     if (world.clock->time < quietUntil) continue;
     if (reading && reading->confidence >= 0.82) expected = smoothed(reading->frequency);
   }
-  require(sameBits(engine->state().frequency, expected),
-          "the frequency is the smoothed one, or held");
+  require(sameBits(engine->state().frequency, expected), "the frequency is smoothed or held");
 }
 
 void EngineSession::checkPositions() const {
@@ -128,11 +127,11 @@ void EngineSession::checkPositions() const {
   const auto isPosition = [&](const std::optional<std::int64_t>& position) {
     return !position || (*position >= 0 && *position < count);
   };
-  require(isPosition(engine->state().lockedStringIndex),
-          "the locked string is one of the tuning's");
-  require(isPosition(engine->state().highlightedString), "so is the highlighted one");
+  require(isPosition(engine->state().lockedStringIndex), "the locked string is valid");
+  require(isPosition(engine->state().highlightedString), "the highlighted string is valid");
   for (std::int64_t i = 0; i < count; ++i) {
-    require(engine->tuning().strings[static_cast<std::size_t>(i)].index == i, "index is position");
+    require(engine->tuning().strings[static_cast<std::size_t>(i)].index == i,
+            "the index is the position");
   }
 }
 
@@ -140,13 +139,13 @@ void EngineSession::checkDisplay() const {
   require(engine->state().a4 >= 377.0 && engine->state().a4 <= 560.0,
           "the concert pitch is in range");
   require(engine->state().signal >= 0.0 && engine->state().signal <= 1.0, "the level is 0 to 1");
-  require(std::isfinite(engine->state().cents), "the deviation is a number");
-  require(engine->state().heard || !engine->state().inTune, "nothing is in tune that is not heard");
+  require(std::isfinite(engine->state().cents), "the deviation is finite");
+  require(engine->state().heard || !engine->state().inTune, "only a heard note is in tune");
   require(!engine->state().inTune || std::abs(engine->state().cents) <= 5.0,
           "in tune is within 5 cents");
   require(!engine->state().listening || world.input->running,
-          "listening means that sound is expected");
-  require(onScreen || !engine->state().listening, "nobody listens behind the user's back");
+          "listening means that the input runs");
+  require(onScreen || !engine->state().listening, "a hidden window does not listen");
 }
 
 void EngineSession::checkTexts() const {
@@ -163,7 +162,7 @@ void EngineSession::checkSaved() const {
           "the instrument is saved");
   require(saved.at("tuner.tuning") == Value(engine->state().tuningID), "the tuning is saved");
   require(saved.at("tuner.a4") == Value(engine->state().a4), "the concert pitch is saved");
-  require(saved.at("tuner.left") == Value(engine->state().leftHanded), "the hand is saved");
+  require(saved.at("tuner.left") == Value(engine->state().leftHanded), "the string order is saved");
 }
 
 }  // namespace corvane::fuzz

@@ -13,13 +13,13 @@
 
 namespace corvane::fuzz {
 
-/// A user, a player and an audio server who do anything at any time to one engine, as the input
-/// says. Stops the program when the engine breaks a rule.
+/// A user, a player and an audio server acting on one engine as the input says. Stops the program
+/// when an invariant fails.
 class EngineSession {
  public:
   explicit EngineSession(Bytes input);
 
-  /// One action, after which every invariant is looked at.
+  /// One action, then a check of every invariant.
   void step();
   bool isOver() const { return input.empty(); }
 
@@ -64,7 +64,7 @@ class EngineSession {
   void checkTexts() const;
   void checkSaved() const;
 
-  /// Which stretch of unbroken sound the tap is in: what lies in different ones is never joined.
+  /// Identifies the stretch of uninterrupted sound; blocks never join two of them.
   float moment() const;
 
   static const Action actions[22];
@@ -77,9 +77,9 @@ class EngineSession {
   bool onScreen = true;
   int gaps = 0;
   int presses = 0;
-  std::vector<Reading> inFlight;  ///< on their way to the main thread
-  std::deque<double> raw;         ///< Hz, of the last accepted readings that smoothing may know
-  Clock::Time quietUntil = Clock::Time::min();  ///< no reading counts before
+  std::vector<Reading> inFlight;                ///< posted to the main thread
+  std::deque<double> raw;                       ///< Hz, the smoothing history of the model
+  Clock::Time quietUntil = Clock::Time::min();  ///< readings before are ignored
 };
 
 }  // namespace corvane::fuzz

@@ -1,4 +1,4 @@
-// What the user does.
+// Actions of the user.
 
 #include <algorithm>
 #include <array>
@@ -35,7 +35,7 @@ void EngineSession::chooseInstrument() {
   raw.clear();
 }
 
-/// Mostly one of the instrument's own, as the menu offers them.
+/// Mostly a tuning of the instrument, as in the menu.
 void EngineSession::chooseTuning() {
   const std::size_t which = input.below(8);
   if (which == 0) return engine->setTuningID(input.text(16));
@@ -64,7 +64,8 @@ void EngineSession::start() {
 
 void EngineSession::stop() {
   engine->stop();
-  require(!engine->state().listening && !engine->state().playingReference, "stopped is stopped");
+  require(!engine->state().listening && !engine->state().playingReference,
+          "nothing runs after a stop");
 }
 
 void EngineSession::hideOrShow() {
@@ -77,39 +78,39 @@ void EngineSession::openMicSettings() {
   world.urlOpener->opened.clear();
   engine->openMicSettings();
   require(world.urlOpener->opened.size() == std::min<std::size_t>(world.urlOpener->failures + 1, 2),
-          "the second address is for when the first does not open");
+          "the second address is tried only if the first fails");
 }
 
 void EngineSession::abandonRequest() {
   engine->abandonMicRequest();
 }
 
-/// A few times: a second of sine takes longer than a hundred other actions.
+/// Limited: a second of sine takes longer than a hundred other actions.
 void EngineSession::pressReference() {
   if (++presses > 4) return;
   const std::size_t before = world.output->played.size();
   engine->playReference();
   if (world.output->played.size() == before) return;
-  require(engine->state().playingReference, "a tone that was handed on is playing");
-  // On the piano a tone is as high as what was heard, and a float holds no phase of it where that
-  // is far beyond what any detector reports.
+  require(engine->state().playingReference, "an accepted tone is playing");
+  // On the piano the tone follows the heard frequency, and far above any detector's range a double
+  // has no precision left for the phase.
   const bool bounded = engine->state().frequency < 1e9;
   require(!bounded || std::ranges::all_of(world.output->played.back().samples, isWithinPeak),
-          "a tone is a tone");
+          "the samples are within the peak");
   quietUntil = world.clock->time + std::chrono::milliseconds(1350);
 }
 
-/// The program ends and begins again, perhaps with other preferences than it saved.
+/// Restarts the program, perhaps with other preferences than it saved.
 void EngineSession::restart() {
   hiding.reset();
   sink.reset();
   std::weak_ptr<TunerEngine> gone = engine;
   engine.reset();
-  require(gone.expired(), "nothing keeps an engine alive");
+  require(gone.expired(), "nothing keeps the engine alive");
   inFlight.clear();
   if (input.flag()) world.preferences->values[keys[input.below(keys.size())]] = anyValue(input);
   launch();
-  require(engine->state().tuningID == engine->tuning().id, "a tuner starts with a valid tuning");
+  require(engine->state().tuningID == engine->tuning().id, "the tuning is valid at the start");
   if (onScreen && input.flag()) engine->start();
 }
 

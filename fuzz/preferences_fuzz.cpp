@@ -1,5 +1,5 @@
-// Any bytes where the preferences should be: the tuner starts with a valid selection, saves it, and
-// finds it again when it starts the next time.
+// Any bytes in the preferences file: the tuner starts with a valid selection, saves it, and
+// restores it at the next start.
 
 #include <QCoreApplication>
 #include <QDir>
@@ -17,21 +17,22 @@
 namespace corvane::fuzz {
 namespace {
 
-/// In memory where the system offers that: each save waits for the disk otherwise.
+/// In memory if the system has a memory file system: otherwise each save waits for the disk.
 QString someFolder() {
   const QString memory = QStringLiteral("/dev/shm");
   return (QDir(memory).exists() ? memory : QDir::tempPath()) + QStringLiteral("/corvane-fuzz");
 }
 
-/// A file of its own for each input.
+/// A separate file for each input.
 class SettingsFile {
  public:
   SettingsFile(const std::uint8_t* data, std::size_t size) {
     static int count = 0;
     file.setFileName(folder().filePath(QString::number(++count) + QStringLiteral(".conf")));
-    require(file.open(QIODevice::WriteOnly), "a file can be made");
+    require(file.open(QIODevice::WriteOnly), "the file can be created");
     const auto length = static_cast<qint64>(size);
-    require(file.write(reinterpret_cast<const char*>(data), length) == length, "and filled");
+    require(file.write(reinterpret_cast<const char*>(data), length) == length,
+            "the file can be written");
     file.close();
   }
   ~SettingsFile() { file.remove(); }
@@ -58,7 +59,7 @@ struct Selection {
   bool operator==(const Selection&) const = default;
 };
 
-/// What the tuner starts with; all is saved when it has gone.
+/// The selection after a start. Everything is saved on return.
 Selection start(const QString& path) {
   const fakes::World world;
   Platform platform = world.platform();
@@ -66,7 +67,7 @@ Selection start(const QString& path) {
   const auto engine = TunerEngine::create(std::move(platform),
                                           PitchCapture::create(std::make_unique<InlineQueue>()));
   require(TuningLibrary::find(engine->state().instrument, engine->state().tuningID) != nullptr,
-          "the tuning is one of the instrument's");
+          "the tuning belongs to the instrument");
   require(engine->state().a4 >= 377.0 && engine->state().a4 <= 560.0,
           "the concert pitch is in range");
   return {engine->state().instrument, engine->state().tuningID,
@@ -75,10 +76,12 @@ Selection start(const QString& path) {
 
 void checkSaved(const QString& path, const Selection& selection) {
   const QtPreferences saved(path);
-  require(saved.string("tuner.instrument") == rawValue(selection.instrument), "kept: instrument");
-  require(saved.string("tuner.tuning") == selection.tuning, "kept: tuning");
-  require(saved.number("tuner.a4") == std::bit_cast<double>(selection.a4), "kept: concert pitch");
-  require(saved.boolean("tuner.left") == selection.leftHanded, "kept: hand");
+  require(saved.string("tuner.instrument") == rawValue(selection.instrument),
+          "the instrument is saved");
+  require(saved.string("tuner.tuning") == selection.tuning, "the tuning is saved");
+  require(saved.number("tuner.a4") == std::bit_cast<double>(selection.a4),
+          "the concert pitch is saved");
+  require(saved.boolean("tuner.left") == selection.leftHanded, "the string order is saved");
 }
 
 }  // namespace
@@ -86,7 +89,7 @@ void checkSaved(const QString& path, const Selection& selection) {
 
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
   static QCoreApplication application(*argc, *argv);
-  // The toolkit tells of what it cannot read, a thousand times a second.
+  // Qt warns about unreadable values a thousand times a second.
   qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
   return 0;
 }
@@ -96,6 +99,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const SettingsFile file(data, size);
   const Selection first = start(file.path());
   checkSaved(file.path(), first);
-  corvane::require(start(file.path()) == first, "the next start finds what was saved");
+  corvane::require(start(file.path()) == first, "the next start restores the selection");
   return 0;
 }

@@ -1,4 +1,4 @@
-// Any file: the replay tool prints its lines, each whole, or says in one line why it cannot.
+// Any file: the replay tool prints complete lines, or one line with the reason.
 
 #include <sys/mman.h>
 #include <unistd.h>
@@ -16,17 +16,17 @@
 namespace corvane::fuzz {
 namespace {
 
-/// A few bytes of a packed format can stand for hours of sound; this much is looked at.
+/// A few bytes of a compressed format can expand to hours of sound; check this much.
 constexpr int mostLines = 24;
 constexpr auto columns = 10;
 
-/// A file that lies in memory alone.
+/// A file in memory.
 class MemoryFile {
  public:
   MemoryFile(const std::uint8_t* data, std::size_t size)
       : descriptor(memfd_create("recording", 0)) {
-    require(descriptor >= 0, "there is memory for a file");
-    require(write(descriptor, data, size) == static_cast<ssize_t>(size), "a file takes its bytes");
+    require(descriptor >= 0, "the file can be created");
+    require(write(descriptor, data, size) == static_cast<ssize_t>(size), "the file can be written");
   }
   ~MemoryFile() { close(descriptor); }
   MemoryFile(const MemoryFile&) = delete;
@@ -40,7 +40,7 @@ class MemoryFile {
 
 struct Enough {};
 
-/// Looks at each line that is printed.
+/// Checks each printed line.
 class Lines final : public std::streambuf {
  public:
   bool isBetweenLines() const { return line.empty(); }
@@ -51,7 +51,7 @@ class Lines final : public std::streambuf {
       line += static_cast<char>(character);
       return character;
     }
-    require(std::ranges::count(line, '\t') == columns - 1, "a line has all columns");
+    require(std::ranges::count(line, '\t') == columns - 1, "the line has all columns");
     line.clear();
     if (++count == mostLines) throw Enough();
     return character;
@@ -65,7 +65,7 @@ class Lines final : public std::streambuf {
 void replayFile(const std::string& path) {
   Lines lines;
   std::ostream out(&lines);
-  out.exceptions(std::ios::badbit);  // what the lines throw passes through
+  out.exceptions(std::ios::badbit);  // rethrow exceptions of Lines
   try {
     replay::Options options;
     options.file = path;
@@ -73,16 +73,15 @@ void replayFile(const std::string& path) {
   } catch (const Enough&) {
   } catch (const replay::Failure& failure) {
     const std::string reason = failure.what();
-    require(!reason.empty() && reason.find('\n') == std::string::npos, "a reason is one line");
+    require(!reason.empty() && reason.find('\n') == std::string::npos, "the reason is one line");
   }
-  require(lines.isBetweenLines(), "no line is left unfinished");
+  require(lines.isBetweenLines(), "the last line is complete");
 }
 
 }  // namespace
 }  // namespace corvane::fuzz
 
-/// The libraries that read the packed formats leak where such a file is broken, once in the life of
-/// the tool, which reads one file.
+/// Decoders of compressed formats leak on broken files, once per run of the tool.
 extern "C" const char* __lsan_default_suppressions() {
   return "leak:libsndfile\nleak:libvorbis\nleak:libogg\nleak:libopus\nleak:libFLAC\nleak:"
          "libmpg123\n";

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes the seeds that the fuzzers begin with: fuzz/seeds.py, from the top of the tree.
+"""Writes the seeds of the fuzzers: fuzz/seeds.py, from the top of the tree.
 
 The order of the bytes is the order in which each fuzzer takes them. What a seed is for is its name.
 The packed recordings (FLAC, Ogg, MP3, W64) were written by libsndfile and are not made here; nor
@@ -21,7 +21,7 @@ def write(fuzzer: str, name: str, content: bytes) -> None:
 
 
 def period(samples: int, partials: int = 3) -> bytes:
-    """One period of a sound with some overtones, as signed bytes."""
+    """One period with some overtones, as signed bytes."""
     wave = [sum(math.sin(2 * math.pi * n * i / samples) / n for n in range(1, partials + 1))
             for i in range(samples)]
     return b"".join(struct.pack("b", round(60 * value)) for value in wave)
@@ -33,7 +33,7 @@ RATES = [8000.0, 8000.5, 11025.0, 16000.0, 22050.0, 44100.0, 48000.0, 96000.0, 1
 
 def block(rate: float, length: int, samples: bytes, scale: float | None = 0.004,
           search: bytes = b"\0\0\0") -> bytes:
-    """`scale` is of signed bytes; None says that the samples are floats."""
+    """`scale`: of signed bytes; None if the samples are floats."""
     sound = b"\1" + samples if scale is None else b"\0" + struct.pack("<f", scale) + samples
     return bytes([RATES.index(rate)]) + search + struct.pack("<H", length) + sound
 
@@ -73,7 +73,7 @@ def detector_seeds() -> None:
         write("detector", name, content)
 
 
-# The capture: actions, each with what it takes.
+# The capture: actions with their arguments.
 def feed(channels: int = 1, frames: int | None = None, rate: int = 2, odd: int = 0,
          present: bool = True) -> bytes:
     length = b"\1" if frames is None else b"\0" + struct.pack("<H", frames)
@@ -111,7 +111,7 @@ def capture_seeds() -> None:
         write("capture", name, content)
 
 
-# The engine: the number of an action, as in EngineSession::actions, with what it takes.
+# The engine: an action's number, as in EngineSession::actions, with its arguments.
 (INSTRUMENT, TUNING, LOCK, PITCH, HAND, START, STOP, HIDE, MIC_SETTINGS, ABANDON, REFERENCE, RESTART,
  PERMISSION, ANSWER, DEVICE, ANSWER_START, SOUND, OUTPUT, END_TONES, READING, RUN, TIME) = range(22)
 
@@ -125,7 +125,7 @@ def hear(string: int, confidence: int = 0, level: int = 1) -> bytes:
 
 
 def sound(string: int) -> bytes:
-    """Two buffers, the first after a gap, so that the second makes a block and a reading."""
+    """Two buffers, the first after a gap: the second completes a block and gives a reading."""
     return act(SOUND, 0, 1) + act(SOUND, 1, 1, 1, string, 0, 1)
 
 
@@ -196,7 +196,7 @@ def preferences_seeds() -> None:
         write("preferences", name, content)
 
 
-# The replay tool: recordings as they are.
+# The replay tool: recordings.
 def chunk(name: bytes, body: bytes, length: int | None = None) -> bytes:
     stated = len(body) if length is None else length
     return name + struct.pack("<I", stated) + body + b"\0" * (len(body) % 2)

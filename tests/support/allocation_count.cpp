@@ -1,5 +1,5 @@
-// Replaces the global operators of the whole program, each form of them: those of the standard
-// library come down to a few, but those of a sanitizer do not.
+// Replaces every form of the global operators: the standard library forwards to a few of them, but
+// sanitizers do not.
 
 #include "tests/support/allocation_count.h"
 
@@ -13,7 +13,7 @@ constinit thread_local std::size_t count = 0;
 
 constexpr std::align_val_t usual{__STDCPP_DEFAULT_NEW_ALIGNMENT__};
 
-/// Exactly as large as asked, so that AddressSanitizer sees where it ends.
+/// Exactly the requested size, so that AddressSanitizer detects overruns.
 void* allocateOrNull(std::size_t size, std::align_val_t align = usual) noexcept {
   ++count;
   const std::size_t atLeastOne = std::max<std::size_t>(size, 1);

@@ -4,8 +4,8 @@
 
 namespace corvane {
 
-/// How often the calling thread has allocated memory with `new`, or given some back with `delete`,
-/// since it began. Only in a program that is built with allocation_count.cpp.
+/// The calling thread's calls of `new` and `delete` since its start. Requires allocation_count.cpp
+/// in the program.
 std::size_t allocationsOfThisThread();
 
 }  // namespace corvane

@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Both sides must agree on where each channel belongs, or the server mixes them.
+/// Both sides must use the same channel order; otherwise the server mixes.
 std::string channelOrder(std::uint32_t channels) {
   if (channels == 1) return "mono";
   if (channels == 2) return "front-left,front-right";
@@ -33,8 +33,7 @@ std::vector<std::string> linesWith(const std::string& prefix, const std::string&
   return lines;
 }
 
-/// A socket exists for a moment before anybody listens on it, and WirePlumber ends when it is
-/// refused.
+/// A socket exists for a moment before the server listens, and WirePlumber exits when refused.
 bool isListenedTo(const fs::path& socketFile) {
   sockaddr_un address{};
   address.sun_family = AF_UNIX;
@@ -55,7 +54,7 @@ AudioServer::AudioServer(Kind which) : kind(which) {
   for (const char* const program : {"pipewire", "pipewire-pulse"}) {
     const fs::path folder = home() / ".config/pipewire" / (std::string(program) + ".conf.d");
     fs::create_directories(folder);
-    // Reports of losses are of this level.
+    // PipeWire reports losses at this level.
     std::ofstream(folder / "log.conf") << "context.properties = { log.level = 3 }\n";
   }
   start();
@@ -82,7 +81,7 @@ void AudioServer::startPipeWire() {
   run({"pipewire"});
   appears("pipewire-0");
   run({"wireplumber"});
-  // It ends when a client that already looks for it makes this folder at the same moment.
+  // PipeWire exits if a searching client creates this directory at the same moment.
   fs::create_directory(home() / "pulse");
   fs::permissions(home() / "pulse", fs::perms::owner_all);
   run({"pipewire-pulse"});
@@ -122,7 +121,7 @@ void AudioServer::addMicrophone(const std::string& name, std::uint32_t rate, std
     load(name,
          {"module-remap-source", "master=" + room + ".monitor", "source_name=" + name, "remix=no"});
   } else {
-    // The graph runs at one rate; at another than the microphone's it would resample by itself.
+    // The graph has one rate; with another than the microphone's it would resample.
     outputOf({"pw-metadata", "-n", "settings", "0", "clock.force-rate", std::to_string(rate)});
     addSink(name, rate, channels, pace, "Audio/Source/Virtual");
     linkChannels(room, name, channels);
@@ -137,7 +136,7 @@ void AudioServer::addSink(const std::string& name, std::uint32_t rate, std::uint
       "channels=" + std::to_string(channels), "channel_map=" + channelOrder(channels)};
   if (kind == Kind::pulseAudio) {
     module.push_back("format=float32le");
-    // It looks ahead only as long as it may take back what it has seen.
+    // The sink renders ahead only if it may rewind.
     if (pace == Pace::eager) module.push_back("norewinds=yes");
   } else {
     module.push_back("media.class=" + mediaClass);
@@ -167,7 +166,7 @@ bool AudioServer::obeys(const std::vector<std::string>& arguments) const {
 }
 
 void AudioServer::setDefaultSource(const std::string& name) {
-  // PipeWire knows no default until its session manager has taken up its work.
+  // PipeWire has no default until its session manager runs.
   waitFor("defaults to be known", [&] { return obeys({"set-default-source", name}); });
   waitFor(name + " to be the default source", [this, name] {
     return linesWith("Default Source: " + name, pactl({"info"})).size() == 1;
@@ -186,7 +185,7 @@ std::unique_ptr<ChildProcess> AudioServer::play(const std::string& microphone,
 }
 
 bool AudioServer::mayHaveLostSound() {
-  // Of the losses within this time PipeWire reports one.
+  // PipeWire reports one loss within this time.
   constexpr std::chrono::seconds oneReport{2};
   const auto begun = std::exchange(lastLook, std::chrono::steady_clock::now());
   const std::string reports = newReportsOfLosses();

@@ -13,58 +13,56 @@
 
 namespace corvane::support {
 
-/// A real audio server of the test's own, without any hardware. While it exists, this process and
-/// the programs that it starts find no other. Whatever fails throws, with the reason.
+/// A private audio server without hardware. While it exists, this process and its children find no
+/// other server. Failures throw with the reason.
 class AudioServer {
  public:
   enum class Kind { pulseAudio, pipeWire };
 
-  /// Unless a recording asks for less, PulseAudio lets a sound card collect two seconds before it
-  /// looks, and so does a lazy microphone. An eager one is heard at once. PipeWire knows only
-  /// these.
+  /// Unless a recording requests less, PulseAudio reads a sound card every two seconds, and so does
+  /// a lazy microphone. An eager one is read at once. PipeWire has only eager ones.
   enum class Pace { eager, lazy };
 
   explicit AudioServer(Kind kind);
 
-  /// Adds a microphone that hears what is played in the room "<name>-room", and makes it the
+  /// Adds a microphone that records what is played to the sink "<name>-room", and makes it the
   /// default source. 1, 2 or 8 channels.
   void addMicrophone(const std::string& name, std::uint32_t rate, std::uint32_t channels,
                      Pace pace = Pace::eager);
 
-  /// Adds loudspeakers, whose monitor is a source but no microphone.
+  /// Adds a sink, whose monitor is a source but no microphone.
   void addSpeakers(const std::string& name, std::uint32_t rate, std::uint32_t channels);
 
-  /// Takes a microphone or loudspeakers away again.
+  /// Removes a microphone or sink.
   void unplug(const std::string& name);
 
   void setDefaultSource(const std::string& name);
 
-  /// Plays a file of interleaved float samples in the room of a microphone, which must be of this
-  /// format, until the process that it returns is destroyed.
+  /// Plays interleaved float samples to a microphone of the same format until the returned process
+  /// is destroyed.
   std::unique_ptr<ChildProcess> play(const std::string& microphone,
                                      const std::filesystem::path& samples, std::uint32_t rate,
                                      std::uint32_t channels);
 
-  /// What the server's own command prints.
+  /// The output of pactl.
   std::string pactl(std::vector<std::string> arguments) const;
 
   /// True if the server may have lost sound since the last call, and prints its reports.
   ///
-  /// PipeWire does not wait for a client, or itself, to finish a cycle: when the next one begins,
-  /// the sound of that cycle is lost, and the server logs it. PulseAudio never loses sound: its
-  /// devices here have no clock to keep up with and render all the time that has passed, however
-  /// late they run.
+  /// PipeWire does not wait for an unfinished cycle: when the next one begins, that cycle's sound
+  /// is lost, and the server logs it. PulseAudio loses none: its virtual devices render all elapsed
+  /// time, however late they run.
   bool mayHaveLostSound();
 
-  /// Has PipeWire work in cycles of 93 ms at 44100 Hz instead of down to 6 ms, so that losses are
-  /// rare where latency does not matter.
+  /// Sets PipeWire's cycles to 93 ms at 44100 Hz instead of down to 6 ms: losses are rare, for
+  /// tests in which latency does not matter.
   void useLongCycles();
 
-  /// The server answers nothing until it is resumed.
+  /// Stops the server's process until it is resumed.
   void suspend();
   void resume();
 
-  /// Ends the server without a goodbye to its clients; `start` has a new, empty one.
+  /// Kills the server; `start` starts a new, empty one.
   void kill();
   void start();
 
@@ -75,7 +73,7 @@ class AudioServer {
   void startPipeWire();
   void run(std::vector<std::string> command);
   std::string newReportsOfLosses();
-  /// Whether the server does what its own command asks for.
+  /// Whether pactl succeeds.
   bool obeys(const std::vector<std::string>& arguments) const;
   void load(const std::string& device, std::vector<std::string> module);
   void addSink(const std::string& name, std::uint32_t rate, std::uint32_t channels, Pace pace,
@@ -86,13 +84,13 @@ class AudioServer {
   PrivateHome privateHome;
   Kind kind;
   std::vector<std::unique_ptr<ChildProcess>> processes;
-  std::map<std::string, std::string> modules;  ///< by the name of the device that each made
+  std::map<std::string, std::string> modules;  ///< by the name of their device
   std::map<std::string, std::size_t> read;     ///< bytes of each log
   std::chrono::steady_clock::time_point lastLook;
   std::chrono::steady_clock::time_point lastReport = std::chrono::steady_clock::time_point::min();
 };
 
-/// "pulseaudio" or "pipewire", for the names of tests.
+/// "pulseaudio" or "pipewire", for test names.
 std::string nameOf(AudioServer::Kind kind);
 
 }  // namespace corvane::support

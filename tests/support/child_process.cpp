@@ -16,7 +16,7 @@
 namespace corvane::support {
 namespace {
 
-/// In the child, between fork and exec: nothing here may allocate.
+/// In the child between fork and exec: must not allocate.
 [[noreturn]] void become(char* const* arguments, const char* log, pid_t parent) {
   prctl(PR_SET_PDEATHSIG, SIGKILL);
   if (getppid() != parent) _exit(127);

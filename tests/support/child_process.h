@@ -8,30 +8,30 @@
 
 namespace corvane::support {
 
-/// A program that a test runs; it dies with the test, however that ends.
+/// A program that ends with the test process.
 class ChildProcess {
  public:
-  /// The program's own output goes to `log`, which it appends to.
+  /// Appends the program's output to `log`.
   ChildProcess(const std::vector<std::string>& command, const std::filesystem::path& log);
   ~ChildProcess() { kill(); }
   ChildProcess(const ChildProcess&) = delete;
   ChildProcess& operator=(const ChildProcess&) = delete;
 
-  /// Holds the program where it is, so that it answers nothing. Returns once it stands still.
+  /// Stops the process (SIGSTOP). Returns once it has stopped.
   void suspend();
   void resume();
 
-  /// Ends the program without giving it a chance to say goodbye; it is gone when this returns.
+  /// Kills the process (SIGKILL) and waits for its end.
   void kill();
 
-  /// Waits for the program to end; its exit status, or -1 when a signal ended it.
+  /// Waits for the end. Returns the exit status, or -1 after a signal.
   int wait();
 
  private:
   pid_t pid;
 };
 
-/// What a program that ends by itself printed. Throws when it fails.
+/// Runs a program and returns its output. Throws if it fails.
 std::string outputOf(const std::vector<std::string>& command);
 
 }  // namespace corvane::support

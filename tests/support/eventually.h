@@ -6,7 +6,7 @@
 
 namespace corvane {
 
-/// Lets the program run until `condition` holds; false when that takes longer than anything may.
+/// Processes events until `condition` holds; false after a generous timeout.
 template <class Condition>
 bool eventually(Condition condition) {
   const QDeadlineTimer end(30000);

@@ -16,7 +16,7 @@
 
 namespace corvane::fakes {
 
-/// Time that stands still until it is moved.
+/// Time that the test advances.
 class ManualClock final : public Clock {
  public:
   Time now() const override { return time; }
@@ -24,7 +24,7 @@ class ManualClock final : public Clock {
   Time time = Time{} + std::chrono::hours(1);
 };
 
-/// Keeps jobs from any thread until the test, as the main thread, runs them.
+/// Collects jobs from any thread until the test, as the main thread, runs them.
 class ManualMainQueue final : public MainQueue {
  public:
   void async(Job job) override {
@@ -32,7 +32,7 @@ class ManualMainQueue final : public MainQueue {
     jobs.push_back(std::move(job));
   }
 
-  /// Runs everything, also what the jobs submit; returns how many ran.
+  /// Runs all jobs, including those that they submit. Returns their number.
   std::size_t runAll() {
     std::size_t count = 0;
     while (auto job = take()) {
@@ -105,7 +105,7 @@ class FakeMicrophoneWatch final : public MicrophoneWatch {
   std::function<void(bool present)> changed;  ///< none while nobody watches
 };
 
-/// A loudspeaker that remembers what it was given; the test ends each buffer.
+/// An output that records its buffers; the test ends each buffer.
 class FakeAudioOutput final : public AudioOutput {
  public:
   bool isRunning() const override { return running; }
@@ -140,7 +140,7 @@ class FakePermission final : public MicrophonePermission {
   std::vector<std::function<void(bool)>> requests;
 };
 
-/// Keeps values of any of the three types in memory, and the order in which they were written.
+/// Stores values of the three types, and the order of writes.
 class MemoryPreferences final : public Preferences {
  public:
   std::optional<std::string> string(std::string_view key) const override {
@@ -181,11 +181,11 @@ class FakeUrlOpener final : public UrlOpener {
     return opened.size() > failures;
   }
 
-  std::size_t failures = 0;  ///< how many calls fail before one succeeds
+  std::size_t failures = 0;  ///< calls that fail before one succeeds
   std::vector<std::string> opened;
 };
 
-/// A world for an engine to live in, and the way to let it hear readings.
+/// A fake platform for an engine, and a way to send it readings.
 struct World {
   std::shared_ptr<ManualClock> clock = std::make_shared<ManualClock>();
   std::shared_ptr<ManualMainQueue> mainQueue = std::make_shared<ManualMainQueue>();

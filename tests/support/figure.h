@@ -5,8 +5,7 @@
 
 namespace corvane {
 
-/// Prints what a test has measured, for the table of what is known about the program's reliability.
-/// `what` names it and its unit.
+/// Prints a measured value for docs/reliability.md. `what` is its name and unit.
 template <class Value>
 void figure(std::string_view what, const Value& value) {
   std::cout << "figure: " << what << " = " << value << std::endl;

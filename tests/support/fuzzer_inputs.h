@@ -11,8 +11,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 namespace corvane {
 
-/// Runs the fuzzer that the program is built with on `count` pseudo-random inputs of `size` bytes,
-/// the same in every run. The fuzzer stops the program when a rule is broken.
+/// Runs the program's fuzzer on `count` pseudo-random inputs of `size` bytes, the same in every
+/// run. The fuzzer stops the program on a finding.
 inline void runFuzzer(int count, std::size_t size) {
   std::mt19937 random(1);
   for (int number = 0; number < count; ++number) {

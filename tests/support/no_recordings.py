@@ -1,10 +1,10 @@
-"""An audio server that plays for everybody and lets nobody record: it answers each request for a
-recording with "access denied" and hands everything else to a real server, as the one in a sandbox does
+"""A proxy in front of an audio server that denies recording, like the server of a sandbox: it answers each
+request for a recording with "access denied" and forwards everything else to the real server
 that may not use the microphone. Prints a line for each refusal.
 
 usage: no_recordings.py SOCKET OF-THE-SERVER ALLOWED
 
-Where the file ALLOWED exists, recordings are the real server's business too."""
+While the file ALLOWED exists, it forwards recordings too."""
 
 import pathlib
 import socket
@@ -29,7 +29,7 @@ class Client:
         for header, content in frames(self._client, self._server):
             command, tag = numbers(content, 2) if header[1] == CONTROL else (None, None)
             if command == AUTH:
-                # Memory that a client shares with the server does not pass through here.
+                # Disable shared memory, which would bypass the proxy.
                 content = content[:11] + b"\0\0" + content[13:]
             if command == CREATE_RECORD_STREAM and not self._allowed.exists():
                 print("refused", flush=True)
@@ -49,7 +49,7 @@ class Client:
 
 
 def frames(source: socket.socket, other: socket.socket):
-    """Until one of them ends, which ends the other."""
+    """Forwards until one side ends, which ends the other."""
     try:
         with source.makefile("rb") as stream:
             while len(header := stream.read(FRAME.size)) == FRAME.size:

@@ -13,7 +13,7 @@ namespace {
 namespace fs = std::filesystem;
 
 fs::path newDirectory() {
-  // Short, because the path of a socket in it has room for a hundred characters.
+  // Short, because the path of a socket is limited to about a hundred characters.
   std::string name = fs::temp_directory_path() / "corvane-XXXXXX";
   if (mkdtemp(name.data()) == nullptr) {
     throw std::system_error(errno, std::generic_category(), name);
@@ -26,8 +26,7 @@ void write(const fs::path& file, const std::string& text) {
   std::ofstream(file) << text;
 }
 
-/// Keeps a session manager away from the sound cards of the machine that the tests run on; once in
-/// the words of WirePlumber 0.4 and once in those of 0.5.
+/// Configures the session manager, WirePlumber 0.4 and 0.5, to ignore the machine's sound cards.
 void forgetHardware(const fs::path& home) {
   const fs::path config = home / ".config" / "wireplumber";
   write(config / "main.lua.d" / "51-no-hardware.lua",

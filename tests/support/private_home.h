@@ -7,8 +7,8 @@
 
 namespace corvane::support {
 
-/// A home directory of the test's own, without any server, sound or display: this process and the
-/// programs it starts from now on see nothing of the desktop it runs on.
+/// A private home directory without server, sound or display: from now on this process and its
+/// children do not see the desktop.
 class PrivateHome {
  public:
   PrivateHome();
@@ -22,10 +22,10 @@ class PrivateHome {
   std::filesystem::path directory;
 };
 
-/// How long a test waits for what must happen: it ends a test that has failed, and is no measure.
+/// The timeout for what must happen eventually. It only ends a failing test.
 constexpr std::chrono::seconds longestWait{30};
 
-/// Waits until `condition` holds; throws with `what` if it does not within `longestWait`.
+/// Waits until `condition` holds; throws with `what` after `longestWait`.
 void waitFor(const std::string& what, const std::function<bool()>& condition);
 
 }  // namespace corvane::support

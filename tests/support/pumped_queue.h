@@ -10,18 +10,18 @@
 
 namespace corvane::support {
 
-/// Makes the test's own thread the main thread, which runs jobs while it pumps.
+/// Makes the test's thread the main thread, which runs jobs while it pumps.
 class PumpedQueue final : public MainQueue {
  public:
   void async(Job job) override;
 
-  /// Runs jobs until `condition`, which it checks after each job and every few milliseconds,
-  /// holds; false if it never does, which takes `longestWait`.
+  /// Runs jobs until `condition` holds, checked after each job and every few milliseconds; false
+  /// after `longestWait`.
   bool pumpUntil(const std::function<bool()>& condition);
-  /// Runs the jobs that wait now.
+  /// Runs the waiting jobs.
   void pump();
 
-  /// The longest that one job has kept a processor busy.
+  /// The largest processor time of one job.
   std::chrono::nanoseconds longestJob() const { return longest; }
 
  private:
@@ -34,8 +34,7 @@ class PumpedQueue final : public MainQueue {
   std::chrono::nanoseconds longest{0};
 };
 
-/// How long the calling thread has run so far; what it waits for, and how many others share its
-/// processor, does not count.
+/// The calling thread's processor time, without waiting.
 std::chrono::nanoseconds timeOfThisThread();
 
 }  // namespace corvane::support

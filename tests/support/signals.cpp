@@ -34,7 +34,7 @@ Samples chirp(double first, double last, double rate, std::size_t length) {
 }
 
 Samples noise(std::size_t length, std::uint32_t seed, double amplitude) {
-  // The engine's output is laid down by the language; the library's distributions are not.
+  // The standard specifies the engine's output, but not that of distributions.
   std::mt19937 engine(seed);
   return generate(length, [&](std::size_t) {
     return amplitude * (static_cast<double>(engine()) / 0x1p31 - 1.0);
