@@ -1,4 +1,4 @@
-"""Every kind of choice on the screen, made with the mouse, and the file in which it is kept."""
+"""Every kind of choice, made with the mouse, and the settings file."""
 
 import os
 
@@ -21,7 +21,7 @@ FRESH = {"tuner.instrument": "guitar", "tuner.tuning": "g6-standard", "tuner.a4"
 
 
 class Choices(system_test.SystemTest):
-    def test_each_instrument_is_chosen_with_its_first_tuning(self) -> None:
+    def test_choosing_an_instrument_selects_its_first_tuning(self) -> None:
         window = self.open(tuning="g6-dropd").window
         for name, caption, tuning, identifier, strings in (
                 ("Bass", "Tuning", "4-string standard", "b4-standard", "E1 A1 D2 G2"),
@@ -33,7 +33,7 @@ class Choices(system_test.SystemTest):
             self.controls.wait_for_tuning(tuning, strings, tuning=identifier,
                                           instrument=name.lower())
 
-    def test_a_tuning_is_chosen_from_the_sections_of_the_list_and_releases_the_lock(self) -> None:
+    def test_choosing_a_tuning_from_the_list_releases_the_lock(self) -> None:
         window = self.open(instrument="bass", tuning="b4-dropc").window
         window.press(name="G1")
         self.controls.wait_until_locked("G1")
@@ -43,14 +43,14 @@ class Choices(system_test.SystemTest):
         self.controls.wait_for_tuning("5-string standard", "B0 E1 A1 D2 G2", tuning="b5-standard")
         self.controls.wait_until_locked("Auto")
 
-    def test_the_lock_moves_with_each_press_and_goes_with_the_second_or_with_auto(self) -> None:
+    def test_pressing_chips_moves_and_releases_the_lock(self) -> None:
         window = self.open().window
         for name, locked in (("A2", "A2"), ("E4", "E4"), ("E4", "Auto"), ("D3", "D3"),
                              ("Auto", "Auto")):
             window.press(name=name)
             self.controls.wait_until_locked(locked)
 
-    def test_left_handed_the_row_is_reversed_and_a_chip_still_locks_its_own_string(self) -> None:
+    def test_left_handed_row_is_reversed_and_chips_lock_their_own_string(self) -> None:
         window = self.open().window
         window.press(name=LEFT_HANDED)
         window.find(name=LEFT_HANDED, checked=True)
@@ -61,7 +61,7 @@ class Choices(system_test.SystemTest):
         self.controls.wait_for_tuning("Standard", STANDARD, left="false")
         self.controls.wait_until_locked("A2")
 
-    def test_the_concert_pitch_is_chosen_from_the_list_the_quick_ones_and_by_steps(self) -> None:
+    def test_concert_pitch_from_list_quick_pitches_and_stepper(self) -> None:
         window = self.open().window
         opened = window.open_list(window.find(description="Concert pitch presets"), PITCHES)
         window.choose(opened, "435  French 1859")
@@ -84,7 +84,7 @@ class Choices(system_test.SystemTest):
 
 
 class Settings(system_test.SystemTest):
-    def test_all_four_are_on_the_screen_again_after_a_restart(self) -> None:
+    def test_restart_restores_all_four(self) -> None:
         tuner = self.open(instrument="bass", tuning="b5-dropa", a4=414)
         tuner.window.press(name=LEFT_HANDED)
         tuner.window.press(name="Raise")
@@ -96,7 +96,7 @@ class Settings(system_test.SystemTest):
         self.controls.wait_for_tuning("5-string drop A", "G2 D2 A1 E1 A0", tuning="b5-dropa")
         self.controls.wait_for_pitch(415, "415  Baroque")
 
-    def test_the_first_start_leaves_four_values_also_when_the_file_is_damaged(self) -> None:
+    def test_first_start_saves_four_values_over_a_damaged_file(self) -> None:
         for damage in (b"", bytes(range(256)) * 16):
             self.config_home = self.desktop.folder("config")
             settings_file(self.config_home).parent.mkdir()
@@ -104,13 +104,13 @@ class Settings(system_test.SystemTest):
             self.assertEqual(self.open_again().quit(), 0)
             self.assertLessEqual(FRESH.items(), read_settings(self.config_home).items())
 
-    def test_a_folder_in_the_place_of_the_file_stops_nothing(self) -> None:
+    def test_starts_with_a_directory_in_place_of_the_file(self) -> None:
         self.config_home = self.desktop.folder("config")
         settings_file(self.config_home).mkdir(parents=True)
         self.assertEqual(self.open_again().quit(), 0)
         self.assertTrue(settings_file(self.config_home).is_dir())
 
-    def test_two_programs_save_and_the_file_stays_whole(self) -> None:
+    def test_file_stays_whole_when_two_programs_save(self) -> None:
         first, second = self.open(), self.open_again()
         for left, hertz in (("true", "415"), ("false", "432")):
             self.press(first, LEFT_HANDED, left=left)

@@ -1,4 +1,4 @@
-"""The private desktop itself, of which nothing stays behind."""
+"""The private desktop leaves nothing behind."""
 
 import pathlib
 import subprocess
@@ -8,7 +8,7 @@ from collections.abc import Callable
 from desk import system_test
 from desk.waiting import wait_until
 
-# The folder of its files is what it prints.
+# Prints the directory of its files.
 OPEN_A_DESKTOP = """
 import signal
 from desk.desktop import PrivateDesktop
@@ -19,18 +19,18 @@ with PrivateDesktop() as desktop, PulseAudioRoom(desktop):
 """
 
 
-class NothingStays(system_test.SystemTest):
-    def test_when_it_is_asked_to_end(self) -> None:
+class Desk(system_test.SystemTest):
+    def test_leaves_nothing_when_terminated(self) -> None:
         root = self.open_and(subprocess.Popen.terminate)
         self.assertFalse(pathlib.Path(root).exists())
         self.assertEqual(programs_of(root), [])
 
-    def test_but_its_files_when_it_is_killed(self) -> None:
+    def test_leaves_only_files_when_killed(self) -> None:
         root = self.open_and(subprocess.Popen.kill)
         wait_until(lambda: not programs_of(root), lambda: f"left: {programs_of(root)}")
 
     def open_and(self, end: Callable[[subprocess.Popen], None]) -> str:
-        """Opens and ends another desktop, whose files were in the folder that is returned."""
+        """Opens and ends another desktop. Returns the directory of its files."""
         with subprocess.Popen([sys.executable, "-c", OPEN_A_DESKTOP], text=True,
                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
                               cwd=pathlib.Path(__file__).parent) as opened:
@@ -41,7 +41,7 @@ class NothingStays(system_test.SystemTest):
 
 
 def programs_of(root: str) -> list[str]:
-    """The running programs that were started on the desktop with its files in `root`."""
+    """The running programs of the desktop with its files in `root`."""
     found = []
     for process in pathlib.Path("/proc").glob("[0-9]*"):
         try:

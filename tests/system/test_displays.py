@@ -1,5 +1,4 @@
-"""The screen on other displays and for other users: Wayland, sizes, scale factors, larger texts,
-other locales, fewer fonts."""
+"""Other displays and users: Wayland, sizes, scale factors, larger texts, other locales, missing fonts."""
 
 import os
 import pathlib
@@ -15,7 +14,7 @@ from desk.window import Box, Window
 
 LARGEST_DISPLAY = (3840, 2160)
 SMALLEST_DISPLAY = (1280, 720)
-# What fits on the smallest display.
+# Fits on the smallest display.
 LOW = (FIRST_SIZE[0], SMALLEST[1])
 EXITS = 20
 GOLDEN = pathlib.Path(os.environ["CORVANE_GOLDEN"])
@@ -36,26 +35,26 @@ class DisplayTest(system_test.SystemTest):
         return self.open(tuning="g6-half", a4=441, **{**(environment or {}), **variables}).window
 
     def texts(self, window: Window) -> list[str]:
-        """All but what is said of a change."""
+        """All texts except notifications."""
         return [item.name for item in window.items() if item.role != pyatspi.ROLE_NOTIFICATION]
 
     def assert_has_texts(self, window: Window, texts: list[str], enlarged: float = 1) -> None:
-        """Inside the window, as soon as the screen has come to rest."""
+        """Waits until exactly these texts are shown, and checks that they are inside the window."""
         wait_until(lambda: self.texts(window) == texts, lambda: f"{self.texts(window)}, not {texts}")
         wait_until(lambda: not window.outside(enlarged), lambda: f"{window.outside(enlarged)}")
 
     def texts_at(self, size: tuple[int, int]) -> list[str]:
-        """Of a window that has this size by its user."""
+        """The texts of a window that the user resized to this size."""
         window = self.show()
         window.resize(*size)
         window.wait_for_size(size)
-        # The texts that come and go with the size are the last to follow it.
+        # Texts that depend on the size are updated last.
         wait_until(lambda: ("Version 1.0.0" in self.texts(window)) == (size != LOW),
                    lambda: f"{self.texts(window)}")
         return self.texts(window)
 
     def compare(self, pictures: str, golden: pathlib.Path, **environment: str) -> None:
-        """Draws a set of pictures, which are as in the folder."""
+        """Draws a set of pictures and compares them with those in the directory."""
         done = subprocess.run(
             [os.environ["CORVANE_CONTACT_SHEET"], "compare", pictures, golden,
              self.desktop.folder("seen")],
@@ -65,14 +64,14 @@ class DisplayTest(system_test.SystemTest):
 
 
 class Wayland(DisplayTest):
-    def test_on_the_smallest_display_the_texts_of_the_smallest_window(self) -> None:
+    def test_smallest_display_shows_the_texts_of_the_smallest_window(self) -> None:
         texts = self.texts_at(LOW)
         with WaylandDisplay(self.desktop, SMALLEST_DISPLAY) as display:
             window = self.show(display.environment)
             window.wait_for_size(LOW)
             self.assert_has_texts(window, texts)
 
-    def test_the_program_ends_each_time_that_its_window_is_closed(self) -> None:
+    def test_program_ends_when_its_window_is_closed(self) -> None:
         with WaylandWindow(self.desktop) as display:
             for _ in range(EXITS):
                 tuner = self.open(**display.environment)
@@ -84,21 +83,21 @@ class Wayland(DisplayTest):
                 wait_until(has_ended, lambda: "the process stays")
                 self.assertEqual(tuner.process.returncode, 0)
 
-    def test_the_same_picture_at_every_scale_factor(self) -> None:
+    def test_same_pictures_at_every_scale_factor(self) -> None:
         with WaylandDisplay(self.desktop, LARGEST_DISPLAY) as display:
             for scale in ("1", "1.25", "1.5", "1.75", "2", "3"):
                 with self.subTest(scale):
                     self.compare("scales", GOLDEN if scale == "1" else GOLDEN / f"x{scale}",
-                                 # A frame would take a fraction of a pixel of the picture.
+                                 # A frame would shift the picture by a fraction of a pixel.
                                  **display.environment, QT_WAYLAND_DISABLE_WINDOWDECORATION="1",
                                  QT_SCALE_FACTOR=scale)
 
 
 class X11(DisplayTest):
-    def test_whole_displays_have_the_same_picture_as_without_a_display(self) -> None:
+    def test_whole_display_equals_the_picture_without_a_display(self) -> None:
         self.compare("displays", GOLDEN)
 
-    def test_the_texts_of_a_window_of_as_many_points_at_every_scale_factor(self) -> None:
+    def test_same_texts_at_every_scale_factor(self) -> None:
         texts = {size: self.texts_at(size) for size in (FIRST_SIZE, LOW)}
         for scale in (1.25, 1.5, 1.75, 2, 3):
             with self.subTest(scale):
@@ -112,15 +111,15 @@ class X11(DisplayTest):
 
 
 class LargerTexts(DisplayTest):
-    def test_at_200_percent_by_the_desktops_font_everything_is_twice_as_large(self) -> None:
+    def test_desktop_font_at_200_percent_doubles_everything(self) -> None:
         texts = self.texts_at(FIRST_SIZE)
         self.assert_is_twice(self.show(**self.font()), texts)
         with WaylandDisplay(self.desktop, LARGEST_DISPLAY) as display:
             self.assert_is_twice(self.show(display.environment, **self.font()), texts)
 
-    def test_at_200_percent_by_the_resolution_of_texts_everything_is_twice_as_large(self) -> None:
+    def test_text_resolution_at_200_percent_doubles_everything(self) -> None:
         texts = self.texts_at(FIRST_SIZE)
-        # As GNOME puts "Large Text" into the resources of the display.
+        # As GNOME sets "Large Text".
         self.addCleanup(xprop, "-remove", "RESOURCE_MANAGER")
         xprop("-format", "RESOURCE_MANAGER", "8s", "-set", "RESOURCE_MANAGER", "Xft.dpi:\t192\n")
         window = self.show()
@@ -132,8 +131,8 @@ class LargerTexts(DisplayTest):
         self.assert_has_texts(large, texts, enlarged=2)
 
     def font(self) -> dict[str, str]:
-        """The variables of a desktop that writes twice as large as usual: KDE's, whose settings are the only
-        ones that Qt 6.4 reads on X11 and on Wayland by itself."""
+        """The environment of a KDE desktop with a font of twice the size. Qt 6.4 reads only KDE's settings on both
+        X11 and Wayland."""
         settings = self.desktop.folder("kde")
         (settings / "kdeglobals").write_text(LARGE_FONT)
         return {"XDG_CURRENT_DESKTOP": "KDE", "KDE_SESSION_VERSION": "5",
@@ -141,7 +140,7 @@ class LargerTexts(DisplayTest):
 
 
 class OtherUsers(DisplayTest):
-    def test_from_right_to_left_and_with_a_decimal_comma(self) -> None:
+    def test_same_in_right_to_left_and_decimal_comma_locales(self) -> None:
         usual = self.show()
         for locale in ("ar_EG", "he_IL", "de_DE", "fa_IR"):
             with self.subTest(locale):
@@ -150,27 +149,27 @@ class OtherUsers(DisplayTest):
                            and self.places(window) == self.places(usual),
                            lambda: f"{self.texts(window)} at {self.places(window)}")
 
-    def test_without_the_round_font(self) -> None:
+    def test_same_texts_without_quicksand(self) -> None:
         texts = self.texts_at(FIRST_SIZE)
         folder = self.desktop.folder("fonts")
         fonts = folder / "fonts.conf"
         fonts.write_text(FONTS_BUT_THE_ROUND_ONE.format(cache=folder))
         self.assert_has_texts(self.show(FONTCONFIG_FILE=str(fonts)), texts)
 
-    def test_with_a_colour_profile_the_same_pictures(self) -> None:
+    def test_same_pictures_with_a_broken_colour_profile(self) -> None:
         self.addCleanup(xprop, "-remove", "_ICC_PROFILE")
         xprop("-format", "_ICC_PROFILE", "8c", "-set", "_ICC_PROFILE", "1")
         self.compare("scales", GOLDEN)
 
     def speaking(self, locale: str) -> dict[str, str]:
-        """The variables of a user of it, with the locale itself, which need not be installed."""
+        """The environment of a user of the locale, which is generated here."""
         folder = self.desktop.folder("locales")
         subprocess.run(["localedef", "-i", locale, "-f", "UTF-8", folder / f"{locale}.UTF-8"],
                        check=True, capture_output=True)
         return {"LOCPATH": str(folder), "LC_ALL": f"{locale}.UTF-8", "LANG": f"{locale}.UTF-8"}
 
     def places(self, window: Window) -> list[Box]:
-        """Of all items, from the window's own corner."""
+        """The positions of all items relative to the window."""
         frame, *items = window.items()
         return [Box(item.box.x - frame.box.x, item.box.y - frame.box.y, *item.box[2:])
                 for item in items if item.role != pyatspi.ROLE_NOTIFICATION]

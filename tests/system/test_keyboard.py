@@ -1,5 +1,4 @@
-"""The whole screen without a mouse: every control is reached, and every state that the mouse can
-reach."""
+"""The whole screen without a mouse: every control and every state is reachable."""
 
 import pyatspi
 
@@ -11,7 +10,7 @@ from desk.window import Item
 
 BACK = "shift+Tab"
 STRINGS = ["E2", "A2", "D3", "G3", "B3", "E4"]
-# As they are read: in rows from the top, and from the left in each.
+# In reading order: rows from the top, each from the left.
 ORDER = ["Help", "Guitar", "Bass", "Piano", LEFT_HANDED, "Standard", "Auto", *STRINGS,
          "440  Modern", STEPPER, "415 Hz", "432 Hz", "440 Hz", "466 Hz", PLAY, ALLOW, POLICY]
 
@@ -22,26 +21,26 @@ class KeyboardTest(system_test.SystemTest):
         self.window = self.tuner.window
 
     def type(self, *keys: str, at: str) -> None:
-        """Types them one by one, after which the keyboard is there."""
+        """Presses the keys and waits for the focus."""
         for key in keys:
             self.window.keys(key)
         self.reader.wait_until_focused(at)
 
     def open_list(self, face: str) -> None:
-        """With the keyboard, which is somewhere else."""
+        """Moves the focus to the control and opens its list."""
         self.reader.tab_to(self.window, face)
         self.window.keys("space")
         self.window.find(role=pyatspi.ROLE_POPUP_MENU)
 
 
-class TheRound(KeyboardTest):
-    def test_tab_goes_in_reading_order_and_around_and_shift_tab_back(self) -> None:
+class FocusOrder(KeyboardTest):
+    def test_tab_and_shift_tab_follow_the_reading_order(self) -> None:
         self.start()
         for key, order in (("Tab", [*ORDER, ORDER[0]]), (BACK, [*reversed(ORDER), ORDER[-1]])):
             for name in order:
                 self.type(key, at=name)
 
-    def test_a_screen_reader_reads_in_the_order_of_the_eyes(self) -> None:
+    def test_accessible_items_are_in_visual_order(self) -> None:
         self.start(tuning="g8-standard")
         wait_until(lambda: self.out_of_order() == [], lambda: f"{self.out_of_order()}")
 
@@ -54,8 +53,7 @@ class TheRound(KeyboardTest):
 
 
 def is_read_before(one: Item, other: Item) -> bool:
-    """By the eyes of one who reads from left to right: in the same row when the middle of one is
-    within the other."""
+    """In visual order: two items are in the same row if the middle of one is within the other."""
     middle = other.box.y + other.box.height / 2
     if one.box.y <= middle <= one.box.bottom:
         return one.box.x <= other.box.x
@@ -63,14 +61,14 @@ def is_read_before(one: Item, other: Item) -> bool:
 
 
 class EveryChoice(KeyboardTest):
-    def test_each_is_made_by_its_keys(self) -> None:
+    def test_every_control_works_with_its_keys(self) -> None:
         self.start()
         for name, keys, saved in (
                 ("Guitar", ["Right", "space"], {"instrument": "bass"}),
                 (LEFT_HANDED, ["Return"], {"left": "true"}),
                 ("4-string standard", ["space", "End", "Return"], {"tuning": "b6-standard"}),
                 ("440  Modern", ["space", "Home", "Return"], {"a4": "377"}),
-                # It stays within its ends.
+                # Limited to its range.
                 (STEPPER, ["Down", "Up"], {"a4": "378"}),
                 ("415 Hz", ["End", "space"], {"a4": "466"}),
                 (STEPPER, ["Prior"] * 10, {"a4": "560"})):
@@ -78,7 +76,7 @@ class EveryChoice(KeyboardTest):
             self.window.keys(*keys)
             self.controls.wait_until_saved(**saved)
 
-    def test_a_tuning_by_the_arrows_or_its_letter_or_none_by_escape(self) -> None:
+    def test_list_follows_arrows_letters_and_escape(self) -> None:
         self.start()
         self.open_list("Standard")
         for key, name in (("Down", "Half step down"), ("End", "12-string standard"),
@@ -93,7 +91,7 @@ class EveryChoice(KeyboardTest):
         self.controls.wait_for_tuning("Half step down", "E♭2 A♭2 D♭3 G♭3 B♭3 E♭4", tuning="g6-half")
         self.type("Tab", at="Auto")
 
-    def test_every_string_is_locked_and_released(self) -> None:
+    def test_every_string_can_be_locked_and_released(self) -> None:
         self.start()
         self.reader.tab_to(self.window, "Auto")
         for name in STRINGS:
@@ -104,7 +102,7 @@ class EveryChoice(KeyboardTest):
 
 
 class EveryAction(KeyboardTest):
-    def test_the_privacy_policy_from_the_help_menu_and_from_the_footer(self) -> None:
+    def test_help_menu_and_footer_open_the_privacy_policy(self) -> None:
         browser = Browser(self.desktop)
         self.start(**browser.environment)
         self.reader.tab_to(self.window, LEFT_HANDED)
@@ -116,14 +114,14 @@ class EveryAction(KeyboardTest):
         self.window.keys("Return")
         self.assertEqual(browser.wait_for_addresses(2), 2 * [privacy_page()])
 
-    def test_alt_and_h_do_not_open_help_over_another_list(self) -> None:
+    def test_alt_h_does_not_open_help_over_a_list(self) -> None:
         self.start()
         self.open_list("Standard")
         self.type("alt+h", "End", at="12-string standard")
         self.type("Escape", at="Standard")
         self.window.wait_until_gone(role=pyatspi.ROLE_POPUP_MENU)
 
-    def test_the_reference_tone(self) -> None:
+    def test_reference_tone(self) -> None:
         room = self.enter_room()
         self.start(room=room)
         self.reader.tab_to(self.window, PLAY, BACK)
@@ -131,13 +129,13 @@ class EveryAction(KeyboardTest):
             self.window.keys("space")
             self.assertTrue(recording.wait_for_tone(110.0))
 
-    def test_allow_microphone_which_keeps_the_keyboard_when_it_was_in_vain(self) -> None:
+    def test_allow_microphone_keeps_the_focus_without_success(self) -> None:
         self.start()
         self.reader.tab_to(self.window, ALLOW, BACK)
         for key in ("space", "Return"):
             self.reader.forget(self.window)
             self.window.keys(key)
-            # The prompt goes while the server is asked, and comes back with the answer.
+            # The prompt disappears during the request and returns with the answer.
             self.reader.wait_for_words(f"{ALLOW}, button")
             self.assertIn(f"{POLICY}, link", self.reader.words)
             self.window.find(name=NO_MICROPHONE)

@@ -1,4 +1,4 @@
-"""The program once, from its start to its end: a string, the reference tone, and nothing else."""
+"""One run of the program: a string and the reference tone."""
 
 from desk import system_test
 from desk.controls import PLAY
@@ -8,7 +8,7 @@ D3_HERTZ = 146.8
 
 
 class Once(system_test.SystemTest):
-    def test_names_a_string_plays_the_tone_of_another_and_quits(self) -> None:
+    def test_names_a_string_plays_a_tone_and_quits(self) -> None:
         room = self.enter_room()
         tuner = self.open(room)
         shown = self.hear(tuner, room, self.plucked(GUITAR_A), "A2", "In tune")

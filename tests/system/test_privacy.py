@@ -1,4 +1,4 @@
-"""What the program reaches, writes and starts, from what the system saw of it."""
+"""What the program connects to, writes, starts and loads, from a trace of its system calls."""
 
 import os
 import pathlib
@@ -17,7 +17,7 @@ from desk.tuner import Tuner
 
 GUITAR_A = 45
 
-# What a program could be led to load from where its user works, were it careless.
+# Files that a careless program would load from the working directory.
 DECOYS = ("qt.conf", "Corvane/qmldir", "Corvane/Main.qml", "QtQuick/qmldir", "QtQml/qmldir",
           "QtQuick/libqtquick2plugin.so", "QtQml/libqmlplugin.so", "Main.qml", "qmldir",
           "platforms/libqxcb.so", "plugins/platforms/libqxcb.so", "imageformats/libqsvg.so",
@@ -31,7 +31,7 @@ class Privacy(system_test.SystemTest):
 
     @classmethod
     def setUpClass(cls) -> None:
-        """One session through everything that a player does, then the privacy page."""
+        """Traces a session with every action, then the privacy page."""
         cls.home = cls.desktop.folder("home")
         cls.place = cls.desktop.folder("place")
         for folder in (cls.home, cls.place, cls.home / ".local/lib/qt6", cls.home / ".config"):
@@ -65,11 +65,11 @@ class Privacy(system_test.SystemTest):
         window.press(name=POLICY)
         cls.browser.wait_for_addresses(1)
 
-    def test_the_session_goes_as_it_should(self) -> None:
+    def test_session_succeeds(self) -> None:
         self.assertEqual(self.status, 0)
         print(f"figure: calls looked at = {len(self.trace.calls())}")
 
-    def test_it_talks_to_the_display_the_audio_server_and_the_session_bus_alone(self) -> None:
+    def test_connects_only_to_display_audio_server_and_session_bus(self) -> None:
         display = f"/tmp/.X11-unix/X{os.environ['DISPLAY'].removeprefix(':')}"
         session_bus = re.search(r"unix:path=([^,]+)", os.environ["DBUS_SESSION_BUS_ADDRESS"])[1]
         needed = {f"{self.sound}/pulse/native", session_bus}
@@ -78,14 +78,14 @@ class Privacy(system_test.SystemTest):
         self.assertTrue({display, f"@{display}"} & seen, seen)
         self.assertLessEqual(seen, needed | {display, f"@{display}", "the accessibility bus"})
 
-    def test_it_writes_its_preferences_alone(self) -> None:
+    def test_writes_only_its_preferences(self) -> None:
         preferences = settings_file(self.home / ".config")
         ours = {str(preferences.parent), str(preferences), f"{preferences}.new"}
         theirs = {
-            # The audio library's, by which a server knows its user.
+            # libpulse's cookie.
             str(self.home / ".config/pulse"), str(self.home / ".config/pulse/cookie"),
         }
-        # The font library's list of fonts, where the system's own is out of date.
+        # fontconfig's cache, if the system's is out of date.
         fonts = str(self.home / ".cache/fontconfig")
         written = {name: how for name, how in self.trace.written().items()
                    if not name.startswith(fonts)}
@@ -93,15 +93,15 @@ class Privacy(system_test.SystemTest):
         self.assertEqual({name: how for name, how in written.items()
                           if name not in ours | theirs}, {})
 
-    def test_it_starts_the_opener_of_the_privacy_page_alone_and_not_before_it_is_wanted(self) -> None:
+    def test_starts_only_the_url_opener_on_request(self) -> None:
         started = self.trace.started()
         self.assertEqual([call.texts[0] for call in started],
                          [str(self.program), str(self.browser.program)])
         self.assertGreaterEqual(started[1].time, self.page_wanted)
 
-    def test_it_loads_no_code_from_where_it_is_started_or_from_the_users_home(self) -> None:
+    def test_loads_no_code_from_working_or_home_directory(self) -> None:
         tried = self.trace.tried()
-        self.assertTrue([name for name in tried if CODE.search(name)], "it loads no code at all")
+        self.assertTrue([name for name in tried if CODE.search(name)], "the trace has loaded code")
         relative = {name for name in tried if not name.startswith("/")}
         theirs = {name for name in tried
                   if name.startswith((f"{self.home}/", f"{self.place}/"))}

@@ -1,5 +1,4 @@
-"""The program on both kinds of audio server: the reference tone, and what the user sees when the
-sound goes away and comes back."""
+"""The program on both kinds of audio server: the reference tone, and the screen when sound stops and returns."""
 
 import os
 import pathlib
@@ -20,14 +19,14 @@ from desk.window import VERDICTS, is_heard, note
 PLAYING = "Playing"
 PROBLEM = "Microphone problem"
 GUITAR_A, GUITAR_D = 45, 50
-# Without a choice the tone is that of the guitar's second string.
+# The default tone is the guitar's second string.
 TONE_HERTZ = 110.0
 SANDBOX = pathlib.Path(os.environ["CORVANE_SOURCE"], "tests/support/no_recordings.py")
 UNMEASURED_SECONDS = 1.35  # from the press of the button
 
 
 class OnAServer:
-    """What goes for every kind of audio server, of which `open_room` starts one."""
+    """For every kind of audio server; `open_room` starts one."""
 
     open_room: Callable[..., Room]
 
@@ -35,7 +34,7 @@ class OnAServer:
         self.room = self.enterContext(self.open_room(self.desktop))
         self.tuner = self.open(self.room)
 
-    def test_the_reference_tone_is_played_and_not_measured(self) -> None:
+    def test_reference_tone_is_played_and_not_measured(self) -> None:
         with self.room.recording() as recording:
             self.reader.forget(self.tuner.window)
             pressed = time.monotonic()
@@ -43,24 +42,24 @@ class OnAServer:
             self.assertTrue(recording.wait_for_tone(TONE_HERTZ))
         end = pressed + UNMEASURED_SECONDS
         self.reader.wait_for(lambda: time.monotonic() > end)
-        # What is told later may be of sound that was late, of which a busy machine has some.
+        # Later changes may come from delayed sound on a busy machine.
         self.assertEqual([change for change in self.reader.changes
                           if change.of in VERDICTS and change.seconds < end], [])
-        # A name may have changed again by the time that it is asked for.
+        # A name may have changed again before it is queried.
         for names in ((PLAYING, PLAY), ("Playing reference", "Play a note")):
             self.reader.wait_for(lambda: any(change.of in names for change in self.reader.changes))
         self.tuner.window.find(name=PLAY)
         self.tuner.window.find(description="Status", name="Play a note")
 
-    # Without its microphone PulseAudio still offers what the speaker plays.
-    def test_the_right_note_is_back_after_every_fault(self) -> None:
+    # Without the microphone PulseAudio still offers the monitor of the speaker.
+    def test_right_note_returns_after_every_fault(self) -> None:
         for title, fault, repair in (
                 ("server killed", self.room.crash, self.room.open),
                 ("microphone unplugged", self.room.unplug, self.room.plug_in)):
             self.go_through(f"{title}, {type(self.room).__name__.removesuffix('Room')}", fault,
                             repair)
 
-    def test_a_note_does_not_stay_when_the_server_goes_while_the_window_is_minimised(self) -> None:
+    def test_note_disappears_when_the_server_ends_while_minimised(self) -> None:
         window = self.tuner.window
         with self.room.sounding(self.plucked(GUITAR_A)):
             window.wait_for(is_heard)
@@ -104,8 +103,8 @@ class OnPipeWire(OnAServer, system_test.SystemTest):
     open_room = PipeWireRoom
 
 
-class ThatRefusesEveryRecording(system_test.SystemTest):
-    def test_denies_the_microphone_and_not_the_tone_until_it_allows_recordings(self) -> None:
+class ServerThatDeniesRecording(system_test.SystemTest):
+    def test_shows_denied_and_plays_the_tone_until_allowed(self) -> None:
         room = self.enter_room()
         folder = self.desktop.folder("sandbox")
         sandbox = self.desktop.processes.start([

@@ -1,5 +1,5 @@
-"""What a screen reader says while a string is tuned by its words alone. With CORVANE_WRITE set, puts
-the transcript into docs/accessibility.md, of which the test asks whether it is still true."""
+"""The speech while a string is tuned by speech alone, compared with the transcript in docs/accessibility.md.
+CORVANE_WRITE rewrites the transcript."""
 
 import os
 import pathlib
@@ -17,19 +17,19 @@ DOCUMENT = pathlib.Path(__file__).resolve().parents[2] / "docs" / "accessibility
 BLOCK = re.compile(r"(?<=<!-- transcript -->\n```\n).*?(?=```\n)", re.DOTALL)
 
 E2 = 40
-# As a guitarist turns the peg between the plucks.
+# In cents, as a guitarist turns the peg between plucks.
 PLUCKS = (-40, -28, -16, -8, 0)
 WORDS_A_SECOND = 2  # of a meter
 SILENCE = "Play a note"
 FLAT = re.compile(r"E2, (\d+) cents flat")
 IN_TUNE = "E2, in tune"
-# The words are rounded to whole cents. A block that the pluck begins in is read up to 1.7 cents sharp,
-# and is what is said where the machine stands still just then.
+# Speech is rounded to whole cents. A block with the pluck's onset is read up to 1.7 cents sharp, and is spoken if the
+# machine stalls just then.
 MOST_CENTS_OFF = 2
 
 
 class Step(NamedTuple):
-    """What the guitarist did, and what was said until the next step."""
+    """An action of the guitarist, and the speech until the next one."""
 
     done: str
     said: str
@@ -42,7 +42,7 @@ class Spoken(system_test.SystemTest):
         self.window = self.open(self.room).window
         self.reader.wait_for_words(SILENCE)
 
-    def test_a_string_is_tuned_by_what_is_said(self) -> None:
+    def test_string_is_tuned_by_speech(self) -> None:
         strings = {cents: self.plucked(E2, cents) for cents in PLUCKS}
         self.reader.tab_to(self.window, "Auto")
         self.reader.wait_for_words("Auto, selected, radio button, on")
@@ -67,19 +67,19 @@ class Spoken(system_test.SystemTest):
         return last == IN_TUNE if cents == 0 else (
             told is not None and abs(int(told[1]) + cents) <= MOST_CENTS_OFF)
 
-    def test_the_meters_change_twice_a_second_at_most(self) -> None:
+    def test_meters_change_at_most_twice_a_second(self) -> None:
         self.reader.forget(self.window)
         began = time.monotonic()
         with self.room.sounding(self.plucked(E2, -30)):
             self.play_on_until_the_meters_changed_four_times()
         self.reader.hear_out(self.window)
-        # However late some of them may have come, all were within this time.
+        # Includes the delay of the last one.
         seconds = time.monotonic() - began
         for name in ("Cents", "Fine", "Level"):
             self.assertLessEqual(len(self.changes_of(name)), WORDS_A_SECOND * seconds + 1, name)
 
     def play_on_until_the_meters_changed_four_times(self) -> None:
-        """Which is for longer than it takes to say something."""
+        """Longer than an announcement takes."""
         before = len(self.changes_of("Level"))
         self.reader.wait_for(lambda: len(self.changes_of("Level")) >= before + 4)
 
@@ -87,7 +87,7 @@ class Spoken(system_test.SystemTest):
         return [change for change in self.reader.changes
                 if (change.kind, change.of) == (DESCRIPTION, meter)]
 
-    def test_the_arrows_in_a_list_and_the_steps_of_the_stepper_are_followed(self) -> None:
+    def test_list_arrows_and_stepper_steps_are_spoken(self) -> None:
         self.reader.tab_to(self.window, "Standard")
         for key, words in (("space", "Standard, checked"), ("Down", "Half step down"),
                            ("End", "12-string standard"), ("Home", "Standard, checked"),
@@ -98,7 +98,7 @@ class Spoken(system_test.SystemTest):
         self.press("Up", "441")
         self.press("Prior", "451")
 
-    def test_nothing_of_it_stays_behind_another_window(self) -> None:
+    def test_announcement_is_removed_behind_another_window(self) -> None:
         with self.room.sounding(self.plucked(E2, -30)):
             self.reader.wait_for(lambda: self.is_last_said(-30))
             self.wait_for_announcement(self.reader.words[-1])
@@ -106,13 +106,13 @@ class Spoken(system_test.SystemTest):
             self.wait_for_announcement("")
 
     def wait_for_announcement(self, words: str) -> None:
-        """Until a reader of the screen finds it; "" for none."""
+        """Until this is the readable announcement; "" for none."""
         wait_until(lambda: (items := self.window.items()) and words == "".join(
             item.name for item in items if item.role == pyatspi.ROLE_NOTIFICATION),
                    lambda: f"{self.window.names(pyatspi.ROLE_NOTIFICATION)}")
 
     def press(self, key: str, words: str) -> Step:
-        """A key, after which exactly this is said."""
+        """Presses a key and waits until exactly this is spoken."""
         self.reader.forget(self.window)
         self.window.keys(key)
         self.reader.wait_for_words(words)
@@ -121,7 +121,7 @@ class Spoken(system_test.SystemTest):
         return Step(f"[{key}]", words)
 
     def assert_is_in_the_document(self, transcript: str) -> None:
-        """But for what its numbers may be off."""
+        """Numbers may differ by `MOST_CENTS_OFF`."""
         document = DOCUMENT.read_text(encoding="utf-8")
         if "CORVANE_WRITE" in os.environ:
             document = BLOCK.sub(lambda _: transcript, document)

@@ -1,21 +1,21 @@
-"""Notes and strings from the room to the window, and when the tuner listens to them. The open strings
-of a guitar are those of tools/demo.py."""
+"""Notes and strings from the room to the window, and when the tuner listens. tools/demo.py tests the open strings of a
+guitar."""
 
 from desk import system_test
 from desk.instruments import FINGERED_BASS, GRAND_PIANO, Note
 from desk.window import note, xdotool
 
-# The font's samples are themselves up to 7 cents away from the notes they stand for.
+# The samples themselves are up to 7 cents off.
 MOST_CENTS_OFF = 10
 A2, D3, BASS_E1 = 45, 50, 28
 
 
 class SampledNotes(system_test.SystemTest):
-    def test_each_open_string_of_a_five_string_bass_is_read(self) -> None:
+    def test_open_strings_of_a_five_string_bass(self) -> None:
         self.assert_each_is_read("bass", "b5-standard", FINGERED_BASS,
                                  {23: "B0", 28: "E1", 33: "A1", 38: "D2", 43: "G2"})
 
-    def test_the_ends_and_the_middle_of_a_piano_are_read(self) -> None:
+    def test_lowest_middle_and_highest_piano_key(self) -> None:
         self.assert_each_is_read("piano", "piano-chromatic", GRAND_PIANO,
                                  {21: "A0", 69: "A4", 108: "C8"})
 
@@ -30,19 +30,19 @@ class SampledNotes(system_test.SystemTest):
 
 
 class DetunedStrings(system_test.SystemTest):
-    def test_a_string_is_flat_or_sharp_by_what_it_is_off(self) -> None:
+    def test_detuned_string_shows_its_deviation(self) -> None:
         room = self.enter_room()
         tuner = self.open(room)
         for key, name, off, status in ((A2, "A2", -20, "Flat"), (D3, "D3", 15, "Sharp"),
                                        (D3, "D3", 3, "In tune")):
             self.hear(tuner, room, self.plucked(key, off), name, status, off)
 
-    def test_a_bass_string_eight_cents_down_is_flat_by_eight(self) -> None:
+    def test_bass_string_8_cents_down_is_8_cents_flat(self) -> None:
         room = self.enter_room()
         tuner = self.open(room, "bass", "b4-standard")
         self.hear(tuner, room, self.plucked(BASS_E1, -8), "E1", "Flat", -8)
 
-    def test_a_locked_string_is_what_another_one_is_measured_by(self) -> None:
+    def test_locked_string_is_the_target_of_another(self) -> None:
         room = self.enter_room()
         tuner = self.open(room)
         tuner.window.press(name="D3")
@@ -59,7 +59,7 @@ class Listening(system_test.SystemTest):
         self.room = self.enter_room()
         self.tuner = self.open(self.room)
 
-    def test_the_last_note_stays_on_display_in_silence(self) -> None:
+    def test_last_note_stays_in_silence(self) -> None:
         self.hear_guitar()
         silent = {"Status": "Play a note", "Note": "A", "Octave": "2", "Cents": "0.0 ¢",
                   "Frequency": "— Hz"}
@@ -79,7 +79,7 @@ class Listening(system_test.SystemTest):
             self.tuner.wait_until_listening(self.room, listening)
         self.hear_guitar()
 
-    def test_goes_on_while_the_window_is_behind_another(self) -> None:
+    def test_continues_while_the_window_is_covered(self) -> None:
         self.open_other_window()
         self.hear_guitar()
 

@@ -1,4 +1,4 @@
-"""The window itself and its menu, also of the program where `cmake --install` has put it."""
+"""The window and its menu, also of the installed program."""
 
 import configparser
 import os
@@ -20,13 +20,13 @@ from desk.window import Window, xdotool
 HINT = ("A=440 is the modern standard. Older concerts used many other pitches, from about 377 Hz "
         "to above 560 Hz. In tune means within 5 cents.")
 ICON_SIZES = [16, 32, 48]
-# Of the content: whether there are a hint and a version.
+# By content size: whether hint and version are shown.
 SIZES = {(420, 680): (False, False), (480, 860): (True, True), (480, 800): (True, True),
          (480, 720): (False, False), (700, 1000): (True, True), (2000, 1200): (True, True)}
 
 
 class TheWindow(system_test.SystemTest):
-    def test_opens_at_its_first_size_and_gets_no_smaller_than_its_content_allows(self) -> None:
+    def test_first_size_and_minimum_size(self) -> None:
         tuner = self.open()
         window = tuner.window
         self.assertEqual(window.frame()[2:], FIRST_SIZE)
@@ -39,7 +39,7 @@ class TheWindow(system_test.SystemTest):
         self.assertEqual(window.property("_GTK_THEME_VARIANT"),
                          '_GTK_THEME_VARIANT(UTF8_STRING) = "dark"\n')
 
-    def test_all_is_inside_at_every_size(self) -> None:
+    def test_everything_is_inside_at_every_size(self) -> None:
         window = self.open().window
         for (width, height), expected in SIZES.items():
             with self.subTest(f"{width} x {height}"):
@@ -55,8 +55,8 @@ def hint_and_version(window: Window) -> tuple[bool, bool]:
     return HINT in names, "Version 1.0.0" in names
 
 
-class ASessionThatNeverAnswers(system_test.SystemTest):
-    def test_shows_the_window_all_the_same_and_is_left_alone_by_it(self) -> None:
+class UnresponsiveSession(system_test.SystemTest):
+    def test_shows_the_window_and_ignores_the_session_manager(self) -> None:
         folder = self.desktop.folder("hung")
         bus, manager = (self.listen(folder / name) for name in ("bus", "manager"))
         program = self.desktop.processes.start([os.environ["CORVANE_PROGRAM"]], {
@@ -78,7 +78,7 @@ class ASessionThatNeverAnswers(system_test.SystemTest):
 
 
 class ThePrivacyPolicy(system_test.SystemTest):
-    def test_is_all_there_is_in_the_help_menu_which_opens_it(self) -> None:
+    def test_is_the_only_help_item_and_opens_the_page(self) -> None:
         browser = Browser(self.desktop)
         window = self.open(**browser.environment).window
         window.choose(window.open_list(window.find(name="Help"), [POLICY]), POLICY)
@@ -100,13 +100,13 @@ class TheInstalledProgram(system_test.SystemTest):
         self.window = tuner.window
         tuner.wait_until_deaf()
 
-    def test_opens_the_privacy_page_that_was_installed_with_it(self) -> None:
+    def test_opens_its_installed_privacy_page(self) -> None:
         self.window.press(name=POLICY)
         page = self.prefix / "share" / "doc" / "corvane" / "privacy.html"
         self.assertEqual(self.browser.wait_for_addresses(1), [page.as_uri()])
         self.assertTrue(page.exists())
 
-    def test_has_a_window_that_taskbars_find_the_desktop_entry_and_the_icon_of(self) -> None:
+    def test_window_matches_its_desktop_entry_and_icon(self) -> None:
         entry = configparser.ConfigParser(interpolation=None)
         entry.read(self.prefix / "share/applications/org.corvane.Corvane.desktop")
         self.assertIn(f'"{entry["Desktop Entry"]["StartupWMClass"]}"',

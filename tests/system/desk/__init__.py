@@ -1,2 +1,2 @@
-"""A private desktop with sound, on which the tuner runs as it does on a person's: a display, a
-session bus, an accessibility bus, a window manager and a room with a microphone in it."""
+"""A private desktop for the tuner: a display, a session bus, an accessibility bus, a window manager, and an
+audio server with a microphone."""

@@ -1,4 +1,4 @@
-"""A browser, or another program, that only notes what it is to open."""
+"""A fake browser, or another program, that records what it is asked to open."""
 
 import os
 import pathlib
@@ -7,14 +7,14 @@ import urllib.parse
 from .desktop import PrivateDesktop
 from .waiting import wait_until
 
-# The desktop's own way to open an address, as far as a program can tell.
+# Replaces the desktop's URL opener.
 SCRIPT = """#!/bin/sh
 echo "$@" >> {note}
 """
 
 
 class Browser:
-    """`environment` is that of the programs that are to use it."""
+    """`environment`: for the programs that are to use it."""
 
     def __init__(self, desktop: PrivateDesktop, name: str = "xdg-open"):
         programs = desktop.folder("programs")
@@ -25,7 +25,7 @@ class Browser:
         self.environment = {"PATH": f"{programs}:{os.environ['PATH']}"}
 
     def wait_for_addresses(self, count: int) -> list[str]:
-        """All that it was to open, once there are so many."""
+        """The requested addresses, once there are `count`."""
         wait_until(lambda: self._text().count("\n") >= count,
                    lambda: f"opened is {self._text()}")
         return self._text().splitlines()
@@ -35,6 +35,6 @@ class Browser:
 
 
 def privacy_page() -> str:
-    """The address that the program was configured to open, seen from where it lies."""
+    """The configured address, relative to the program."""
     program = pathlib.Path(os.environ["CORVANE_PROGRAM"]).as_uri()
     return urllib.parse.urljoin(program, os.environ["CORVANE_PRIVACY_URL"])

@@ -1,4 +1,4 @@
-"""What the controls of the tuner's screen say, and the file in which a choice is kept."""
+"""The states of the tuner's controls, and the saved settings."""
 
 import pathlib
 
@@ -22,29 +22,29 @@ class Controls:
         self.config_home = config_home
 
     def tuning_face(self) -> Item:
-        """The control under the caption of the tuning, of which it has the left edge."""
+        """The control below the tuning's caption, aligned with its left edge."""
         items = self.window.items()
         caption = next(item for item in items if item.name in ("Tuning", "Mode"))
         return next(item for item in items if item.role in BUTTONS
                     and item.box.x == caption.box.x and item.box.y > caption.box.y)
 
     def strings(self) -> list[str]:
-        """The chips of the string row from left to right, but for "Auto"."""
+        """The chips of the string row from left to right, without "Auto"."""
         return [chip.name for chip in self._chips()[1:]]
 
     def wait_until_locked(self, name: str) -> None:
-        """Until this chip of the string row is marked, and no other one."""
+        """Until only this chip of the string row is marked."""
         wait_until(lambda: [chip.name for chip in self._chips() if chip.checked] == [name],
                    lambda: f"not {name} alone: {[(c.name, c.checked) for c in self._chips()]}")
 
     def wait_for_tuning(self, name: str, strings: str, **saved: str) -> None:
-        """Until it is on the screen, with these chips, and `saved`."""
+        """Until the tuning and these chips are on the screen, and `saved` is in the file."""
         self.wait_until_saved(**saved)
         wait_until(lambda: (self.tuning_face().name, self.strings()) == (name, strings.split()),
                    lambda: f"{self.tuning_face().name} is shown, {self.strings()}")
 
     def wait_for_pitch(self, hertz: int, title: str) -> None:
-        """Until it is on the screen and saved; the quick choice is marked that has this pitch."""
+        """Until the pitch is on the screen and saved, and its quick pitch, if any, is marked."""
         self.wait_until_saved(a4=str(hertz))
         wait_until(lambda: self._shows_pitch(f"A4  {hertz}", title, f"{hertz} Hz"),
                    lambda: f"{hertz} is not shown: {self.window.read()}")

@@ -19,11 +19,11 @@ _DESKTOP_PREFIXES = ("DBUS_", "AT_SPI_", "PULSE_", "PIPEWIRE_", "WIREPLUMBER_", 
 
 
 class PrivateDesktop(contextlib.ExitStack):
-    """A context that moves this process to a desktop of its own: inside, `os.environ` and so every
-    program that is started belong to it. Leaving it, also by SIGINT or SIGTERM, ends every program
-    on it and removes its files. One a process: the accessibility library binds to the first.
+    """A context that moves this process and the programs that it starts to a private desktop, through `os.environ`.
+    Leaving it, also by SIGINT or SIGTERM, ends every program on it and removes its files. One per process: the
+    accessibility library binds to the first.
 
-    Without `read_aloud` nobody asks programs for what a screen reader needs, which costs them."""
+    Without `read_aloud` no assistive technology is active, which saves the programs work."""
 
     def __init__(self, read_aloud: bool = True, screen: Size = SCREEN):
         super().__init__()
@@ -39,7 +39,7 @@ class PrivateDesktop(contextlib.ExitStack):
         return self
 
     def __exit__(self, *exception) -> bool | None:
-        # A second signal must not cut the cleaning up short.
+        # A second signal must not interrupt the cleanup.
         blocked = signal.pthread_sigmask(signal.SIG_BLOCK, {signal.SIGINT, signal.SIGTERM})
         try:
             return super().__exit__(*exception)
@@ -52,7 +52,7 @@ class PrivateDesktop(contextlib.ExitStack):
 
     @property
     def picture(self) -> pathlib.Path:
-        """What the display shows at every moment: a file in the format of xwd."""
+        """The display's current content, a memory-mapped file in the format of xwd."""
         return self.root / "Xvfb_screen0"
 
     def _open(self) -> None:
@@ -92,8 +92,8 @@ class PrivateDesktop(contextlib.ExitStack):
             "Xvfb", "-displayfd", "{fd}", "-screen", "0", f"{screen[0]}x{screen[1]}x24",
             "-nolisten", "tcp", "-noreset", *options)
         os.environ["DISPLAY"] = f":{number}"
-        # The first key changes the keyboard to that of xdotool. A window manager takes up its own
-        # keys anew when that happens, and loses one that is pressed meanwhile.
+        # The first key switches to xdotool's keyboard. The window manager then grabs its keys again, and
+        # would lose one pressed meanwhile.
         subprocess.run(["xdotool", "key", "Shift_L"], check=True, timeout=EVENTUALLY_SECONDS)
 
     def _start_session_bus(self) -> None:
@@ -121,7 +121,7 @@ class PrivateDesktop(contextlib.ExitStack):
                    lambda: self.processes.last_words(command[0]))
 
     def _start_and_read_line(self, *command: str) -> str:
-        """Starts a program that tells where it can be reached on the descriptor `{fd}`."""
+        """Starts a program that writes its address to the descriptor `{fd}`."""
         told, tell = os.pipe()
         with os.fdopen(told) as answer:
             try:

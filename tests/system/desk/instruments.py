@@ -1,4 +1,4 @@
-"""Sampled instruments: notes as a microphone would hear them, rendered from Debian's sound font."""
+"""Sampled instruments: notes rendered from Debian's sound font."""
 
 import array
 import dataclasses
@@ -12,7 +12,7 @@ SAMPLE_RATE = 48000
 PEAK = 0.5  # of full scale: a microphone near the instrument, with room left
 RELEASE_SECONDS = 0.2
 
-# A file that sets no tempo runs at 120 beats a minute.
+# The default tempo of a MIDI file is 120 beats a minute.
 TICKS_PER_BEAT = 500
 TICKS_PER_SECOND = 2 * TICKS_PER_BEAT
 VELOCITY = 100  # of 127: how hard it is played
@@ -26,7 +26,7 @@ GRAND_PIANO = 0
 
 @dataclasses.dataclass(frozen=True)
 class Note:
-    """`program` counts General MIDI from 0; `key` has A4 at 69."""
+    """`program`: General MIDI, from 0. `key`: A4 is 69."""
 
     program: int
     key: int
@@ -50,7 +50,7 @@ class Band:
     def _render(self, note: Note, path: pathlib.Path) -> None:
         score = path.with_suffix(".mid")
         score.write_bytes(_midi(note))
-        # Reverb and chorus would add a room and a second, detuned voice.
+        # Without reverb and chorus, which add a detuned voice.
         command = ["fluidsynth", "-n", "-i", "-q", "-R", "0", "-C", "0", "-g", "1.0",
                    "-r", str(SAMPLE_RATE), "-F", path, SOUND_FONT, score]
         done = subprocess.run(command, capture_output=True, text=True, timeout=60)
@@ -60,8 +60,8 @@ class Band:
 
 
 def _trim_and_level(path: pathlib.Path, frames: int) -> None:
-    """Cuts off the seconds of silence that fluidsynth leaves for its reverb, and makes the loudest
-    sample `PEAK`: the instruments differ by a factor of ten."""
+    """Removes the silence that fluidsynth appends for its reverb, and scales the loudest sample to `PEAK`: the
+    instruments differ by a factor of ten."""
     with wave.open(str(path)) as rendered:
         form = rendered.getparams()
         samples = array.array("h", rendered.readframes(frames))
@@ -75,8 +75,8 @@ def _trim_and_level(path: pathlib.Path, frames: int) -> None:
 
 
 def _midi(note: Note) -> bytes:
-    """The smallest Standard MIDI File that holds the note, detuned from -200 to below 200 cents by a
-    pitch bend, to 0.025 cents."""
+    """The smallest Standard MIDI File with the note, detuned by -200 to below 200 cents with a pitch bend, to
+    0.025 cents."""
     bend = BEND_CENTRE + round(note.detune_cents / BEND_CENTS * BEND_CENTRE)
     if not 0 <= bend < 2 * BEND_CENTRE:
         raise ValueError(f"{note.detune_cents} cents is more than a pitch bend can do")
@@ -92,5 +92,5 @@ def _midi(note: Note) -> bytes:
 
 
 def _event(ticks: int, *message: int) -> bytes:
-    """`ticks` after the one before, in seven bits a byte, all but the last with the top bit set."""
+    """`ticks` after the previous event, as a variable-length quantity."""
     return bytes([0x80 | ticks >> 7, ticks & 0x7F, *message])

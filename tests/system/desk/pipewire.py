@@ -1,12 +1,11 @@
-"""The room on PipeWire, reached through its PulseAudio side."""
+"""The room on PipeWire, used through its PulseAudio interface."""
 
 import pathlib
 
 from .desktop import PrivateDesktop
 from .room import MICROPHONE, SPEAKER, Room
 
-# The session manager would otherwise take hold of the machine's own sound cards. It looks for the
-# first in version 0.4 and for the second from 0.5 on.
+# Keeps WirePlumber, 0.4 and 0.5, from using the machine's sound cards.
 _NO_SOUND_CARDS = {
     "main.lua.d/51-no-sound-cards.lua": "alsa_monitor.enabled = false\n",
     "wireplumber.conf.d/51-no-sound-cards.conf":
@@ -23,10 +22,10 @@ class PipeWireRoom(Room):
 
     def open(self) -> None:
         self._start_server("pipewire")
-        # The two others end at once when there is nothing to connect to.
+        # The other two exit if they cannot connect.
         self._wait_for_answer("pw-link", "--output")
         self._start_server("wireplumber")
-        # It ends when a client that already looks for it makes this folder at the same moment.
+        # PipeWire exits if a searching client creates this directory at the same moment.
         pathlib.Path(self.environment["XDG_RUNTIME_DIR"], "pulse").mkdir(0o700, exist_ok=True)
         self._start_server("pipewire-pulse")
         self._wait_for_answer("pactl", "info")

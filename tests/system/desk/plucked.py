@@ -1,4 +1,4 @@
-"""A string whose pitch is known exactly and does not waver, as no sampled instrument's is."""
+"""A synthesised string with an exact, constant pitch, unlike sampled instruments."""
 
 import array
 import math
@@ -13,7 +13,7 @@ SECONDS = 1.2
 
 
 def write_plucked(path: pathlib.Path, key: int, cents: float = 0.0) -> pathlib.Path:
-    """`cents` off the note `key`, which counts from 69 for the A of 440 Hz."""
+    """Writes a string `cents` from the note `key` (69 is A, 440 Hz)."""
     hertz = 440 * 2 ** ((key - 69 + cents / 100) / 12)
     scale = 32767 * PEAK / sum(PARTIALS)
     with wave.open(str(path), "wb") as sound:

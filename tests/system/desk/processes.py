@@ -1,4 +1,4 @@
-"""The programs that a private desktop is made of, each of which ends with it."""
+"""The programs of a private desktop. Each ends with it."""
 
 import ctypes
 import os
@@ -16,13 +16,12 @@ _PR_SET_CHILD_SUBREAPER = 36
 
 
 class Processes:
-    """Starts programs, keeps what they print in `logs`, and ends all of them with everything that
-    they started themselves."""
+    """Starts programs, stores their output in `logs`, and ends them and their descendants."""
 
     def __init__(self, logs: pathlib.Path):
         self._logs = logs
         self._running: list[subprocess.Popen] = []
-        # What a service leaves behind becomes our child instead of being lost to init.
+        # Orphans of a service become our children instead of init's.
         _libc.prctl(_PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0)
 
     def start(self, command: list, env: dict[str, str] | None = None,
@@ -48,7 +47,7 @@ class Processes:
                 os.waitpid(pid, 0)
 
     def last_words(self, program: str | os.PathLike) -> str:
-        """The end of what `program` printed, for the report of a failure."""
+        """The end of the output of `program`, for failure reports."""
         log = self._log(program)
         lines = log.read_text(errors="replace").splitlines() if log.exists() else []
         return "\n".join([f"{program} printed:", *lines[-LOG_TAIL_LINES:]])
@@ -58,8 +57,7 @@ class Processes:
 
 
 def _die_with_parent() -> None:
-    """In the child before it becomes another program: even if this process is killed outright, by a
-    test's time limit say, no display or server of it stays."""
+    """In the child before exec: it ends even if this process is killed, for example by a test's timeout."""
     _libc.prctl(_PR_SET_PDEATHSIG, signal.SIGTERM, 0, 0, 0)
 
 

@@ -16,5 +16,5 @@ class PulseAudioRoom(Room):
             "load-module", "module-remap-source", f"master={SPEAKER}.monitor",
             f"source_name={MICROPHONE}").strip()
         self.control("set-default-source", MICROPHONE)
-        # A sink without hardware works in blocks of two seconds while nobody needs it sooner.
+        # A null sink works in blocks of two seconds unless a client requests a lower latency.
         self._start_server("parec", "--latency-msec=20", f"--device={MICROPHONE}", "/dev/null")

@@ -1,17 +1,17 @@
-"""What a microphone hears."""
+"""A recording of a microphone."""
 
 import array
 import cmath
 from typing import BinaryIO
 
-# In power: 20 dB. A quarter of a second of one tone leaks 31 dB less than itself to 46 Hz away, half
-# an octave from 110 Hz, and less to the octave, where an instrument's note has a partial.
+# Of the power: 20 dB. In a quarter of a second a tone leaks -31 dB to 46 Hz away, half an octave from 110 Hz, and
+# less to the octave, where an instrument's note has a partial.
 LOUDER = 100
 MOST_QUARTERS = 240
 
 
 class Recording:
-    """Of one channel of native 16-bit numbers, which `stream` gives as they are heard."""
+    """Reads one channel of native 16-bit samples from `stream` in real time."""
 
     RATE = 8000
 
@@ -19,8 +19,8 @@ class Recording:
         self._stream = stream
 
     def wait_for_tone(self, hertz: float) -> bool:
-        """True as soon as a quarter of a second holds this tone and neither another half an octave
-        away nor an octave; False when none of a minute does."""
+        """True once a quarter of a second has this tone and none half an octave or an octave away; False after a
+        minute."""
         quarters = (self.quarter() for _ in range(MOST_QUARTERS))
         return any(_power(quarter, hertz) > LOUDER * max(_power(quarter, hertz * 2 ** 0.5),
                                                          _power(quarter, hertz * 2))
@@ -32,6 +32,6 @@ class Recording:
 
 
 def _power(sound: array.array, hertz: float) -> float:
-    """How much of `sound` is a tone of `hertz`: its Fourier transform there, squared."""
+    """The power of `sound` at `hertz`: the squared Fourier transform."""
     step = -2j * cmath.pi * hertz / Recording.RATE
     return abs(sum(sample * cmath.exp(step * at) for at, sample in enumerate(sound))) ** 2

@@ -1,4 +1,4 @@
-"""A room: what is played in it is heard by its microphone. No sound card is touched."""
+"""A room: its virtual microphone records what is played to its virtual speaker."""
 
 import contextlib
 import json
@@ -20,8 +20,7 @@ REST_SECONDS = 0.25
 
 
 class Sound:
-    """What it was last told to be, over and over, with a rest in between: no block of what the tuner
-    measures has parts of two sounds in it."""
+    """Repeats the last sound given, with pauses, so that no block of the tuner has parts of two sounds."""
 
     def __init__(self, wav: pathlib.Path, player: subprocess.Popen):
         form, self._samples = _read(wav)
@@ -31,11 +30,11 @@ class Sound:
         self._feeder.start()
 
     def become(self, wav: pathlib.Path) -> None:
-        """`wav` has as many channels and samples a second as the first sound."""
+        """`wav` has the channel count and rate of the first sound."""
         self._samples = _read(wav)[1]
 
     def close(self) -> None:
-        """Once the player has ended."""
+        """Call after the player has ended."""
         self._feeder.join()
         self._player.stdin.close()
 
@@ -51,8 +50,7 @@ class Sound:
 
 
 class Room:
-    """An audio server of its own, for as long as the context lasts. `environment` is that of the
-    programs that are to use it."""
+    """A private audio server while the context lasts. `environment`: for the programs that are to use it."""
 
     def __init__(self, desktop: PrivateDesktop):
         self._desktop = desktop
@@ -80,13 +78,13 @@ class Room:
             self._desktop.processes.end(self._servers.pop())
 
     def crash(self) -> None:
-        """Ends the server without a goodbye to anybody; `open` has a new one."""
+        """Kills the server; `open` starts a new one."""
         for server in self._servers:
             server.kill()
         self.close()
 
     def plug_in(self) -> None:
-        """Gives the room its microphone."""
+        """Adds the microphone."""
         raise NotImplementedError
 
     def unplug(self) -> None:
@@ -94,7 +92,7 @@ class Room:
 
     @contextlib.contextmanager
     def sounding(self, wav: pathlib.Path) -> Iterator[Sound]:
-        """Plays `wav` over and over while the context lasts."""
+        """Repeats `wav` while the context lasts."""
         form, _ = _read(wav)
         player = self._desktop.processes.start(
             ["pacat", "--raw", f"--device={SPEAKER}", "--latency-msec=500", "--format=s16ne",
@@ -108,7 +106,7 @@ class Room:
 
     @contextlib.contextmanager
     def recording(self) -> Iterator[Recording]:
-        """What the microphone hears while the context lasts."""
+        """Records the microphone while the context lasts."""
         with subprocess.Popen(
                 ["parec", "--raw", "--format=s16ne", "--channels=1", f"--rate={Recording.RATE}",
                  "--latency-msec=20", f"--device={MICROPHONE}"], env=self.environment,
@@ -121,7 +119,7 @@ class Room:
                 recorder.terminate()
 
     def is_listening(self, process: subprocess.Popen) -> bool:
-        """Whether the server gives `process` the sound of a microphone at this moment."""
+        """Whether `process` is recording a microphone."""
         listing = self.control("--format=json", "list", "source-outputs")
         return any(output["properties"].get("application.process.id") == str(process.pid)
                    for output in json.loads(listing))
@@ -134,7 +132,7 @@ class Room:
         self._servers.append(self._desktop.processes.start(list(command), self.environment))
 
     def _wait_for_answer(self, *command: str) -> None:
-        """Repeats a command until the server, which starts on its own time, carries it out."""
+        """Repeats a command until the starting server executes it."""
         wait_until(lambda: subprocess.run(command, env=self.environment, capture_output=True,
                                           timeout=EVENTUALLY_SECONDS).returncode == 0,
                    lambda: f"no answer to {' '.join(command)}\n" + "\n".join(

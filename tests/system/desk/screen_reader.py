@@ -1,4 +1,4 @@
-"""What a blind user of the tuner hears: what its screen reader says of the events that reach it."""
+"""A screen reader: the texts that it speaks for the events that it receives."""
 
 import contextlib
 import time
@@ -11,16 +11,16 @@ from gi.repository import Atspi, GLib
 from .waiting import wait_until
 from .window import Window
 
-# Those that Orca, Debian's screen reader, asks for and answers with speech.
+# Events that Orca, Debian's screen reader, subscribes to and speaks.
 FOCUS = "object:state-changed:focused"
 SHOWING = "object:state-changed:showing"
 CHECKED = "object:state-changed:checked"
 VALUE = "object:property-change:accessible-value"
-# And those that a reader who asks again takes notice of.
+# Events that are not spoken but change what a review of the screen reads.
 NAME = "object:property-change:accessible-name"
 DESCRIPTION = "object:property-change:accessible-description"
 
-# Until Qt 6.8, a button that opens a menu has the role of any other.
+# Until Qt 6.8 a menu button has the role of a push button.
 BUTTONS = (pyatspi.ROLE_PUSH_BUTTON, pyatspi.ROLE_PUSH_BUTTON_MENU)
 ROLES = {**dict.fromkeys(BUTTONS, "button"), pyatspi.ROLE_RADIO_BUTTON: "radio button",
          pyatspi.ROLE_CHECK_BOX: "check box", pyatspi.ROLE_SPIN_BUTTON: "spin button",
@@ -31,7 +31,7 @@ STATES = {pyatspi.ROLE_RADIO_BUTTON: ("not selected", "selected"),
 
 
 class Change(NamedTuple):
-    """Of a text on the screen."""
+    """A changed text on the screen."""
 
     seconds: float  # of the monotonic clock, no earlier than the change
     kind: str
@@ -39,8 +39,8 @@ class Change(NamedTuple):
 
 
 class ScreenReader:
-    """Listens to every program of the desktop from now on. Events arrive while one of its waits
-    goes on, none is lost, and their order is that in which they happened."""
+    """Receives the events of all programs on the desktop, in order, without loss. Events arrive only during its
+    waits."""
 
     def __init__(self) -> None:
         self.words: list[str] = []  # that were said
@@ -56,15 +56,15 @@ class ScreenReader:
                    lambda: f"said is {self.words}, changed {self.changes}, keys {self.focused()}")
 
     def wait_for_words(self, words: str) -> None:
-        """Until this is said, since the last `forget`."""
+        """Until this was spoken since the last `forget`."""
         self.wait_for(lambda: words in self.words)
 
     def wait_until_focused(self, name: str) -> None:
-        """Until the keyboard is at an item of this name."""
+        """Until an item of this name has the focus."""
         self.wait_for(lambda: self.focused() == name)
 
     def tab_to(self, window: Window, name: str, key: str = "Tab") -> None:
-        """Goes to an item with the key for it, past every other one at most once."""
+        """Presses `key` until the item has the focus, at most once around."""
         for _ in window.items():
             before = self.focused()
             window.keys(key)
@@ -74,19 +74,19 @@ class ScreenReader:
         raise LookupError(f"the keyboard does not get to {name}")
 
     def focused(self) -> str:
-        """The name of the item that has the keyboard."""
+        """The name of the focused item."""
         with contextlib.suppress(GLib.Error):
             return self._focused.name if self._focused else ""
         return ""
 
     def forget(self, window: Window | None = None) -> None:
-        """All until now."""
+        """Drops all events until now."""
         self.hear_out(window)
         self.words.clear()
         self.changes.clear()
 
     def hear_out(self, window: Window | None) -> None:
-        """What happened in the window before it answers a question comes before the answer."""
+        """Receives pending events: those sent before the window answers a query arrive before the answer."""
         if window:
             window.frame()
         self.listen()
@@ -111,7 +111,7 @@ class ScreenReader:
         return in_words(event.source)
 
     def _on_showing(self, event: Atspi.Event) -> str:
-        """Only of what appears in order to be read."""
+        """Only notifications are spoken when they appear."""
         is_told = event.detail1 and event.source.getRole() == pyatspi.ROLE_NOTIFICATION
         return event.source.name if is_told else ""
 
@@ -123,7 +123,7 @@ class ScreenReader:
 
 
 def in_words(item: pyatspi.Accessible) -> str:
-    """Its name, what it is, in which state, and what else there is to say of it."""
+    """Its name, value, state, role and description."""
     parts = (item.name, value(item), state(item), ROLES.get(item.getRole(), ""), item.description)
     return ", ".join(part for part in parts if part)
 

@@ -1,4 +1,4 @@
-"""The four preferences, in the file in which the tuner keeps them."""
+"""The tuner's settings file."""
 
 import configparser
 import pathlib
@@ -19,7 +19,7 @@ def write_settings(config_home: pathlib.Path, instrument: str, tuning: str,
 
 
 def read_settings(config_home: pathlib.Path) -> dict[str, str]:
-    """Every key with its value as it is written; nothing while there is no file."""
+    """All keys with their values as text; empty without a file."""
     parser = configparser.ConfigParser(interpolation=None)
     parser.read(settings_file(config_home), encoding="utf-8")
     return dict(parser[GROUP]) if parser.has_section(GROUP) else {}

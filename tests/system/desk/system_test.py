@@ -1,4 +1,4 @@
-"""What the tests of the whole program have in common."""
+"""The base of the tests of the whole program."""
 
 import os
 import pathlib
@@ -17,7 +17,7 @@ from .settings import write_settings
 from .tuner import Tuner
 from .window import Reading, cents, note, xdotool
 
-# Of the window, in points.
+# In points.
 MENU_BAR = 28
 FIRST_SIZE = (480, 860 + MENU_BAR)
 SMALLEST = (420, 680 + MENU_BAR)
@@ -31,15 +31,15 @@ class SystemTest(unittest.TestCase):
     _room: ClassVar[PulseAudioRoom | None] = None
 
     def enter_room(self) -> PulseAudioRoom:
-        """All tests of a program are in the same."""
+        """Returns the room, shared by all tests of this process."""
         if not SystemTest._room:
             SystemTest._room = self.desktop.enter_context(PulseAudioRoom(self.desktop))
         return SystemTest._room
 
     def open(self, room: Room | None = None, instrument: str = "guitar",
              tuning: str = "g6-standard", a4: int = 440, **variables: str) -> Tuner:
-        """The program with these preferences of a right-handed player, in front of everything, once
-        it listens, or says without a room that it cannot."""
+        """Starts the program with these preferences in the foreground. Returns once it listens, or without a
+        room shows that there is no microphone."""
         self.config_home = self.desktop.folder("config")
         write_settings(self.config_home, instrument, tuning, a4)
         return self.open_again(room, **variables)
@@ -59,7 +59,7 @@ class SystemTest(unittest.TestCase):
         return tuner
 
     def open_other_window(self) -> None:
-        """In front of the program's, all of which it covers."""
+        """Opens a window that covers the program's."""
         other = self.desktop.processes.start(["xev", "-geometry", "{}x{}".format(*SCREEN)])
         self.addCleanup(self.desktop.processes.end, other)
         go_to_other_window()
@@ -69,7 +69,7 @@ class SystemTest(unittest.TestCase):
 
     def hear(self, tuner: Tuner, room: Room, wav: pathlib.Path, name: str,
              status: str | None = None, off: float = 0.0, most_off: float = 1.0) -> Reading:
-        """Plays the sound over and over until it is read as this note, so many cents off."""
+        """Repeats the sound until it is read as this note with this deviation in cents."""
         def is_read(shown: Reading) -> bool:
             return (note(shown) == name and status in (None, shown["Status"])
                     and abs(cents(shown) - off) <= most_off)

@@ -1,4 +1,4 @@
-"""What a program asks of the system: its files, its connections and the programs it starts."""
+"""System calls of a program: files, connections and started programs."""
 
 import collections
 import itertools
@@ -10,7 +10,7 @@ from typing import NamedTuple
 
 from .waiting import wait_until
 
-# Whatever names a file, a program or an address. A name that is tried in vain is recorded too.
+# All calls with a file name, a program or an address, including those that fail.
 CALLS = "%file,%process,connect,bind,listen,sendto,sendmsg"
 WRITING = ("O_WRONLY", "O_RDWR", "O_CREAT", "O_TRUNC", "O_APPEND")
 CHANGING = ("rename", "renameat", "renameat2", "unlink", "unlinkat", "mkdir", "mkdirat", "link",
@@ -32,13 +32,12 @@ class Call(NamedTuple):
 
     @property
     def texts(self) -> list[str]:
-        """The names of files among the arguments."""
+        """The strings among the arguments."""
         return TEXT.findall(self.arguments)
 
 
 class Trace:
-    """Runs `program` in `directory`, with a record of its calls in `folder`, when `command` is
-    started. The process that is started so becomes the program."""
+    """`command` runs `program` in `directory` in the same process and records its calls in `folder`."""
 
     def __init__(self, folder: pathlib.Path, program: pathlib.Path, directory: pathlib.Path):
         self._program = str(program)
@@ -52,7 +51,7 @@ class Trace:
         self.command.chmod(0o755)
 
     def wait_until_complete(self) -> None:
-        """Each thread's record ends with a word about its end."""
+        """Until each thread's record ends with its exit."""
         wait_until(lambda: all(text.rstrip().endswith("+++") for text in self._texts()),
                    lambda: "the record of the program's calls has no end")
 
@@ -61,19 +60,18 @@ class Trace:
         return sorted(found)
 
     def connections(self) -> set[str]:
-        """The addresses that were connected to or sent to: a socket's path, "@" and an abstract
-        name, or, of other families, all that was said."""
+        """The addresses connected or sent to: a socket's path, "@" and an abstract name, or for other families
+        the whole address."""
         return {_address(call.arguments) for call in self.calls()
                 if call.name in ("connect", "bind", "sendto", "sendmsg")
                 and "sa_family=" in call.arguments}
 
     def started(self) -> list[Call]:
-        """What became of this process and its children, in order."""
+        """The programs that this process and its children executed, in order."""
         return [call for call in self.calls() if call.becomes_a_program]
 
     def written(self) -> dict[str, set[str]]:
-        """By the name of each file that the program itself opened for writing, made, renamed or
-        removed, how."""
+        """Each file that the program itself opened for writing, created, renamed or removed, with the calls."""
         files = collections.defaultdict(set)
         for call in self._own_calls():
             opens = call.name in ("open", "openat") and any(flag in call.arguments
@@ -84,12 +82,12 @@ class Trace:
         return files
 
     def tried(self) -> set[str]:
-        """Every file that the program itself asked for, whether it was there or not."""
+        """All files that the program itself tried to open, existing or not."""
         return {name for call in self._own_calls()
                 if not call.name.startswith(("exec", "send", "connect")) for name in call.texts}
 
     def _own_calls(self) -> Iterator[Call]:
-        """Without what a process did once it had become another program."""
+        """Without the calls after a process executed another program."""
         for text in self._texts():
             yield from itertools.takewhile(self._is_own, _calls(text))
 

@@ -1,4 +1,4 @@
-"""The program under test, running on the private desktop."""
+"""The program under test on the private desktop."""
 
 import pathlib
 
@@ -10,8 +10,8 @@ from .window import Window
 
 
 class Tuner:
-    """`program` with its preferences in `config_home`, hearing what the audio server of
-    `environment` lets it hear. Within the context its window is on the screen."""
+    """Runs `program` with its preferences in `config_home` and the audio server of `environment`. Its window is on
+    the screen while the context lasts."""
 
     def __init__(self, desktop: PrivateDesktop, program: pathlib.Path, config_home: pathlib.Path,
                  environment: dict[str, str]):
@@ -37,11 +37,11 @@ class Tuner:
                    lambda: f"listening should be {listening}\n{self._last_words()}")
 
     def wait_until_deaf(self) -> None:
-        """Until it says that there is no microphone, and everything has made room for that."""
+        """Until it shows that there is no microphone, and the layout has settled."""
         wait_until(lambda: self._has_in_order(PLAY, ALLOW, POLICY), self._last_words)
 
     def quit(self) -> int:
-        """Closes the window; the program's exit status."""
+        """Closes the window and returns the exit status."""
         self.window.close()
         return self.process.wait(EVENTUALLY_SECONDS)
 
@@ -51,7 +51,7 @@ class Tuner:
         return self._has_in_order(PLAY, POLICY)
 
     def _has_in_order(self, *names: str) -> bool:
-        """From top to bottom, and nowhere before the screen has been laid out."""
+        """Whether the items are laid out in this order from top to bottom."""
         tops = {item.box.y: item.name for item in self.window.items() if item.name in names}
         return [tops[top] for top in sorted(tops)] == list(names)
 

@@ -6,13 +6,13 @@ from typing import TypeVar
 
 Result = TypeVar("Result")
 
-# Not a measure of anything: only a test that fails waits so long, on the busiest machine too.
+# Only a failing test waits this long, also on a busy machine.
 EVENTUALLY_SECONDS = 120
 POLL_SECONDS = 0.02
 
 
 def wait_until(condition: Callable[[], Result], complaint: Callable[[], str]) -> Result:
-    """The first true result of `condition`; TimeoutError with `complaint` when none comes."""
+    """The first true result of `condition`. Raises TimeoutError with `complaint` if there is none."""
     deadline = time.monotonic() + EVENTUALLY_SECONDS
     while not (result := condition()):
         if time.monotonic() > deadline:

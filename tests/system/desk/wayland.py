@@ -1,4 +1,4 @@
-"""Wayland displays of their own on the private desktop."""
+"""Private Wayland displays."""
 
 import os
 import subprocess
@@ -11,8 +11,8 @@ SOCKET = "wayland-corvane"
 
 
 class WaylandDisplay:
-    """For as long as the context lasts; `environment` is that of the programs that are to use it.
-    Nobody sees it, and it has no mouse and no keyboard."""
+    """A headless display without mouse and keyboard while the context lasts. `environment`: for the programs that
+    are to use it."""
 
     _backend = "headless"
 
@@ -37,17 +37,17 @@ class WaylandDisplay:
         self._desktop.processes.end(self._weston)
 
     def _is_ready(self) -> bool:
-        """Not merely the socket: the first answer."""
+        """Whether it answers; the socket alone does not suffice."""
         return (self._folder / SOCKET).exists() and subprocess.run(
             ["wayland-info"], env=self.environment, capture_output=True).returncode == 0
 
 
-# Of the tuner's smallest window, where the display has no room to put it elsewhere.
+# In a display just large enough for the tuner's smallest window.
 _CLOSE_BUTTON = (470, 47)
 
 
 class WaylandWindow(WaylandDisplay):
-    """A display in a window of the X11 desktop, which has room for one of the tuner alone."""
+    """A display in a window of the X11 desktop, with room for one window of the tuner."""
 
     _backend = "x11"
 
@@ -55,8 +55,8 @@ class WaylandWindow(WaylandDisplay):
         super().__init__(desktop, (486, 760))
 
     def close_window(self) -> None:
-        """Presses the button in the tuner's frame, if it is there yet."""
-        # The compositor takes the mouse's place anew when it comes in.
+        """Clicks the close button of the tuner's frame, if present."""
+        # The compositor updates the pointer position when it enters.
         xdotool("mousemove", "0", "0")
         xdotool("mousemove", "--window", xdotool("getactivewindow").strip(),
                 *map(str, _CLOSE_BUTTON), "click", "1")

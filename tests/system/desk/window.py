@@ -1,4 +1,4 @@
-"""The tuner's window, read as a screen reader reads it and used with the mouse and the keys."""
+"""The tuner's window, read through the accessibility interface and operated with mouse and keys."""
 
 import contextlib
 import functools
@@ -16,16 +16,16 @@ from .waiting import EVENTUALLY_SECONDS, wait_until
 Reading = dict[str, str]  # the name of each item that has a description, by the latter
 
 VERDICTS = ("In tune", "Flat", "Sharp")
-# What is in a list; the toolkit tells the second of an item of any list.
+# The roles of items in a list; Qt uses the second for items of any list.
 IN_LISTS = (pyatspi.ROLE_MENU_ITEM, pyatspi.ROLE_LIST_ITEM, pyatspi.ROLE_HEADING)
 LEFT_BUTTON = "1"
 LEAD = 5
-# A place is told in whole pixels, whose sum may be one off on each side.
+# Positions and sizes are rounded to whole pixels.
 MOST_PIXELS_OFF = 2
 
 
 class Box(NamedTuple):
-    """In pixels of the screen, from its upper left corner."""
+    """In pixels, from the upper left corner of the screen."""
 
     x: int
     y: int
@@ -46,7 +46,7 @@ class Box(NamedTuple):
 
 
 class Item:
-    """What a screen reader is told of `found`, in the state in which it was found."""
+    """The accessible properties of `found` when it was found."""
 
     def __init__(self, found: pyatspi.Accessible, states: pyatspi.StateSet):
         self._found = found
@@ -54,7 +54,7 @@ class Item:
         self.name = found.name
         self.checked = states.contains(pyatspi.STATE_CHECKED)
 
-    # Asked only when it is wanted: each question is a message to the program and back.
+    # Lazy: each query is a round trip to the program.
     @functools.cached_property
     def toolkit(self) -> tuple[int, int]:
         """The version of Qt."""
@@ -69,27 +69,27 @@ class Item:
 
     @functools.cached_property
     def box(self) -> Box:
-        """Empty when the item takes up no room, as when it has gone away since."""
+        """Empty if the item has no size or no longer exists."""
         with contextlib.suppress(GLib.Error, NotImplementedError):
             place = self._found.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
             return Box(place.x, place.y, place.width, place.height)
         return Box(0, 0, 0, 0)
 
     def invoke(self, action: str) -> bool:
-        """Does what a screen reader does to press it; False when it has no such action."""
+        """Invokes an action, as a screen reader does. False if the item does not have it."""
         actions = self._found.queryAction()
         names = [actions.getName(index) for index in range(actions.nActions)]
         return action in names and actions.doAction(names.index(action))
 
 
 class Window:
-    """The window of process `pid`, which need not be there yet."""
+    """The window of process `pid`, which may not exist yet."""
 
     def __init__(self, pid: int):
         self._pid = pid
 
     def items(self) -> list[Item]:
-        """Those that show; empty while there is no window."""
+        """The visible items; empty without a window."""
         try:
             return [Item(found, states) for found in self._all()
                     if (states := found.getState()).contains(pyatspi.STATE_SHOWING)]
@@ -104,7 +104,7 @@ class Window:
                 if item.name and item.description}
 
     def wait_for(self, condition: Callable[[Reading], bool]) -> Reading:
-        """The first reading that fulfils `condition`."""
+        """The first reading for which `condition` holds."""
         last: Reading = {}
 
         def is_fulfilled() -> bool:
@@ -116,8 +116,8 @@ class Window:
         return last
 
     def wait_for_note(self, is_right: Callable[[Reading], bool]) -> Reading:
-        """The reading of a note with which `LEAD` more of them have been right than wrong: a pluck may
-        be read as anything, and a look takes as long as the machine lets it."""
+        """The reading with which right readings lead wrong ones by `LEAD`: a pluck may be misread, and polling has
+        no fixed rate."""
         lead = 0
 
         def leads(shown: Reading) -> bool:
@@ -129,7 +129,7 @@ class Window:
         return self.wait_for(leads)
 
     def find(self, **wanted) -> Item:
-        """The one item that has these values, as soon as there is exactly one."""
+        """The item with these values, once there is exactly one."""
         found: list[Item] = []
 
         def is_there() -> bool:
@@ -150,15 +150,15 @@ class Window:
         return [item.name for item in self._wait_for_items() if item.role == role]
 
     def frame(self) -> Box:
-        """Where the window's own area is, without what the window manager puts around it."""
+        """The window's area without its frame."""
         return self.find(role=pyatspi.ROLE_FRAME).box
 
     def wait_for_size(self, size: tuple[int, int]) -> None:
         wait_until(lambda: self.frame()[2:] == size, lambda: f"the window is {self.frame()}")
 
     def outside(self, enlarged: float = 1) -> list[str]:
-        """What is not inside the window. The places of enlarged items are told as they are drawn,
-        but their sizes up to Qt 6.8 as they were before."""
+        """The items outside the window. Up to Qt 6.8 scaled items are reported at their drawn position but with
+        their unscaled size."""
         frame, *items = self._wait_for_items()
         if frame.toolkit > (6, 8):
             enlarged = 1
@@ -171,13 +171,13 @@ class Window:
         self.click(self.find(**wanted))
 
     def open_list(self, face: Item, names: list[str]) -> list[Item]:
-        """Clicks the control that has a list; its headings and entries, also those that it would have
-        to scroll to, as soon as they have these names from top to bottom."""
+        """Clicks the control of a list and waits for these headings and entries, from top to bottom, including
+        those out of view."""
         self.click(face)
         listed: list[Item] = []
 
         def is_there() -> bool:
-            # The list comes last, because it is over everything.
+            # The list is last, because it is on top.
             inside = itertools.dropwhile(lambda item: item.role != pyatspi.ROLE_POPUP_MENU, self.items())
             listed[:] = sorted((item for item in inside if item.role in IN_LISTS),
                                key=lambda item: item.box.y)
@@ -187,7 +187,7 @@ class Window:
         return listed
 
     def choose(self, entries: list[Item], title: str) -> None:
-        """Clicks the entry of this title in an open list, where it is in view."""
+        """Clicks the entry of this title, which must be in view, in an open list."""
         self.click(next(entry for entry in entries if entry.name == title))
         self.wait_until_gone(role=pyatspi.ROLE_POPUP_MENU)
 
@@ -200,11 +200,11 @@ class Window:
         xdotool("key", *names)
 
     def rest_mouse(self) -> None:
-        """Moves it out of the way, to the lower right corner of the screen."""
+        """Moves the mouse to the lower right corner of the screen."""
         xdotool("mousemove", "9999", "9999")
 
     def resize(self, width: int, height: int) -> None:
-        """Asks for a size of the window's own area, in the upper left corner of the screen."""
+        """Resizes the window's area without its frame, in the upper left corner of the screen."""
         window = self._id()
         xdotool("windowmove", window, "0", "0", "windowsize", window, str(width), str(height))
 
@@ -212,11 +212,11 @@ class Window:
         xdotool("windowminimize", self._id())
 
     def activate(self) -> None:
-        """Brings it to the front, also when it is minimised."""
+        """Brings the window to the front, also if minimised."""
         xdotool("windowactivate", "--sync", self._id())
 
     def close(self) -> None:
-        """Presses the window manager's key for it."""
+        """Closes the window with the window manager's key."""
         self.activate()
         xdotool("key", "alt+F4")
 
@@ -231,12 +231,12 @@ class Window:
         return int(values["WIDTH"]), int(values["HEIGHT"])
 
     def property(self, name: str) -> str:
-        """What the window tells the window manager and taskbars of itself."""
+        """The X11 property as printed by xprop."""
         return subprocess.run(["xprop", "-id", self._id(), name], capture_output=True, text=True,
                               check=True).stdout
 
     def _id(self) -> str:
-        # The toolkit has windows of its own that never show; only this one has a title.
+        # Qt has hidden windows; only this one has a title.
         return xdotool("search", "--all", "--pid", str(self._pid), "--name", ".").split()[0]
 
     def _all(self) -> Iterator[pyatspi.Accessible]:
@@ -246,7 +246,7 @@ class Window:
 
 
 def _below(item: pyatspi.Accessible) -> Iterator[pyatspi.Accessible]:
-    # Not by iteration, which asks for the number of children before each of them.
+    # Iteration would query the number of children for each child.
     for index in range(item.get_child_count()):
         if child := item.get_child_at_index(index):
             yield child
@@ -258,7 +258,7 @@ def is_heard(reading: Reading) -> bool:
 
 
 def note(reading: Reading) -> str:
-    """The note with its octave: "E2"."""
+    """The note with its octave, such as "E2"."""
     return reading.get("Note", "") + reading.get("Octave", "")
 
 
@@ -267,6 +267,6 @@ def cents(reading: Reading) -> float:
 
 
 def xdotool(*command: str) -> str:
-    """What the command prints."""
+    """The command's output."""
     return subprocess.run(["xdotool", *command], check=True, timeout=EVENTUALLY_SECONDS,
                           capture_output=True, text=True).stdout
