@@ -9,10 +9,11 @@
 namespace corvane {
 namespace {
 
-/// Whatever is not plain was not written by us.
-SettingsText::Values plainValues(const SettingsFile& file) {
-  auto values = file.read().value_or(SettingsText::Values());
-  std::erase_if(values, [](const auto& entry) { return !SettingsText::isPlain(entry.second); });
+/// What this program writes, and what it accepts from a file.
+SettingsText::Values onlyPlain(SettingsText::Values values) {
+  std::erase_if(values, [](const auto& entry) {
+    return !SettingsText::isPlain(entry.first) || !SettingsText::isPlain(entry.second);
+  });
   return values;
 }
 
@@ -31,7 +32,8 @@ QString QtPreferences::defaultPath() {
 }
 
 QtPreferences::QtPreferences(const QString& path)
-    : values(plainValues(SettingsFile(path))), writer(SettingsFile(path)) {
+    : stored(onlyPlain(SettingsFile(path).read().value_or(SettingsText::Values()))),
+      writer(SettingsFile(path)) {
   saving.setSingleShot(true);
   saving.callOnTimeout([this] { save(); });
 }
@@ -41,9 +43,11 @@ QtPreferences::~QtPreferences() {
 }
 
 std::optional<QByteArray> QtPreferences::text(std::string_view key) const {
-  const auto found = values.find(bytes(key));
-  if (found == values.end()) return std::nullopt;
-  return found->second;
+  for (const auto* values : {&chosen, &stored}) {
+    const auto found = values->find(bytes(key));
+    if (found != values->end()) return found->second;
+  }
+  return std::nullopt;
 }
 
 std::optional<std::string> QtPreferences::string(std::string_view key) const {
@@ -81,16 +85,13 @@ void QtPreferences::setBoolean(std::string_view key, bool value) {
 }
 
 void QtPreferences::set(std::string_view key, const QByteArray& value) {
-  const QByteArray name = bytes(key);
-  values[name] = value;
-  if (!SettingsText::isPlain(name) || !SettingsText::isPlain(value)) return;
-  ours[name] = value;
+  chosen[bytes(key)] = value;
   handedOver = false;
   if (QCoreApplication::instance() != nullptr) saving.start(0);
 }
 
 void QtPreferences::save() {
-  if (!std::exchange(handedOver, true)) writer.write(ours);
+  if (!std::exchange(handedOver, true)) writer.write(onlyPlain(chosen));
 }
 
 }  // namespace corvane

@@ -38,9 +38,9 @@ class QtPreferences final : public Preferences {
   void set(std::string_view key, const QByteArray& value);
   void save();
 
-  SettingsText::Values values;
-  SettingsText::Values ours;  ///< those of `values` that were set
-  bool handedOver = true;     ///< as they are now
+  const SettingsText::Values stored;  ///< by the file when the program started
+  SettingsText::Values chosen;        ///< since then
+  bool handedOver = true;             ///< `chosen`, as it is now
   QTimer saving;
   SettingsWriter writer;
 };

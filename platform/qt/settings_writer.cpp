@@ -1,5 +1,6 @@
 #include "platform/qt/settings_writer.h"
 
+#include <chrono>
 #include <system_error>
 #include <utility>
 
@@ -9,71 +10,68 @@ namespace corvane {
 namespace {
 
 using std::chrono::milliseconds;
+using Outcome = SettingsFile::Outcome;
 
 /// Another program takes a few milliseconds to write, unless its disk is slow; a full disk may stay
 /// full for ever.
 constexpr milliseconds shortestPause{10};
 constexpr milliseconds longestPause{5000};
-constexpr milliseconds patienceInTheEnd{1000};
+constexpr milliseconds lastSaveTimeout{1000};
 
 }  // namespace
 
 SettingsWriter::~SettingsWriter() {
-  {
-    const std::lock_guard held(gate);
-    ending = true;
-  }
+  std::unique_lock held(gate);
+  ending = true;
   changed.notify_one();
+  held.unlock();
   if (thread.joinable()) thread.join();
-  takeValues({});
-  const auto end = std::chrono::steady_clock::now() + patienceInTheEnd;
-  while (save() == SettingsFile::Outcome::busy && std::chrono::steady_clock::now() < end) {
+  held.lock();
+  const auto end = std::chrono::steady_clock::now() + lastSaveTimeout;
+  while (save(held) == Outcome::busy && std::chrono::steady_clock::now() < end) {
     std::this_thread::sleep_for(shortestPause);
   }
 }
 
-void SettingsWriter::write(const SettingsText::Values& values) {
+void SettingsWriter::write(SettingsText::Values values) {
   {
     const std::lock_guard held(gate);
-    handedOver = values;
+    unsaved = std::move(values);
+    isNew = true;
   }
   changed.notify_one();
-  if (!thread.joinable()) start();
-}
-
-void SettingsWriter::start() try {
-  thread = std::thread([this] { run(); });
-} catch (const std::system_error&) {
-  // None is to be had now. The next change asks again, and the end saves everything.
+  if (thread.joinable()) return;
+  try {
+    thread = std::thread([this] { run(); });
+  } catch (const std::system_error&) {
+    // Thread creation failed; retry on the next change. The end saves everything.
+  }
 }
 
 void SettingsWriter::run() {
   BackOff pauses(shortestPause, longestPause);
-  std::optional<milliseconds> pause;
-  while (takeValues(pause)) {
-    const bool again = save() != SettingsFile::Outcome::done;
-    if (!again) pauses.reset();
-    pause = again ? std::optional(pauses.next()) : std::nullopt;
-  }
-}
-
-/// Waits for them, at most for `limit` if there is one; false in the end.
-bool SettingsWriter::takeValues(std::optional<milliseconds> limit) {
   std::unique_lock held(gate);
-  const auto something = [this] { return ending || !handedOver.empty(); };
-  if (limit) {
-    changed.wait_for(held, *limit, something);
-  } else {
-    changed.wait(held, something);
+  const auto woken = [this] { return ending || isNew; };
+  while (true) {
+    if (unsaved.empty() || isNew) {
+      changed.wait(held, woken);
+    } else {
+      changed.wait_for(held, pauses.next(), woken);
+    }
+    if (ending) return;
+    if (save(held) == Outcome::done) pauses.reset();
   }
-  if (!handedOver.empty()) unsaved = std::exchange(handedOver, {});
-  return !ending;
 }
 
-SettingsFile::Outcome SettingsWriter::save() {
-  if (unsaved.empty()) return SettingsFile::Outcome::done;
-  const auto outcome = file.change(unsaved);
-  if (outcome == SettingsFile::Outcome::done) unsaved.clear();
+/// Releases the lock while it writes. Values that arrive meanwhile replace those that failed.
+Outcome SettingsWriter::save(std::unique_lock<std::mutex>& held) {
+  isNew = false;
+  if (unsaved.empty()) return Outcome::done;
+  auto values = std::exchange(unsaved, {});
+  held.unlock();
+  const auto outcome = file.change(values);
+  held.lock();
+  if (outcome != Outcome::done && !isNew) unsaved = std::move(values);
   return outcome;
 }
 

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <chrono>
 #include <condition_variable>
 #include <mutex>
-#include <optional>
 #include <thread>
 #include <utility>
 
@@ -11,35 +9,32 @@
 
 namespace corvane {
 
-/// Puts values into a settings file on a thread of its own, so that nobody waits for the disk,
-/// which may take seconds while it has other work. What could not be written is tried again, ever
-/// less often, and once more in the end.
+/// Writes values into a settings file on its own thread, because a busy disk may take seconds. A
+/// failed save is retried, at growing intervals, and once more at the end.
 class SettingsWriter {
  public:
   explicit SettingsWriter(SettingsFile settings) : file(std::move(settings)) {}
-  /// Saves what is not in the file yet. Waits for a save that is under way, and up to a second for
+  /// Saves what is not in the file yet. Waits for a save in progress, and up to a second for
   /// another program that writes.
   ~SettingsWriter();
   SettingsWriter(const SettingsWriter&) = delete;
   SettingsWriter& operator=(const SettingsWriter&) = delete;
 
-  /// Returns at once; the values, in the place of those of the last call, will be in the file soon.
+  /// Returns at once; the values, which replace those of the last call, will be in the file soon.
   /// One thread only.
-  void write(const SettingsText::Values& values);
+  void write(SettingsText::Values values);
 
  private:
-  void start();
   void run();
-  bool takeValues(std::optional<std::chrono::milliseconds> limit);
-  SettingsFile::Outcome save();
+  SettingsFile::Outcome save(std::unique_lock<std::mutex>& held);
 
   const SettingsFile file;
   std::mutex gate;
   std::condition_variable changed;
-  SettingsText::Values handedOver;  ///< under `gate`; none once taken
-  bool ending = false;              ///< under `gate`
-  SettingsText::Values unsaved;     ///< of the thread, while there is one
-  std::thread thread;               ///< from the first change on
+  SettingsText::Values unsaved;  ///< under `gate`
+  bool isNew = false;            ///< under `gate`: no save of `unsaved` has begun
+  bool ending = false;           ///< under `gate`
+  std::thread thread;            ///< from the first change on
 };
 
 }  // namespace corvane
