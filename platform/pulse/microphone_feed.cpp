@@ -15,9 +15,9 @@ constexpr double secondsToSettle = 0.05;
 /// busy machine.
 constexpr double secondsToSettleAfterAStall = 0.5;
 /// A busy PulseAudio sends sound of the old device after the notice of the move, and even between
-/// sound of the new one. Each has at most `longestBreath` left, or there would have been silence.
+/// sound of the new one. Each has at most `silenceTimeout` left, or there would have been silence.
 constexpr double secondsToSettleAfterAMove =
-    2.0 * std::chrono::duration<double>(MicrophoneFeed::longestBreath).count();
+    2.0 * std::chrono::duration<double>(MicrophoneFeed::silenceTimeout).count();
 
 }  // namespace
 
@@ -36,7 +36,7 @@ void MicrophoneFeed::begin(const AudioFormat& format) {
 void MicrophoneFeed::expectSound(Timers& timers) {
   if (timer) return;
   timer.emplace(timers);
-  timer->arm(longestBreath, [this] { quiet(); });
+  timer->arm(silenceTimeout, [this] { quiet(); });
 }
 
 void MicrophoneFeed::append(const float* interleaved, std::size_t frames) {
@@ -44,7 +44,7 @@ void MicrophoneFeed::append(const float* interleaved, std::size_t frames) {
     interrupt();
     settle(secondsToSettleAfterAStall);
   }
-  if (timer) timer->arm(longestBreath, [this] { quiet(); });
+  if (timer) timer->arm(silenceTimeout, [this] { quiet(); });
   if (unsettled > 0) {
     unsettled -= std::min(unsettled, frames);
     return;
@@ -81,7 +81,7 @@ void MicrophoneFeed::end() {
 /// Nothing has come for too long.
 void MicrophoneFeed::quiet() {
   interrupt();
-  silence = longestBreath;
+  silence = silenceTimeout;
   keepSilence(firstSilentBuffers * bufferFrames);
 }
 

@@ -20,9 +20,9 @@ class MicrophoneFeed {
  public:
   /// How long we wait for sound before there is silence: longer than any device takes for a
   /// fragment, short enough that a note that has gone is not shown for a second.
-  static constexpr std::chrono::milliseconds longestBreath{500};
+  static constexpr std::chrono::milliseconds silenceTimeout{500};
 
-  /// `frames` is the length of every buffer. `silent` is told after `longestBreath` without sound,
+  /// `frames` is the length of every buffer. `silent` is told after `silenceTimeout` without sound,
   /// and then with every silent buffer, how long that has lasted. Any thread.
   MicrophoneFeed(std::uint32_t frames, AudioInput::Tap tap,
                  std::function<void(std::chrono::milliseconds)> silent);

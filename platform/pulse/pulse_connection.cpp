@@ -28,8 +28,7 @@ void PulseConnection::connect(Settled settled) {
 void PulseConnection::open() {
   attempt = std::make_shared<char>();
   loop.async([this, watching = observer()] {
-    if (loop.api() == nullptr) return watching.ended(PA_ERR_INTERNAL);
-    session = std::make_unique<PulseSession>(*loop.api(), loop.timers(), watching);
+    session = std::make_unique<PulseSession>(loop.api(), loop.timers(), watching);
   });
 }
 

@@ -41,7 +41,7 @@ class PulseConnection {
   const ServerFacts& facts() const { return currentFacts; }
 
   /// Asks the server unless it is connected or being asked; `state` stays as it is until the
-  /// outcome is known. That takes at most `patience`; then `settled` is called, never
+  /// outcome is known. That takes at most `serverTimeout`; then `settled` is called, never
   /// within this call, with the outcome.
   void connect(Settled settled);
 

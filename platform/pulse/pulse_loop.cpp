@@ -2,12 +2,10 @@
 
 #include <pthread.h>
 #include <signal.h>
-#include <sys/eventfd.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <chrono>
+#include <optional>
 #include <utility>
 
 #include "base/require.h"
@@ -16,9 +14,9 @@
 namespace corvane {
 namespace {
 
-constexpr std::chrono::milliseconds breather{10};
+constexpr std::chrono::milliseconds pollRetryDelay{10};
 
-/// A thread that takes no signals: they are the business of the threads that expect them.
+/// Starts a thread with all signals blocked: other threads handle them.
 std::thread startWithoutSignals(std::function<void()> body) {
   sigset_t every;
   sigset_t before;
@@ -29,34 +27,24 @@ std::thread startWithoutSignals(std::function<void()> body) {
   return started;
 }
 
-/// For `poll`: no earlier than `moment`, and -1 for the end of time.
-int millisecondsUntil(Clock::Time now, std::optional<Clock::Time> moment) {
+/// Rounded up, so that the timer is due after the wait; -1 for no limit.
+int microsecondsUntil(Clock::Time now, std::optional<Clock::Time> moment) {
   if (!moment) return -1;
-  const auto left = std::chrono::ceil<std::chrono::milliseconds>(*moment - now).count();
-  return static_cast<int>(std::clamp<std::int64_t>(left, 0, 1'000'000));
-}
-
-int sooner(int one, int other) {
-  return one < 0 || other < 0 ? std::max(one, other) : std::min(one, other);
-}
-
-void forget(int wakeup) {
-  eventfd_t count = 0;
-  eventfd_read(wakeup, &count);
+  const auto left = std::chrono::ceil<std::chrono::microseconds>(*moment - now).count();
+  return static_cast<int>(std::clamp<std::int64_t>(left, 0, 1'000'000'000));
 }
 
 }  // namespace
 
 PulseLoop::PulseLoop(const Clock& ofTimers)
-    : clock(ofTimers), wakeup(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), loopTimers(ofTimers) {
-  require(wakeup >= 0, "a descriptor is left to wake the audio thread");
+    : clock(ofTimers), loopTimers(ofTimers), mainloop(pa_mainloop_new(), pa_mainloop_free) {
+  require(mainloop != nullptr, "the program starts with file descriptors to spare");
   thread = startWithoutSignals([this] { run(); });
 }
 
 PulseLoop::~PulseLoop() {
   async([this] { over = true; });
   thread.join();
-  close(wakeup);
 }
 
 void PulseLoop::async(Job job) {
@@ -64,59 +52,30 @@ void PulseLoop::async(Job job) {
     const std::lock_guard held(lock);
     jobs.push_back(std::move(job));
   }
-  eventfd_write(wakeup, 1);
-}
-
-pa_mainloop_api* PulseLoop::api() const {
-  return mainloop == nullptr ? nullptr : pa_mainloop_get_api(mainloop.get());
+  pa_mainloop_wakeup(mainloop.get());
 }
 
 void PulseLoop::run() {
   beUrgent("corvane.pulse");
   while (!over) {
-    if (mainloop == nullptr) openMainloop();
-    runJobs();
-    if (over) break;
-    mainloop != nullptr ? iterate() : waitForJobs();
+    iterate();
     loopTimers.callDue();
+    runJobs();
   }
-  mainloop.reset();
 }
 
 void PulseLoop::iterate() {
-  pa_mainloop_iterate(mainloop.get(), 1, nullptr);
-}
-
-void PulseLoop::waitForJobs() {
-  pollfd jobsWaiting{.fd = wakeup, .events = POLLIN, .revents = 0};
-  wait(&jobsWaiting, 1, -1);
-  forget(wakeup);
-}
-
-/// Leaves none when the system has none for us: descriptors are short.
-void PulseLoop::openMainloop() {
-  mainloop.reset(pa_mainloop_new());
-  if (mainloop == nullptr) return;
-  pa_mainloop_set_poll_func(
-      mainloop.get(),
-      [](pollfd* descriptors, unsigned long count, int limit, void* loop) {
-        return static_cast<PulseLoop*>(loop)->wait(descriptors, count, limit);
-      },
-      this);
-  const auto wake = [](pa_mainloop_api*, pa_io_event*, int descriptor, pa_io_event_flags_t, void*) {
-    forget(descriptor);
-  };
-  api()->io_new(api(), wakeup, PA_IO_EVENT_INPUT, wake, nullptr);
-}
-
-/// Until something happens, a timer is due, or the time is up. A system that cannot tell what has
-/// happened is asked again.
-int PulseLoop::wait(pollfd* descriptors, unsigned long count, int limit) {
-  const int longest = sooner(limit, millisecondsUntil(clock.now(), loopTimers.next()));
-  const int ready = poll(descriptors, count, longest);
-  if (ready >= 0) return ready;
-  if (errno != EINTR) std::this_thread::sleep_for(breather);
-  return 0;
+  {
+    // Preparing discards earlier wake-ups, so no job may be added between the check and the call.
+    const std::lock_guard held(lock);
+    const int limit = jobs.empty() ? microsecondsUntil(clock.now(), loopTimers.next()) : 0;
+    pa_mainloop_prepare(mainloop.get(), limit);
+  }
+  if (pa_mainloop_poll(mainloop.get()) >= 0) {
+    pa_mainloop_dispatch(mainloop.get());
+  } else {
+    std::this_thread::sleep_for(pollRetryDelay);
+  }
 }
 
 void PulseLoop::runJobs() {

@@ -7,8 +7,6 @@
 #include <memory>
 #include <utility>
 
-#include "platform/pulse/patience.h"
-
 namespace corvane {
 namespace {
 
@@ -33,7 +31,7 @@ PulseSession::PulseSession(pa_mainloop_api& api, Timers& timers, Observer watchi
       context(newContext(api)),
       deadline(timers),
       again(timers) {
-  deadline.arm(patience, [this] { end(PA_ERR_TIMEOUT); });
+  deadline.arm(serverTimeout, [this] { end(PA_ERR_TIMEOUT); });
   connect();
 }
 
@@ -101,7 +99,7 @@ void PulseSession::report(const ServerFacts& facts) {
   if (outdated) return survey();
   // PipeWire chooses the default after it has told of the device, and at times without a word; one
   // that has nobody to choose never does.
-  if (!answers->isConclusive()) again.arm(secondThoughts.next(), [this] { survey(); });
+  if (!answers->isConclusive()) again.arm(surveyBackoff.next(), [this] { survey(); });
 }
 
 /// The answer comes by callback; without an operation there will be none.
@@ -124,7 +122,7 @@ void PulseSession::onState(pa_context*, void* session) {
 void PulseSession::onEvent(pa_context*, pa_subscription_event_type_t, std::uint32_t,
                            void* session) {
   auto* const self = static_cast<PulseSession*>(session);
-  self->secondThoughts.reset();
+  self->surveyBackoff.reset();
   self->survey();
 }
 

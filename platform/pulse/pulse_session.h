@@ -5,6 +5,7 @@
 #include <pulse/mainloop-api.h>
 #include <pulse/subscribe.h>
 
+#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -14,8 +15,12 @@
 
 namespace corvane {
 
+/// How long we wait for an answer of the server: long enough for a server that is being started,
+/// short enough for a user who waits.
+constexpr std::chrono::milliseconds serverTimeout{3000};
+
 /// One attempt at the audio server and, if it succeeds, the connection that follows. It ends when
-/// the server goes, refuses, or is silent for longer than `patience`; the next attempt
+/// the server goes, refuses, or is silent for longer than `serverTimeout`; the next attempt
 /// is a new session. Everything happens on the loop's thread.
 class PulseSession {
  public:
@@ -26,7 +31,6 @@ class PulseSession {
     std::function<void(int error)> ended;
   };
 
-  /// With both of a loop that has an api.
   PulseSession(pa_mainloop_api& api, Timers& timers, Observer observer);
   ~PulseSession();
   PulseSession(const PulseSession&) = delete;
@@ -55,7 +59,7 @@ class PulseSession {
   pa_context* const context;  ///< null when there is none to be had
   Timer deadline;
   Timer again;  ///< asks once more a server that has not made up its mind
-  BackOff secondThoughts{std::chrono::milliseconds(200), std::chrono::milliseconds(1000)};
+  BackOff surveyBackoff{std::chrono::milliseconds(200), std::chrono::milliseconds(1000)};
   bool surveying = false;
   bool outdated = false;  ///< something has changed since the survey under way began
   std::optional<ServerSurvey> answers;

@@ -5,8 +5,6 @@
 #include <cmath>
 #include <cstdint>
 
-#include "platform/pulse/patience.h"
-
 namespace corvane {
 namespace {
 
@@ -43,7 +41,7 @@ void PulseStream::open(PulseSession* server) {
 }
 
 void PulseStream::armDeadline(std::function<void()> then, std::chrono::milliseconds busy) {
-  deadline->arm(busy + patience, std::move(then));
+  deadline->arm(busy + serverTimeout, std::move(then));
 }
 
 void PulseStream::stateChanged() {

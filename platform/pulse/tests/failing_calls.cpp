@@ -2,7 +2,6 @@
 
 #include <pulse/context.h>
 #include <pulse/introspect.h>
-#include <pulse/mainloop.h>
 #include <pulse/proplist.h>
 #include <pulse/stream.h>
 #include <pulse/subscribe.h>
@@ -70,8 +69,6 @@ static bool fails(const char* function) {
     return __real_##function arguments;                                \
   }                                                                    \
   static_assert(true)
-
-CORVANE_WRAP(pa_mainloop*, pa_mainloop_new, (), (), nullptr);
 
 // A map that could not be made is at least empty.
 CORVANE_WRAP(pa_channel_map*, pa_channel_map_init_extend,

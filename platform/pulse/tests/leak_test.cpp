@@ -115,21 +115,22 @@ TEST_P(OutputLeak, PressingFasterThanTheServerAnswersLeavesNothingBehind) {
   for (int buffer = 2; buffer <= tones + 1; ++buffer) pressShortly(buffer);
 }
 
-/// While it exists, this process is given no more descriptors, but for the first `spare`.
+/// Until `end`, this process gets no more descriptors.
 class Shortage {
  public:
-  explicit Shortage(unsigned spare) {
+  Shortage() {
     getrlimit(RLIMIT_NOFILE, &before);
     const int lowestFree = dup(STDIN_FILENO);
     close(lowestFree);
     // The limit is on their numbers, of which the lowest is always taken.
-    const rlimit low{.rlim_cur = static_cast<rlim_t>(lowestFree) + spare,
-                     .rlim_max = before.rlim_max};
+    const rlimit low{.rlim_cur = static_cast<rlim_t>(lowestFree), .rlim_max = before.rlim_max};
     setrlimit(RLIMIT_NOFILE, &low);
   }
-  ~Shortage() { setrlimit(RLIMIT_NOFILE, &before); }
+  ~Shortage() { end(); }
   Shortage(const Shortage&) = delete;
   Shortage& operator=(const Shortage&) = delete;
+
+  void end() { setrlimit(RLIMIT_NOFILE, &before); }
 
  private:
   rlimit before{};
@@ -139,34 +140,22 @@ class Shortage {
 class Shortages : public PulseTest {
  protected:
   Shortages() { addMicrophone(); }
-
-  /// Asks during the shortage, which this ends.
-  void expectTheServerIsFoundAfter(std::optional<Shortage>& shortage, Client& program) {
-    int changes = 0;
-    const auto watch = program.connection->watch([&changes] { ++changes; });
-    EXPECT_EQ(program.ask(), true);
-    EXPECT_EQ(program.connection->state(), PulseConnection::State::unknown);
-    const int before = changes;
-    // Without being asked it tries once more, in vain.
-    program.advance(std::chrono::milliseconds(1000));
-    EXPECT_TRUE(program.pumpUntil([&] { return changes > before; }));
-    EXPECT_EQ(program.connection->state(), PulseConnection::State::unknown);
-    shortage.reset();
-    program.advance(std::chrono::milliseconds(1000));
-    EXPECT_TRUE(program.finds(stereo));
-  }
 };
 
-TEST_P(Shortages, OfDescriptorsForItsLoopLetTheProgramGoOnTrying) {
-  std::optional<Shortage> shortage(1);  // To wake its thread with.
-  Client program;
-  expectTheServerIsFoundAfter(shortage, program);
-}
-
 TEST_P(Shortages, OfADescriptorForTheConnectionLetTheProgramGoOnTrying) {
-  client.waitForTheLoop();  // Or it could not begin.
-  std::optional<Shortage> shortage(0);
-  expectTheServerIsFoundAfter(shortage, client);
+  Shortage shortage;
+  int changes = 0;
+  const auto watch = client.connection->watch([&changes] { ++changes; });
+  EXPECT_EQ(client.ask(), true);
+  EXPECT_EQ(client.connection->state(), PulseConnection::State::unknown);
+  const int before = changes;
+  // Without being asked it tries once more, in vain.
+  client.advance(std::chrono::milliseconds(1000));
+  EXPECT_TRUE(client.pumpUntil([&] { return changes > before; }));
+  EXPECT_EQ(client.connection->state(), PulseConnection::State::unknown);
+  shortage.end();
+  client.advance(std::chrono::milliseconds(1000));
+  EXPECT_TRUE(client.finds(stereo));
 }
 
 INSTANTIATE_TEST_SUITE_P(OnEitherServer, Leak, eitherServer(), serverName);

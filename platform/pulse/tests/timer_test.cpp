@@ -91,8 +91,8 @@ TEST(TimersOfALoop, ComeAfterTheOtherCallbacksOfTheSameMoment) {
   const std::function<void()> event = [&] { order += "event "; };
   loop.async([&] {
     timer.emplace(loop.timers());
-    loop.api()->io_new(
-        loop.api(), other, PA_IO_EVENT_INPUT,
+    loop.api().io_new(
+        &loop.api(), other, PA_IO_EVENT_INPUT,
         [](pa_mainloop_api* api, pa_io_event* io, int, pa_io_event_flags_t, void* job) {
           api->io_free(io);
           (*static_cast<const std::function<void()>*>(job))();
