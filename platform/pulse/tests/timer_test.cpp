@@ -80,8 +80,8 @@ TEST_F(TimerTest, ArmedByItsOwnJobCallsLater) {
   EXPECT_EQ(callsAfter(1ms), 1);
 }
 
-/// Whatever has happened comes before the timers, which it may have armed anew.
-TEST(TimersOfALoop, ComeAfterTheOtherCallbacksOfTheSameMoment) {
+/// Input may rearm a timer that is due.
+TEST(TimersOfALoop, RunAfterInputOfTheSameIteration) {
   TestClock clock;
   PulseLoop loop(clock);
   const int other = eventfd(1, EFD_CLOEXEC | EFD_NONBLOCK);
