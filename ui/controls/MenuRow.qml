@@ -10,26 +10,32 @@ FocusScope {
     required property string heading
     required property string title
     required property bool chosen
+    readonly property real sectionHeight: heading === "" ? 0 : 26
     readonly property MenuView list: ListView.view as MenuView
 
     width: list?.width ?? 0
-    height: section.height + entry.height
+    height: sectionHeight + entry.height
 
     function isEntryAt(y: real): bool {
         return y >= entry.y;
     }
 
-    MenuSection {
-        id: section
+    Label {
+        x: 10
+        y: root.sectionHeight - 4 - height
+        visible: text !== ""
+        text: root.heading
+        color: TunerTheme.muted
+        font.pixelSize: TypeScale.caption2
+        font.weight: Font.DemiBold
 
-        width: root.width
-        title: root.heading
+        Accessible.role: Accessible.Heading
     }
 
     MenuEntry {
         id: entry
 
-        y: section.height
+        y: root.sectionHeight
         width: root.width
         height: root.list?.entryHeight ?? 0
         title: root.title
