@@ -37,8 +37,23 @@ AudioFormat tapFormat(const AudioInput& input) {
 
 void TunerEngine::start() {
   const Call call(*this);
+  listen();
+  if (std::exchange(wanted, true)) return;
+  platform.audioInput->watch([weak = weak_from_this()] {
+    if (const auto engine = weak.lock()) engine->microphoneChanged();
+  });
+}
+
+void TunerEngine::listen() {
   listenIfAllowed();
   if (current.heard && !current.listening) hearSilence();
+}
+
+/// A start would end differently now.
+void TunerEngine::microphoneChanged() {
+  const Call call(*this);
+  if (current.listening) stopListening();
+  listen();
 }
 
 /// What was heard before the last stop is not heard now, and it may take long until something is,
@@ -53,6 +68,7 @@ void TunerEngine::listenIfAllowed() {
     case RecordPermission::denied:
       requestingMic = false;
       showMicrophoneDenied();
+      platform.microphonePermission->refresh();
       return;
     case RecordPermission::undetermined:
       requestMicrophone();
@@ -89,7 +105,7 @@ void TunerEngine::microphoneAnswered(bool granted) {
   if (granted || permission == RecordPermission::granted) {
     current.micAllowed = true;
     current.errorText = std::nullopt;
-    startEngine();
+    if (wanted) startEngine();  // The window may have gone meanwhile.
   } else if (permission == RecordPermission::denied) {
     showMicrophoneDenied();
   } else {
@@ -147,11 +163,24 @@ void TunerEngine::captureStarted(bool success) {
 
 void TunerEngine::stop() {
   const Call call(*this);
+  wanted = false;
+  platform.audioInput->watch(nullptr);
+  stopListening();
+}
+
+void TunerEngine::stopListening() {
   platform.audioInput->stop();
   platform.audioInput->reset();
   current.listening = false;
   current.playingReference = false;
   capture->reset();
+}
+
+void TunerEngine::allowMicrophone() {
+  requestingMic = false;
+  if (platform.microphonePermission->recordPermission() != RecordPermission::denied) return start();
+  platform.microphonePermission->refresh();
+  openMicSettings();
 }
 
 void TunerEngine::openMicSettings() {

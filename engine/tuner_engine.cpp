@@ -19,6 +19,7 @@ TunerEngine::TunerEngine(Platform outside, std::shared_ptr<PitchCapture> pipelin
 }
 
 TunerEngine::~TunerEngine() {
+  platform.audioInput->watch(nullptr);
   platform.audioInput->stop();
 }
 

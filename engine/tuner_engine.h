@@ -70,8 +70,9 @@ class TunerEngine : public std::enable_shared_from_this<TunerEngine> {
   /// listens at once, a note from before fades within a second.
   void start();
   void stop();
-  /// Forgets that a request is outstanding, so that the next `start` may ask again.
-  void abandonMicRequest() { requestingMic = false; }
+  /// Opens the settings if the microphone is denied. Otherwise starts, and asks again even if a
+  /// request is outstanding.
+  void allowMicrophone();
   /// Opens the system's microphone privacy settings, where the desktop has them.
   void openMicSettings();
 
@@ -120,7 +121,10 @@ class TunerEngine : public std::enable_shared_from_this<TunerEngine> {
   void dropForeignHighlight();
 
   // listening.cpp
+  void listen();
   void listenIfAllowed();
+  void stopListening();
+  void microphoneChanged();
   void hearSilence();
   void requestMicrophone();
   void microphoneAnswered(bool granted);
@@ -139,6 +143,7 @@ class TunerEngine : public std::enable_shared_from_this<TunerEngine> {
   Observers observers;
   int calls = 0;                         ///< nested calls into the engine
   std::shared_ptr<ApplySink> applySink;  ///< of the current run of capture
+  bool wanted = false;                   ///< from `start` to `stop`
   bool requestingMic = false;
   bool toneReady = false;
   std::vector<double> history;  ///< Hz, raw, oldest first, at most 5

@@ -37,6 +37,10 @@ void EngineSession::changeDevice() {
   world.input->answersLater = input.flag();
 }
 
+void EngineSession::reportDevice() {
+  if (const auto report = world.input->changed) report();
+}
+
 void EngineSession::answerStart() {
   if (!world.input->pendingStart) return;
   const auto started = std::exchange(world.input->pendingStart, nullptr);

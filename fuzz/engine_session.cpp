@@ -32,7 +32,7 @@ bool sameBits(double a, double b) {
 
 }  // namespace
 
-const EngineSession::Action EngineSession::actions[22] = {&EngineSession::chooseInstrument,
+const EngineSession::Action EngineSession::actions[23] = {&EngineSession::chooseInstrument,
                                                           &EngineSession::chooseTuning,
                                                           &EngineSession::lockOrRelease,
                                                           &EngineSession::choosePitch,
@@ -41,7 +41,7 @@ const EngineSession::Action EngineSession::actions[22] = {&EngineSession::choose
                                                           &EngineSession::stop,
                                                           &EngineSession::hideOrShow,
                                                           &EngineSession::openMicSettings,
-                                                          &EngineSession::abandonRequest,
+                                                          &EngineSession::allowMicrophone,
                                                           &EngineSession::pressReference,
                                                           &EngineSession::restart,
                                                           &EngineSession::changePermission,
@@ -53,7 +53,8 @@ const EngineSession::Action EngineSession::actions[22] = {&EngineSession::choose
                                                           &EngineSession::endTones,
                                                           &EngineSession::deliverReading,
                                                           &EngineSession::runMainThread,
-                                                          &EngineSession::letTimePass};
+                                                          &EngineSession::letTimePass,
+                                                          &EngineSession::reportDevice};
 
 EngineSession::EngineSession(Bytes bytes) : input(bytes) {
   launch();
@@ -75,10 +76,6 @@ void EngineSession::launch() {
   sink = std::make_unique<ApplySink>(engine, world.mainQueue);
   raw.clear();
   quietUntil = Clock::Time::min();
-  // As the window does: a permission granted while hidden must not leave the tuner listening.
-  hiding = engine->observe([this](const DisplayState&, const DisplayState&) {
-    if (engine->state().listening && !onScreen) engine->stop();
-  });
 }
 
 float EngineSession::moment() const {

@@ -37,7 +37,7 @@ class EngineSession {
   void stop();
   void hideOrShow();
   void openMicSettings();
-  void abandonRequest();
+  void allowMicrophone();
   void pressReference();
   void restart();
 
@@ -45,6 +45,7 @@ class EngineSession {
   void changePermission();
   void answerRequest();
   void changeDevice();
+  void reportDevice();
   void answerStart();
   void deliverSound();
   void changeOutput();
@@ -67,12 +68,11 @@ class EngineSession {
   /// Identifies the stretch of uninterrupted sound; blocks never join two of them.
   float moment() const;
 
-  static const Action actions[22];
+  static const Action actions[23];
 
   Bytes input;
   fakes::World world;
   std::shared_ptr<TunerEngine> engine;
-  std::shared_ptr<const void> hiding;
   std::unique_ptr<ApplySink> sink;
   bool onScreen = true;
   int gaps = 0;

@@ -81,8 +81,8 @@ void EngineSession::openMicSettings() {
           "the second address is tried only if the first fails");
 }
 
-void EngineSession::abandonRequest() {
-  engine->abandonMicRequest();
+void EngineSession::allowMicrophone() {
+  if (onScreen) engine->allowMicrophone();
 }
 
 /// Limited: a second of sine takes longer than a hundred other actions.
@@ -102,7 +102,6 @@ void EngineSession::pressReference() {
 
 /// Restarts the program, perhaps with other preferences than it saved.
 void EngineSession::restart() {
-  hiding.reset();
   sink.reset();
   std::weak_ptr<TunerEngine> gone = engine;
   engine.reset();

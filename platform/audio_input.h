@@ -49,6 +49,12 @@ class AudioInput {
   /// Starts delivering to the installed tap. `started` is called on the main thread, within this
   /// call when the outcome is known at once, later otherwise.
   virtual void start(Started started) = 0;
+
+  /// Calls `changed` when another start would end differently, until `watch` is called with null:
+  /// unless sound is being delivered, after each change of whether there is a microphone and
+  /// whether this program may use it; while sound is being delivered, once there has been none for
+  /// 1.5 s, since a device that is being replaced is back sooner.
+  virtual void watch(std::function<void()> changed) = 0;
 };
 
 }  // namespace corvane

@@ -19,6 +19,9 @@ class MicrophonePermission {
   /// What is known now; never waits. A system without the concept answers granted.
   virtual RecordPermission recordPermission() const = 0;
 
+  /// While denied, asks the system again in the background. `AudioInput::watch` reports a change.
+  virtual void refresh() = 0;
+
   /// Asks the system. `completion` is called once with the outcome, on any thread, also after the
   /// caller is gone.
   virtual void requestRecordPermission(std::function<void(bool granted)> completion) = 0;

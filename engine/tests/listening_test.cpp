@@ -1,44 +1,12 @@
-#include "engine/tests/engine_fixture.h"
+#include "engine/tests/listening_fixture.h"
 
 namespace corvane {
 namespace {
 
 using testing::ElementsAre;
-using Error = std::optional<std::string>;
 
-const Error none;
-const Error denied = "Microphone access is off. Allow Corvane under Settings, Privacy, Microphone.";
-const Error ask = "Tap Allow Microphone so Corvane can hear the note.";
-const Error noMicrophone = "No microphone is available.";
-const Error notStarted = "The microphone could not start.";
-
-const auto wholeStart = ElementsAre("stop", "reset", "installTap", "start");
-
-class Listening : public EngineTest {
+class Listening : public ListeningTest {
  protected:
-  void startWith(RecordPermission permission) {
-    world.permission->permission = permission;
-    engine->start();
-  }
-
-  void answer(bool granted, RecordPermission permission) {
-    world.permission->permission = permission;
-    world.permission->requests.back()(granted);
-    world.mainQueue->runAll();
-  }
-
-  void expectState(bool listening, bool allowed, const Error& error) {
-    EXPECT_EQ(engine->state().listening, listening);
-    EXPECT_EQ(engine->state().micAllowed, allowed);
-    EXPECT_EQ(engine->state().errorText, error);
-  }
-
-  std::vector<std::string> inputCallsOf(const std::function<void()>& action) {
-    world.input->calls.clear();
-    action();
-    return world.input->calls;
-  }
-
   /// `analysed` counts the blocks.
   void startExpectingBlocksOfOneValue() {
     capture = PitchCapture::create(std::make_unique<InlineQueue>(), [&](auto block, double) {
@@ -61,7 +29,7 @@ class Listening : public EngineTest {
 
 TEST_F(Listening, StartTaps4096FramesInTheFormatOfTheDevice) {
   world.input->input = {96000.0, 2};
-  EXPECT_THAT(inputCallsOf([this] { engine->start(); }), wholeStart);
+  EXPECT_THAT(inputCallsOf([this] { engine->start(); }), wholeStart());
   expectState(true, true, none);
   EXPECT_EQ(world.input->tapFrames, 4096U);
   EXPECT_EQ(world.input->tapFormat, (AudioFormat{96000.0, 2}));
@@ -72,91 +40,6 @@ TEST_F(Listening, StartWhileListeningOnlyRefreshesPermissionAndError) {
   EXPECT_THAT(inputCallsOf([this] { EXPECT_EQ(notifications([this] { engine->start(); }), 0); }),
               ElementsAre());
   expectState(true, true, none);
-}
-
-TEST_F(Listening, TwoStartsWhileUndeterminedSendOneRequest) {
-  startWith(RecordPermission::undetermined);
-  engine->start();
-  EXPECT_EQ(world.permission->requests.size(), 1U);
-  expectState(false, false, none);
-  engine->abandonMicRequest();
-  engine->start();
-  EXPECT_EQ(world.permission->requests.size(), 2U) << "an abandoned request may be sent again";
-}
-
-TEST_F(Listening, AnswerDecidesWhetherItListens) {
-  struct Answer {
-    bool granted;
-    RecordPermission permission;
-    bool listening;
-    Error error;
-  };
-  for (const Answer& each : {Answer{true, RecordPermission::granted, true, none},
-                             Answer{true, RecordPermission::undetermined, true, none},
-                             Answer{false, RecordPermission::denied, false, denied},
-                             Answer{false, RecordPermission::undetermined, false, ask}}) {
-    makeEngine();
-    startWith(RecordPermission::undetermined);
-    answer(each.granted, each.permission);
-    expectState(each.listening, each.listening, each.error);
-  }
-  startWith(RecordPermission::undetermined);
-  EXPECT_EQ(world.permission->requests.size(), 5U) << "the answer ended the request";
-  EXPECT_EQ(engine->state().errorText, none);
-}
-
-TEST_F(Listening, AnAnswerOfNoWhilePermissionReadsGrantedStartsCapture) {
-  startWith(RecordPermission::undetermined);
-  answer(false, RecordPermission::granted);
-  expectState(true, true, none);
-}
-
-TEST_F(Listening, AnswerRestartsATunerThatAlreadyRuns) {
-  startWith(RecordPermission::undetermined);
-  startWith(RecordPermission::granted);
-  ASSERT_TRUE(engine->state().listening);
-  EXPECT_THAT(inputCallsOf([this] { answer(true, RecordPermission::granted); }), wholeStart);
-}
-
-TEST_F(Listening, AGrantClearsTheErrorBeforeCaptureHasStarted) {
-  world.input->answersLater = true;
-  startWith(RecordPermission::undetermined);
-  startWith(RecordPermission::unknown);
-  ASSERT_EQ(engine->state().errorText, ask);
-  answer(true, RecordPermission::granted);
-  expectState(false, true, none);
-}
-
-TEST_F(Listening, AnAnswerAfterTheEngineIsGoneChangesNothing) {
-  startWith(RecordPermission::undetermined);
-  engine.reset();
-  EXPECT_THAT(inputCallsOf([this] { answer(true, RecordPermission::granted); }), ElementsAre());
-}
-
-TEST_F(Listening, StartWhileDeniedExplainsAndDoesNotListen) {
-  engine->start();
-  startWith(RecordPermission::denied);
-  expectState(false, false, denied);
-  startWith(RecordPermission::granted);
-  EXPECT_EQ(engine->state().errorText, none) << "permission granted meanwhile is noticed";
-}
-
-TEST_F(Listening, AnUnknownPermissionAsksAndChangesNothingElse) {
-  DisplayState expected = engine->state();
-  expected.errorText = ask;
-  EXPECT_EQ(notifications([this] { startWith(RecordPermission::unknown); }), 1);
-  EXPECT_EQ(engine->state(), expected);
-}
-
-TEST_F(Listening, ADenialOrAGrantReadByStartEndsTheRequest) {
-  for (const auto read : {RecordPermission::denied, RecordPermission::granted}) {
-    makeEngine();
-    world.permission->requests.clear();
-    startWith(RecordPermission::undetermined);
-    startWith(read);
-    startWith(RecordPermission::undetermined);
-    EXPECT_EQ(world.permission->requests.size(), 2U);
-  }
 }
 
 TEST_F(Listening, AnInputWithoutRateOrChannelsIsTappedInItsOutputFormat) {
@@ -203,28 +86,11 @@ TEST_F(Listening, AMicrophoneThatCannotStartIsRetriedByTheNextStart) {
   expectState(false, true, noMicrophone);
 }
 
-TEST_F(Listening, AStartThatFailsBecauseTheMicrophoneIsDeniedSaysThat) {
-  world.input->answersLater = true;
-  engine->start();
-  world.permission->permission = RecordPermission::denied;
-  world.input->pendingStart(false);
-  expectState(false, false, denied);
-}
-
-TEST_F(Listening, ADenialWhileItListensEndsTheRecording) {
-  engine->start();
-  startWith(RecordPermission::denied);
-  expectState(false, false, denied);
-  EXPECT_FALSE(world.input->isRunning());
-  startWith(RecordPermission::granted);
-  expectState(true, true, none);
-}
-
 TEST_F(Listening, AStartThatSucceedsLaterListensThen) {
   world.input->answersLater = true;
   engine->start();
   engine->start();
-  EXPECT_THAT(world.input->calls, wholeStart) << "still starting: not begun anew";
+  EXPECT_THAT(world.input->calls, wholeStart()) << "still starting: not begun anew";
   startWith(RecordPermission::unknown);
   expectState(false, true, ask);
   world.input->pendingStart(true);
@@ -335,18 +201,6 @@ TEST_F(Listening, TappedSoundReachesTheStateOnTheMainThread) {
   EXPECT_TRUE(engine->state().heard);
   world.mainQueue->runAll();
   EXPECT_FALSE(engine->state().heard);
-}
-
-TEST_F(Listening, TheSecondSettingsAddressIsTriedOnlyIfTheFirstFails) {
-  const auto first =
-      "x-apple.systempreferences:com.apple.settings.PrivacySecurity.extension?Privacy_Microphone";
-  const auto second = "x-apple.systempreferences:com.apple.preference.security?Privacy_Microphone";
-  engine->openMicSettings();
-  EXPECT_THAT(world.urlOpener->opened, ElementsAre(first));
-  world.urlOpener->opened.clear();
-  world.urlOpener->failures = 5;
-  engine->openMicSettings();
-  EXPECT_THAT(world.urlOpener->opened, ElementsAre(first, second));
 }
 
 }  // namespace

@@ -14,6 +14,8 @@ using std::chrono::milliseconds;
 /// PipeWire lets a stream fall silent without a word when its device has gone. A device that sleeps
 /// is silent too and wakes up by itself, so this is no reason for haste.
 constexpr milliseconds longestSilence{1500};
+/// A device that is being replaced is back sooner.
+constexpr milliseconds longestAbsence{1500};
 /// Between recordings that the server does not allow or ends at once.
 constexpr milliseconds pauseBetweenAttempts{500};
 
@@ -128,11 +130,43 @@ void PulseAudioInput::ended(int error) {
 
 void PulseAudioInput::serverChanged() {
   const AudioFormat device = connection.recordable();
-  // Without a microphone the server may let us hear its loudspeakers instead.
-  if (device == AudioFormat{}) return close();
+  if (device == AudioFormat{}) return goWithout();
+  run->deafSince.reset();
   if (isOfTheDevice()) return;
   close();
   open(device);
+}
+
+/// Called at the start of an absence and with each silent buffer during it.
+void PulseAudioInput::goWithout() {
+  // Without a microphone the server may let us hear its loudspeakers instead.
+  close();
+  if (!run->deafSince) run->deafSince = connection.now();
+  if (connection.now() - *run->deafSince < longestAbsence) return;
+  run->deafSince = connection.now();
+  if (const auto report = changed) report();
+}
+
+void PulseAudioInput::watch(std::function<void()> watcher) {
+  changed = std::move(watcher);
+  seen.reset();
+  watching.reset();
+  if (!changed) return;
+  if (connection.state() == PulseConnection::State::connected) seen = outlook();
+  watching = connection.watch([this] { lookAgain(); });
+}
+
+PulseAudioInput::Outlook PulseAudioInput::outlook() const {
+  return {.denied = connection.isDenied(), .present = connection.recordable() != AudioFormat{}};
+}
+
+void PulseAudioInput::lookAgain() {
+  const auto before = std::exchange(seen, outlook());
+  const bool delivers = run != nullptr && !run->started;
+  // The first answer is no change: whoever watches has just tried to start.
+  if (!before || before == seen || delivers) return;
+  const auto report = changed;
+  report();
 }
 
 bool PulseAudioInput::isOfTheDevice() const {
@@ -144,7 +178,8 @@ bool PulseAudioInput::isOfTheDevice() const {
 
 void PulseAudioInput::silent(milliseconds lasting) {
   const AudioFormat device = connection.recordable();
-  if (device == AudioFormat{} || !isHopeless(lasting)) return;
+  if (device == AudioFormat{}) return goWithout();
+  if (!isHopeless(lasting)) return;
   close();
   open(device);
 }

@@ -31,6 +31,7 @@ class PulseAudioInput final : public AudioInput {
   AudioFormat outputFormat() const override;
   void installTap(std::uint32_t frames, const AudioFormat& format, Tap tap) override;
   void start(Started started) override;
+  void watch(std::function<void()> changed) override;
 
  private:
   struct Installed {
@@ -49,8 +50,14 @@ class PulseAudioInput final : public AudioInput {
   struct Run {
     Started started;  ///< none once it has been told
     std::shared_ptr<MicrophoneFeed> feed;
-    std::shared_ptr<Attempt> attempt;   ///< also after its stream has ended, which it then lacks
-    std::shared_ptr<const void> watch;  ///< of the server; once started
+    std::shared_ptr<Attempt> attempt;      ///< also after its stream has ended, which it then lacks
+    std::shared_ptr<const void> watch;     ///< of the server; once started
+    std::optional<Clock::Time> deafSince;  ///< none while there is a microphone
+  };
+  /// What decides how a start ends.
+  struct Outlook {
+    bool denied, present;
+    bool operator==(const Outlook&) const = default;
   };
 
   void open(const AudioFormat& format);
@@ -61,6 +68,9 @@ class PulseAudioInput final : public AudioInput {
   void ready();
   void ended(int error);
   void serverChanged();
+  void goWithout();
+  Outlook outlook() const;
+  void lookAgain();
   void silent(std::chrono::milliseconds lasting);
   bool isOfTheDevice() const;
   bool isHopeless(std::chrono::milliseconds silence) const;
@@ -69,6 +79,9 @@ class PulseAudioInput final : public AudioInput {
   MainQueue& mainQueue;
   std::optional<Installed> installed;
   std::shared_ptr<Run> run;
+  std::function<void()> changed;  ///< null while nobody watches
+  std::optional<Outlook> seen;    ///< none until the server's first answer
+  std::shared_ptr<const void> watching;
 };
 
 }  // namespace corvane

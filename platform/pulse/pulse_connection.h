@@ -55,6 +55,8 @@ class PulseConnection {
   void allowRecording();
   /// When the last recording was refused; nothing unless that stands.
   std::optional<Clock::Time> recordingRefused() const { return refusedAt; }
+  /// The server does not let this program in, or not record.
+  bool isDenied() const { return currentState == State::refused || refusedAt; }
   /// The format of what there is to record from; zero when we may not.
   AudioFormat recordable() const { return refusedAt ? AudioFormat{} : currentFacts.device; }
 

@@ -18,22 +18,18 @@ PulseMicrophonePermission::PulseMicrophonePermission(PulseConnection& server, Ma
     : connection(server), trial(std::make_unique<PulseAudioInput>(server, queue)) {}
 
 RecordPermission PulseMicrophonePermission::recordPermission() const {
-  switch (connection.state()) {
-    case State::connected:
-      if (!connection.recordingRefused()) return RecordPermission::granted;
-      tryToRecord();
-      return RecordPermission::denied;
-    case State::refused:
-      connection.connect([](State) {});
-      return RecordPermission::denied;
-    case State::unknown:
-      break;
-  }
-  return RecordPermission::undetermined;
+  if (connection.isDenied()) return RecordPermission::denied;
+  const bool connected = connection.state() == State::connected;
+  return connected ? RecordPermission::granted : RecordPermission::undetermined;
 }
 
-/// By a recording that nobody hears: what the user reads stays until it is no longer true.
-void PulseMicrophonePermission::tryToRecord() const {
+void PulseMicrophonePermission::refresh() {
+  if (connection.state() == State::refused) connection.connect([](State) {});
+  if (connection.recordingRefused()) tryToRecord();
+}
+
+/// Starts a recording that is not delivered, so that the displayed text stays until it is outdated.
+void PulseMicrophonePermission::tryToRecord() {
   const bool justSaid = connection.now() < *connection.recordingRefused() + pauseBetweenTrials;
   const AudioFormat format = trial->inputFormat();
   if (trial->isRunning() || justSaid || format == AudioFormat{}) return;

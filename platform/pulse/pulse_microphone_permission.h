@@ -17,15 +17,16 @@ class PulseMicrophonePermission final : public MicrophonePermission {
   /// `connection` and `mainQueue` must outlive the permission.
   PulseMicrophonePermission(PulseConnection& connection, MainQueue& mainQueue);
 
-  /// While denied, each query has the server asked again meanwhile, unless it has just said so:
-  /// nobody tells when the user allows the microphone elsewhere.
   RecordPermission recordPermission() const override;
+  /// No server reports that the user has allowed the microphone. A server that has refused a
+  /// recording less than a second ago is not asked.
+  void refresh() override;
 
   /// `completion` is called on the main thread, after this call.
   void requestRecordPermission(std::function<void(bool granted)> completion) override;
 
  private:
-  void tryToRecord() const;
+  void tryToRecord();
 
   PulseConnection& connection;
   const std::unique_ptr<PulseAudioInput> trial;

@@ -12,7 +12,6 @@
 #include <vector>
 
 #include "engine/tuner_engine.h"
-#include "platform/microphone_watch.h"
 
 namespace corvane::fakes {
 
@@ -83,6 +82,7 @@ class FakeAudioInput final : public AudioInput {
     running = startSucceeds;
     started(startSucceeds);
   }
+  void watch(std::function<void()> watcher) override { changed = std::move(watcher); }
 
   AudioFormat input{48000.0, 1};
   AudioFormat output{};
@@ -94,15 +94,8 @@ class FakeAudioInput final : public AudioInput {
   AudioFormat tapFormat{};
   Tap tap;
   Started pendingStart;
+  std::function<void()> changed;  ///< null while nobody watches
   std::vector<std::string> calls;
-};
-
-class FakeMicrophoneWatch final : public MicrophoneWatch {
- public:
-  void begin(std::function<void(bool present)> tell) override { changed = std::move(tell); }
-  void end() override { changed = nullptr; }
-
-  std::function<void(bool present)> changed;  ///< none while nobody watches
 };
 
 /// An output that records its buffers; the test ends each buffer.
@@ -136,7 +129,10 @@ class FakePermission final : public MicrophonePermission {
     requests.push_back(std::move(completion));
   }
 
+  void refresh() override { ++refreshes; }
+
   RecordPermission permission = RecordPermission::granted;
+  int refreshes = 0;
   std::vector<std::function<void(bool)>> requests;
 };
 

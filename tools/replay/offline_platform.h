@@ -25,6 +25,7 @@ class FileInput final : public AudioInput {
     running = true;
     started(true);
   }
+  void watch(std::function<void()>) override {}
 
   void deliver(const AudioBuffer& buffer) { tap(buffer); }
 
@@ -45,6 +46,7 @@ class NoOutput final : public AudioOutput {
 class Granted final : public MicrophonePermission {
  public:
   RecordPermission recordPermission() const override { return RecordPermission::granted; }
+  void refresh() override {}
   void requestRecordPermission(std::function<void(bool)> completion) override { completion(true); }
 };
 

@@ -20,19 +20,13 @@ bool exposureReportsWorkspaces() {
 
 }  // namespace
 
-ListeningSwitch::ListeningSwitch(QWindow& shown, std::shared_ptr<TunerEngine> tuner,
-                                 MicrophoneWatch& microphones, std::chrono::milliseconds grace)
-    : window(shown), engine(std::move(tuner)), watch(microphones) {
-  absence.setSingleShot(true);
-  absence.setInterval(grace);
-  connect(&absence, &QTimer::timeout, this, &ListeningSwitch::tellOfAbsence);
+ListeningSwitch::ListeningSwitch(QWindow& shown, std::shared_ptr<TunerEngine> tuner)
+    : window(shown), engine(std::move(tuner)) {
   unexposed.setSingleShot(true);
   unexposed.setInterval(exposureGrace);
   connect(&unexposed, &QTimer::timeout, this, [this] { setOnScreen(false); });
   connect(&window, &QWindow::visibilityChanged, this, &ListeningSwitch::look);
   connect(&window, &QWindow::activeChanged, this, &ListeningSwitch::activeChanged);
-  observation =
-      engine->observe([this](const DisplayState&, const DisplayState&) { listeningChanged(); });
   window.installEventFilter(this);
   look();
 }
@@ -59,31 +53,7 @@ bool ListeningSwitch::isShown() const {
 void ListeningSwitch::setOnScreen(bool shown) {
   unexposed.stop();
   if (shown == std::exchange(onScreen, shown)) return;
-  if (shown) {
-    engine->start();
-    watch.begin([this](bool present) { microphoneChanged(present); });
-  } else {
-    watch.end();
-    absence.stop();
-    engine->stop();
-  }
-}
-
-/// The answer to a request for the microphone may come when the window has gone again.
-void ListeningSwitch::listeningChanged() {
-  if (engine->state().listening && !onScreen) engine->stop();
-}
-
-void ListeningSwitch::microphoneChanged(bool present) {
-  absence.stop();
-  if (!engine->state().listening) return engine->start();
-  if (!present) absence.start();
-}
-
-void ListeningSwitch::tellOfAbsence() {
-  if (!engine->state().listening) return;
-  engine->stop();
-  engine->start();
+  shown ? engine->start() : engine->stop();
 }
 
 void ListeningSwitch::activeChanged() {

@@ -10,7 +10,6 @@
 #include "platform/pulse/pulse_audio_output.h"
 #include "platform/pulse/pulse_connection.h"
 #include "platform/pulse/pulse_microphone_permission.h"
-#include "platform/pulse/pulse_microphone_watch.h"
 #include "platform/qt/qt_main_queue.h"
 #include "platform/qt/qt_preferences.h"
 #include "platform/qt/qt_url_opener.h"
@@ -57,12 +56,11 @@ int tune() {
   };
   const auto engine = TunerEngine::create(platform);
 
-  TunerModel tuner(engine, platform.microphonePermission, platform.urlOpener);
+  TunerModel tuner(engine, platform.urlOpener);
   QQmlApplicationEngine qml;
   QQuickWindow* window = showWindow(qml, tuner);
   require(window != nullptr, "the QML of the window loads");
-  PulseMicrophoneWatch microphones(connection);
-  const ListeningSwitch listening(*window, engine, microphones);
+  const ListeningSwitch listening(*window, engine);
   fitToScreen(*window);
   showIcon(*window);
   askForDarkFrame(*window);

@@ -20,13 +20,9 @@ QString qString(std::string_view text) {
 
 }  // namespace
 
-TunerModel::TunerModel(std::shared_ptr<TunerEngine> tuner,
-                       std::shared_ptr<MicrophonePermission> permission,
-                       std::shared_ptr<UrlOpener> opener, QObject* parent)
-    : QObject(parent),
-      engine(std::move(tuner)),
-      microphonePermission(std::move(permission)),
-      urlOpener(std::move(opener)) {
+TunerModel::TunerModel(std::shared_ptr<TunerEngine> tuner, std::shared_ptr<UrlOpener> opener,
+                       QObject* parent)
+    : QObject(parent), engine(std::move(tuner)), urlOpener(std::move(opener)) {
   concertPitchMenu.setEntries(concertPitchEntries());
   helpEntriesMenu.setEntries(helpEntries());
   updateTunings();
@@ -154,9 +150,7 @@ void TunerModel::releaseLock() {
 }
 
 void TunerModel::allowMicrophone() {
-  engine->abandonMicRequest();
-  const bool denied = microphonePermission->recordPermission() == RecordPermission::denied;
-  denied ? engine->openMicSettings() : engine->start();
+  engine->allowMicrophone();
 }
 
 void TunerModel::openPrivacyPolicy() {

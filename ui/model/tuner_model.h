@@ -64,9 +64,8 @@ class TunerModel : public QObject {
   Q_PROPERTY(QString privacyTitle READ privacyTitle CONSTANT)
 
  public:
-  TunerModel(std::shared_ptr<TunerEngine> engine,
-             std::shared_ptr<MicrophonePermission> microphonePermission,
-             std::shared_ptr<UrlOpener> urlOpener, QObject* parent = nullptr);
+  TunerModel(std::shared_ptr<TunerEngine> engine, std::shared_ptr<UrlOpener> urlOpener,
+             QObject* parent = nullptr);
 
   bool heard() const { return engine->state().heard; }
   bool inTune() const { return engine->state().inTune; }
@@ -139,7 +138,6 @@ class TunerModel : public QObject {
   void updateTunings();
 
   std::shared_ptr<TunerEngine> engine;
-  std::shared_ptr<MicrophonePermission> microphonePermission;
   std::shared_ptr<UrlOpener> urlOpener;
   MenuModel tuningMenu;
   MenuModel concertPitchMenu;

@@ -22,7 +22,7 @@ FakeTuner::FakeTuner(std::shared_ptr<fakes::World> fakes, QObject* parent)
 
 FakeTuner::FakeTuner(std::shared_ptr<fakes::World> fakes, std::shared_ptr<TunerEngine> tuner,
                      QObject* parent)
-    : TunerModel(tuner, fakes->permission, fakes->urlOpener, parent),
+    : TunerModel(tuner, fakes->urlOpener, parent),
       world(std::move(fakes)),
       engine(std::move(tuner)) {}
 

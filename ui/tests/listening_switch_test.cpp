@@ -25,30 +25,17 @@ class ListeningSwitchTest : public testing::Test, protected EngineOnFakes {
     ASSERT_TRUE(eventually([&] { return window.isActive(); }));
   }
 
-  /// Passes the time after which an absence is reported: of two timers the shorter one ends first.
-  static void passGrace() {
-    bool over = false;
-    QTimer::singleShot(grace + std::chrono::milliseconds(1), [&] { over = true; });
-    EXPECT_TRUE(eventually([&] { return over; }));
-  }
-
-  void plugIn() { world.input->input = {48000.0, 1}; }
-  void unplug() { world.input->input = {}; }
-
-  static constexpr std::chrono::milliseconds grace{20};
-
   QWindow window;
-  fakes::FakeMicrophoneWatch watch;
-  ListeningSwitch listening{window, engine, watch, grace};
+  ListeningSwitch listening{window, engine};
 };
 
-TEST_F(ListeningSwitchTest, ListensAndWatchesWhileTheWindowIsShown) {
-  EXPECT_FALSE(engine->state().listening || watch.changed);
+TEST_F(ListeningSwitchTest, ListensWhileTheWindowIsShown) {
+  EXPECT_FALSE(engine->state().listening);
   for (int time = 0; time < 2; ++time) {
     show(window);
-    EXPECT_TRUE(engine->state().listening && watch.changed);
+    EXPECT_TRUE(engine->state().listening);
     window.hide();
-    EXPECT_FALSE(engine->state().listening || watch.changed);
+    EXPECT_FALSE(engine->state().listening);
   }
 }
 
@@ -84,68 +71,13 @@ TEST_F(ListeningSwitchTest, ShownAndActiveAtOnceStartsTwiceWithoutHarm) {
 }
 
 TEST_F(ListeningSwitchTest, RetriesAMissingMicrophoneWhenActivated) {
-  unplug();
+  world.input->input = {};
   show(window);
-  plugIn();
+  world.input->input = {48000.0, 1};
   emit window.activeChanged();
   EXPECT_EQ(engine->state().listening, window.isActive());
   activate(window);
   EXPECT_TRUE(engine->state().listening);
-}
-
-TEST_F(ListeningSwitchTest, TakesUpAMicrophoneThatIsPluggedInLater) {
-  unplug();
-  show(window);
-  ASSERT_FALSE(engine->state().listening);
-  plugIn();
-  watch.changed(true);
-  EXPECT_TRUE(engine->state().listening);
-  EXPECT_EQ(engine->state().errorText, std::nullopt);
-}
-
-TEST_F(ListeningSwitchTest, ReportsAMicrophoneThatStaysAway) {
-  show(window);
-  unplug();
-  watch.changed(false);
-  EXPECT_EQ(engine->state().errorText, std::nullopt);
-  EXPECT_TRUE(eventually([this] { return !engine->state().listening; }));
-  EXPECT_EQ(engine->state().errorText, "No microphone is available.");
-}
-
-TEST_F(ListeningSwitchTest, ReportsDenialAtOnceWithoutMicrophone) {
-  unplug();
-  show(window);
-  ASSERT_EQ(engine->state().errorText, "No microphone is available.");
-  world.permission->permission = RecordPermission::denied;
-  watch.changed(false);
-  EXPECT_THAT(engine->state().errorText.value_or(""),
-              testing::StartsWith("Microphone access is off."));
-}
-
-TEST_F(ListeningSwitchTest, IgnoresShortAbsencesAndHiddenWindows) {
-  show(window);
-  watch.changed(false);
-  window.hide();
-  show(window);
-  world.input->calls.clear();
-  passGrace();
-  watch.changed(false);
-  watch.changed(true);
-  passGrace();
-  EXPECT_TRUE(engine->state().listening);
-  EXPECT_TRUE(world.input->calls.empty());
-}
-
-TEST_F(ListeningSwitchTest, RequestsOnceAndStaysStoppedWhenHidden) {
-  world.permission->permission = RecordPermission::undetermined;
-  show(window);
-  activate(window);
-  EXPECT_EQ(world.permission->requests.size(), 1U);
-  window.hide();
-  world.permission->permission = RecordPermission::granted;
-  world.permission->requests.at(0)(true);
-  world.mainQueue->runAll();
-  EXPECT_FALSE(engine->state().listening || world.input->running);
 }
 
 TEST_F(ListeningSwitchTest, StartsAtOnceForAVisibleWindow) {
@@ -153,7 +85,7 @@ TEST_F(ListeningSwitchTest, StartsAtOnceForAVisibleWindow) {
       TunerEngine::create(world.platform(), PitchCapture::create(std::make_unique<InlineQueue>()));
   QWindow shown;
   show(shown);
-  const ListeningSwitch late(shown, other, watch);
+  const ListeningSwitch late(shown, other);
   EXPECT_TRUE(other->state().listening);
 }
 

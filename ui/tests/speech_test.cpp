@@ -44,7 +44,7 @@ class SpeechTest : public testing::Test, protected EngineOnFakes {
   }
 
   QWindow window;
-  TunerModel model{engine, world.permission, world.urlOpener};
+  TunerModel model{engine, world.urlOpener};
   Speech& speech = *model.speech();
   std::vector<std::string> said;
   std::size_t returned = 0;

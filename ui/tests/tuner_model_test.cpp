@@ -11,7 +11,6 @@ namespace corvane {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::SizeIs;
 
 class TunerModelTest : public testing::Test, protected EngineOnFakes {
@@ -39,9 +38,7 @@ class TunerModelTest : public testing::Test, protected EngineOnFakes {
     return counts;
   }
 
-  void forgetPermission() { world.permission->permission = RecordPermission::undetermined; }
-
-  TunerModel model{engine, world.permission, world.urlOpener};
+  TunerModel model{engine, world.urlOpener};
 };
 
 TEST_F(TunerModelTest, ShowsWhatTheEngineHears) {
@@ -91,7 +88,7 @@ TEST_F(TunerModelTest, ReportsTheChangesOfItsLifetimeOnly) {
   hearA2(15.0);
   int changes = 0;
   {
-    TunerModel shortLived(engine, world.permission, world.urlOpener);
+    TunerModel shortLived(engine, world.urlOpener);
     QObject::connect(&shortLived, &TunerModel::frequencyChanged, [&] { ++changes; });
     hearA2(15.0);
     EXPECT_EQ(changes, 0);
@@ -112,36 +109,12 @@ TEST_F(TunerModelTest, ShowsAndClearsTheMicrophoneProblem) {
   EXPECT_EQ(model.errorText(), "");
 }
 
-TEST_F(TunerModelTest, AllowingADeniedMicrophoneOpensTheSettingsAndForgetsTheRequest) {
-  forgetPermission();
-  engine->start();
+TEST_F(TunerModelTest, AllowingTheMicrophoneIsForwardedToTheEngine) {
+  model.allowMicrophone();
+  EXPECT_TRUE(engine->state().listening);
   world.permission->permission = RecordPermission::denied;
   model.allowMicrophone();
   EXPECT_THAT(world.urlOpener->opened, SizeIs(1));
-  EXPECT_THAT(world.input->calls, IsEmpty());
-  EXPECT_THAT(world.permission->requests, SizeIs(1));
-  forgetPermission();
-  engine->start();
-  EXPECT_THAT(world.permission->requests, SizeIs(2));
-}
-
-TEST_F(TunerModelTest, AllowingAnUndeterminedMicrophoneRequestsAgain) {
-  forgetPermission();
-  engine->start();
-  engine->start();
-  EXPECT_THAT(world.permission->requests, SizeIs(1));
-  model.allowMicrophone();
-  EXPECT_THAT(world.permission->requests, SizeIs(2));
-  EXPECT_THAT(world.urlOpener->opened, IsEmpty());
-}
-
-TEST_F(TunerModelTest, AllowingAMicrophoneOfAnyOtherStateTriesToListen) {
-  model.allowMicrophone();
-  EXPECT_TRUE(engine->state().listening);
-  world.permission->permission = RecordPermission::unknown;
-  model.allowMicrophone();
-  EXPECT_EQ(model.errorText(), "Tap Allow Microphone so Corvane can hear the note.");
-  EXPECT_THAT(world.urlOpener->opened, IsEmpty());
 }
 
 TEST_F(TunerModelTest, ChoosingAnInstrumentBringsItsTuningsAndStrings) {

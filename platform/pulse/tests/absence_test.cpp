@@ -42,12 +42,16 @@ TEST_P(Absence, TheMonitorOfTheSpeakersIsNoMicrophone) {
   expectNoMicrophone();
 }
 
-TEST_P(Absence, AMicrophoneThatComesLaterIsFoundByTheNextStart) {
+TEST_P(Absence, AMicrophoneThatComesLaterIsReportedAndFoundByTheNextStart) {
+  int changes = 0;
+  client.input->watch([&changes] { ++changes; });
   ASSERT_EQ(client.ask(), true);
   expectPermission(RecordPermission::granted);
   expectNoMicrophone();
+  EXPECT_EQ(changes, 0) << "the first answer is no change";
   addSoundingMicrophone("mic", 1, {44100.0, 1});
   EXPECT_TRUE(client.finds({44100.0, 1}));
+  EXPECT_EQ(changes, 1);
   EXPECT_EQ(client.listen(), true);
   EXPECT_TRUE(client.hear(1, 1));
 }
@@ -62,6 +66,46 @@ TEST_P(Absence, AMicrophoneThatGoesWhileItIsHeardDoesNoHarm) {
   EXPECT_TRUE(client.finds({44100.0, 1}));
   EXPECT_EQ(client.listen(), true);
   EXPECT_TRUE(client.hear(2, 1));
+}
+
+TEST_P(Absence, WhileSoundIsDeliveredIsReportedAfterASecondAndAHalf) {
+  using std::chrono::milliseconds;
+  listenToMicrophone();
+  int changes = 0;
+  client.input->watch([&changes] { ++changes; });
+  const auto pass = [this](milliseconds time) {
+    for (milliseconds end = time; end > milliseconds(0); end -= milliseconds(100)) {
+      client.advance(milliseconds(100));
+    }
+  };
+  // One that ends in time, as of a device that is replaced.
+  client.connection->refuseRecording();
+  pass(milliseconds(1400));
+  client.connection->allowRecording();
+  pass(milliseconds(1600));
+  EXPECT_EQ(changes, 0);
+  client.connection->refuseRecording();
+  pass(milliseconds(1400));
+  EXPECT_EQ(changes, 0);
+  pass(milliseconds(200));
+  EXPECT_EQ(changes, 1);
+}
+
+TEST_P(Absence, OfTheOnlyMicrophoneIsReportedUntilNobodyWatches) {
+  listenToMicrophone();
+  int changes = 0;
+  client.input->watch([&changes, this] {
+    ++changes;
+    client.input->watch(nullptr);
+  });
+  testClock().run();
+  server.unplug("mic");
+  EXPECT_TRUE(client.pumpUntil([&changes] { return changes > 0; }));
+  testClock().stop();
+  client.stop();
+  addMicrophone("other");
+  EXPECT_TRUE(client.finds(stereo));
+  EXPECT_EQ(changes, 1);
 }
 
 /// The clock stands still: what is asked for is refused at once or never.

@@ -12,7 +12,6 @@
 #include "platform/pulse/pulse_audio_output.h"
 #include "platform/pulse/pulse_connection.h"
 #include "platform/pulse/pulse_microphone_permission.h"
-#include "platform/pulse/pulse_microphone_watch.h"
 #include "platform/pulse/tests/held.h"
 #include "platform/pulse/tests/test_clock.h"
 #include "tests/support/audio_server.h"
@@ -33,10 +32,7 @@ class Tuner {
     engine->start();
     pumpUntil([this] { return isSettled(); });
   }
-  void stop() {
-    microphones.end();
-    engine->stop();
-  }
+  void stop() { engine->stop(); }
   bool isSettled() const {
     return engine->state().listening || engine->state().errorText.has_value();
   }
@@ -54,7 +50,6 @@ class Tuner {
 
   std::shared_ptr<support::PumpedQueue> mainQueue = std::make_shared<support::PumpedQueue>();
   PulseConnection connection{*mainQueue, clockOfTests()};
-  PulseMicrophoneWatch microphones{connection};
   std::shared_ptr<PulseAudioOutput> output = std::make_shared<PulseAudioOutput>(connection);
   std::shared_ptr<TunerEngine> engine = TunerEngine::create(
       {std::make_shared<SteadyClock>(), mainQueue,
@@ -146,7 +141,6 @@ class FailingCalls : public testing::Test {
 
 TEST_F(FailingCalls, OneThatFailsOnceIsOvercome) {
   failEachCall(Lasting::once, [this](Tuner& tuner) {
-    tuner.microphones.begin([](bool) {});
     tuner.start();
     expectAVerdict(tuner);
     if (!tuner.engine->state().listening) tuner.start();  // The button.
@@ -160,7 +154,6 @@ TEST_F(FailingCalls, OneThatFailsOnceIsOvercome) {
 
 TEST_F(FailingCalls, ThoseThatFailForGoodLeaveAMessageOrAListener) {
   failEachCall(Lasting::forGood, [this](Tuner& tuner) {
-    tuner.microphones.begin([](bool) {});
     tuner.start();
     expectAVerdict(tuner);
     tuner.pumpUntil(

@@ -68,7 +68,7 @@ class Stage : private EngineOnFakes {
     return targetFrequency(midi, engine->state().a4) * std::exp2(cents / 1200.0);
   }
 
-  TunerModel model{engine, world.permission, world.urlOpener};
+  TunerModel model{engine, world.urlOpener};
 };
 
 /// The window in the state of a scene.
