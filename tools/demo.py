@@ -1,8 +1,8 @@
 #!/usr/bin/python3 -B
-"""demo.py PROGRAM: shows the tuner at work on a machine that lacks a display or an audio server.
+"""demo.py PROGRAM: demonstrates the tuner on a machine without a display or an audio server.
 
-On a desktop of its own it plays the six open strings of a guitar, one of them out of tune, and
-prints what the window shows. It ends with 1 when a string is read wrongly."""
+Plays the six open strings of a guitar, one of them out of tune, on a private desktop and prints what the window shows.
+Exits with 1 if a string is read wrongly."""
 
 import dataclasses
 import os
@@ -58,7 +58,7 @@ def main(arguments: list[str]) -> int:
 
 def demonstrate(program: pathlib.Path) -> int:
     with PrivateDesktop() as desktop, PulseAudioRoom(desktop) as room:
-        print("The tuner is shown on a desktop of its own, started for it and ended with it:\n"
+        print("The tuner runs on a temporary private desktop:\n"
               f"a private display ({os.environ['DISPLAY']}), D-Bus, accessibility bus, window "
               "manager and PulseAudio server.\nWhat the window shows is read through the "
               "accessibility bus while a sampled guitar plays:\n")
@@ -73,7 +73,7 @@ def demonstrate(program: pathlib.Path) -> int:
 
 
 def play_all(tuner: Tuner, room: Room, band: Band) -> int:
-    """The number of strings that were read wrongly."""
+    """Returns the number of strings read wrongly."""
     print(COLUMNS.format("String", "Played", "Shown", "Cents", "Status", "Frequency"))
     wrong = 0
     for string in STRINGS:
@@ -85,8 +85,7 @@ def play_all(tuner: Tuner, room: Room, band: Band) -> int:
 
 
 def pluck(string: Plucked, tuner: Tuner, room: Room, band: Band) -> Reading:
-    """What is shown of the string, plucked over and over, when it is read rightly; else what was
-    shown last."""
+    """Plucks the string until it is read correctly. Returns the right reading, or else the last."""
     sound = band.wav(Note(STEEL_GUITAR, string.key, detune_cents=string.detune_cents))
     with room.sounding(sound):
         try:
@@ -104,11 +103,11 @@ def line(string: Plucked, shown: Reading) -> str:
 
 def verdict(wrong: int) -> str:
     return f"{wrong} of {len(STRINGS)} strings were read wrongly." if wrong else (
-        f"All {len(STRINGS)} strings were read rightly.")
+        f"All {len(STRINGS)} strings were read correctly.")
 
 
 if __name__ == "__main__":
     try:
         sys.exit(main(sys.argv[1:]))
     except KeyboardInterrupt:
-        sys.exit("\nInterrupted; everything that was started has ended.")
+        sys.exit("\nInterrupted; all started programs have ended.")

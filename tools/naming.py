@@ -1,11 +1,10 @@
 #!/usr/bin/python3 -B
-"""naming.py REPLAY...: how often the tuner names a sampled string rightly.
+"""naming.py REPLAY...: how often the tuner names sampled strings correctly.
 
-Renders every string of every tuning of guitar and bass, and every key of the piano, from Debian's
-sound font, sends each through corvane-replay (the path REPLAY) with its tuning selected, and counts
-the analysed blocks by what the detector found: the string's own pitch to within half a semitone, that
-pitch some octaves off, another pitch, or none. Prints a table a tuning, tab-separated. Fails where
-builds of corvane-replay, of different processors say, do not print the same bytes."""
+Renders every string of every tuning of guitar and bass, and every key of the piano, from Debian's sound font, runs each
+through corvane-replay (the path REPLAY) with its tuning, and counts the analysed blocks by result: the string's pitch to
+within half a semitone, that pitch some octaves off, another pitch, or none. Prints a tab-separated line per tuning. Fails
+if several REPLAY, for example of different processors, do not print the same bytes."""
 
 import collections
 import concurrent.futures
@@ -72,7 +71,7 @@ def report(replays: list[str], band: Band) -> None:
     total: collections.Counter = collections.Counter()
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         for sounding in soundings():
-            # Rendered first, one by one: tunings share strings.
+            # Render sequentially first, because tunings share strings.
             wavs = [band.wav(Note(sounding.program, key)) for key in sounding.keys]
             counts = pool.map(lambda pair: count(replays, sounding, *pair),
                               zip(sounding.keys, wavs, strict=True))

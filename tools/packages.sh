@@ -1,8 +1,7 @@
-# Packages by the purpose they serve, and how they come onto the machine. Sourced, from the top of the tree,
-# by the commands that need them. Debian's names stand for the packages; packaging/packages has those of
-# other systems.
+# Packages by purpose, and their installation. Sourced from the top of the tree. Packages have Debian's names;
+# packaging/packages maps them to other systems.
 
-# named PURPOSE...: the Debian packages that packaging/packages has for it.
+# named PURPOSE...: the Debian packages of these purposes in packaging/packages.
 named() {
   awk -v purposes=" $* " '!/^#/ && index(purposes, " " $1 " ") {print $3}' packaging/packages
 }
@@ -15,7 +14,7 @@ test_packages="qml6-module-qttest libgtest-dev libgmock-dev clang-format-19 pipe
 packaging_packages="$(named check) build-essential debhelper fakeroot lintian git xz-utils"
 other_debian_packages="debootstrap util-linux"
 emulator_packages="qemu-user-static binfmt-support"
-# What compiles, on amd64, and what it links, of each architecture.
+# The compilers, for amd64, and the libraries, for each architecture.
 cross_packages="g++ cmake ninja-build pkg-config qt6-base-dev-tools qt6-declarative-dev-tools librsvg2-bin
   python3 fluidsynth timgm6mb-soundfont"
 cross_libraries="libgtest-dev libgmock-dev libsndfile1-dev libstdc++6"
@@ -23,7 +22,7 @@ cross_desktop_libraries="qt6-base-dev qt6-declarative-dev qml6-module-qttest lib
 bench_packages="libbenchmark-dev"
 fuzz_packages="clang-19 libclang-rt-19-dev"
 
-# The column of packaging/packages that has this system's names; nothing where none has.
+# This system's column of packaging/packages; empty if unknown.
 system() {
   local ID= ID_LIKE= word
   [ ! -r "$os_release" ] || . "$os_release"
@@ -42,7 +41,7 @@ is_debian() {
   [ -r "$os_release" ] && (. "$os_release" && [ "${ID:-}" = debian ])
 }
 
-# translate SYSTEM PACKAGE...: what the system calls these Debian packages; "?NAME" where that is not known.
+# translate SYSTEM PACKAGE...: the system's names of these Debian packages; "?NAME" if unknown.
 translate() {
   local system=$1
   shift
@@ -54,7 +53,7 @@ translate() {
     theirs[$1] != "-" { print theirs[$1] }' packaging/packages asked=1 - | sort -u
 }
 
-# missing SYSTEM PACKAGE...: those that are not installed.
+# missing SYSTEM PACKAGE...: the packages that are not installed.
 missing() {
   local system=$1 package
   shift
@@ -68,7 +67,7 @@ missing() {
   done
 }
 
-# How apt reaches the mirrors from here, for another system on this machine.
+# apt's network settings, for another system on this machine.
 apt_settings() {
   apt-config dump Acquire::http Acquire::https Acquire::Check-Valid-Until Acquire::Check-Date
 }
@@ -79,12 +78,12 @@ as_root() {
   elif command -v sudo >/dev/null; then
     sudo "$@"
   else
-    echo "There is no sudo here. As root: $*" >&2
+    echo "sudo not found. Run as root: $*" >&2
     exit 1
   fi
 }
 
-# installer SYSTEM: its command. Never at the price of what the user has: another audio server, say.
+# installer SYSTEM: its command. Never removes installed packages, such as another audio server.
 installer() {
   case "$1" in
     debian) echo "env DEBIAN_FRONTEND=noninteractive apt-get -qq install --no-install-recommends --no-remove --yes" ;;
@@ -94,29 +93,29 @@ installer() {
   esac
 }
 
-# ask PURPOSE COMMAND...: ends the program where nobody agrees.
+# ask PURPOSE COMMAND...: exits unless the user agrees.
 ask() {
   local purpose=$1 answer=
   shift
-  echo "For $purpose, packages have to be installed:"
+  echo "Required for $purpose:"
   echo "  $*"
   [ ! -t 0 ] || read -r -p "Run this command as root? [y/N] " answer || true
   case "$answer" in
     [yY]*) ;;
-    *) echo "Run again when they are installed, with CORVANE_PACKAGES_INSTALLED=1 where their names differ." >&2
+    *) echo "Install them and run again; if their names differ, with CORVANE_PACKAGES_INSTALLED=1." >&2
        exit 1 ;;
   esac
 }
 
-# need PURPOSE PACKAGE...: installs what is missing, or says what to install and ends the program. Asks
-# first on any system but Debian, and continues there without what it does not find.
+# need PURPOSE PACKAGE...: installs missing packages, or prints them and exits. Asks first on systems other than
+# Debian, and continues there without packages that do not exist.
 need() {
   local purpose=$1 system names lacking install package
   shift
   [ -z "${CORVANE_PACKAGES_INSTALLED:-}" ] || return 0
   system=$(system)
   if [ -z "$system" ]; then
-    echo "This system's names of packages are not known. For $purpose, install what Debian calls:" >&2
+    echo "Unknown system. For $purpose, install its equivalents of these Debian packages:" >&2
     printf '  %s\n' "$@" >&2
     echo "and run again with CORVANE_PACKAGES_INSTALLED=1." >&2
     exit 1
@@ -132,7 +131,7 @@ need() {
     return
   fi
   names=$(sed -n 's/^?//p' <<<"$names")
-  [ -z "$names" ] || echo "Not known by this system's names, so left out:" $names
+  [ -z "$names" ] || echo "Skipped, because this system's names are unknown:" $names
   ask "$purpose" $install $lacking
   [ "$system" != debian ] || as_root apt-get -qq update
   as_root $install $lacking && return

@@ -1,18 +1,16 @@
 #!/usr/bin/python3 -B
-"""Writes what is known about the program's reliability, from what test runs have printed.
+"""Generates docs/reliability.md from the output of tests.
 
 reliability.py --patterns PRESET
     prints one pattern for all tests of that preset that show a promise
 reliability.py --names BUILD
-    fails when a promise names tests that the build directory lacks, or is not in docs/reliability.md
+    fails if a promise names tests that the build directory lacks, or is not in docs/reliability.md
 reliability.py RESULTS DOCUMENT
-    writes DOCUMENT. The directory RESULTS has PRESET.xml, in the format of JUnit, from each run of
-    ctest, and, of each command that was run, what it printed in a file of its name with "-" for "/"
-    and ".log" behind it, or ".failed" when it failed; a command that was not run keeps the figures
-    that DOCUMENT has of it. Fails, naming them, when there are promises that nothing shows, and says
-    for each of them why.
+    writes DOCUMENT. The directory RESULTS has PRESET.xml, in JUnit format, from each run of ctest, and the output of
+    each command in NAME.log, or NAME.failed if it failed, where NAME has "-" for "/". A command that was not run
+    keeps its figures in DOCUMENT. Fails and prints the reasons if nothing shows a promise.
 
-A test tells a figure in a line "figure: WHAT = VALUE", or "figure: CASE: WHAT = VALUE".
+A test prints a figure as "figure: WHAT = VALUE" or "figure: CASE: WHAT = VALUE".
 """
 
 import json
@@ -28,7 +26,7 @@ from promises import GROUPS, PROMISES, Promise
 
 DOCUMENT = pathlib.Path(__file__).resolve().parent.parent / "docs" / "reliability.md"
 FIGURE = re.compile(r"^(?:.*[ \t])?figure: (?:.+: )?(.+) = (.+)$", re.MULTILINE)
-# What a test says when it is skipped: GoogleTest in the line below the place, unittest behind "skipped".
+# The reason of a skipped test: GoogleTest prints it below the location, unittest after "skipped".
 REASON = re.compile(r"(?:: Skipped\n|\bskipped ['\"])([^\n'\"]+)")
 HEAD = """# Reliability
 
@@ -38,14 +36,14 @@ least and the largest value are given.
 
 
 class Cell(NamedTuple):
-    """What stands beside a promise, and why that does not show it, which is nothing when it does."""
+    """The figures of a promise, and the reason if they do not show it."""
 
     told: list[str]
     fault: str = ""
 
 
 class Run:
-    """What one run of ctest has told of each test, by its name."""
+    """The results of one run of ctest, by test name."""
 
     def __init__(self, file: pathlib.Path):
         self.passed: dict[str, str] = {}  # what it printed
@@ -53,7 +51,7 @@ class Run:
         self.failed: list[str] = []
         cases = xml.etree.ElementTree.parse(file).iter("testcase") if file.exists() else ()
         for case in cases:
-            # GoogleTest says behind "#" with what it was run.
+            # GoogleTest appends the parameter after "#".
             name = case.get("name").partition("  #")[0]
             output = case.findtext("system-out") or ""
             match case.get("status"):
@@ -61,7 +59,7 @@ class Run:
                     self.passed[name] = output
                 case "notrun":
                     reason = REASON.search(output)
-                    self.skipped[name] = reason[1].strip() if reason else "it does not say why"
+                    self.skipped[name] = reason[1].strip() if reason else "no reason given"
                 case _:
                     self.failed.append(name)
 
@@ -80,7 +78,7 @@ def figures(promise: Promise, outputs: Iterable[str]) -> list[str]:
 
 
 def spread(values: list[str]) -> str:
-    """From the least to the largest, to three digits."""
+    """From least to largest, to three digits."""
     try:
         numbers = [float(value) for value in values]
     except ValueError:
@@ -98,7 +96,7 @@ def from_tests(promise: Promise, run: Run) -> Cell:
     if failed:
         return Cell([f"{len(failed)} FAILED"], f"failed: {', '.join(failed)}")
     if not passed:
-        return Cell(skipped or ["none"], "no such test has passed")
+        return Cell(skipped or ["none"], "no such test passed")
     told = figures(promise, (run.passed[name] for name in passed))
     return Cell([f"{len(passed)} passed"] + skipped + told)
 
@@ -110,7 +108,7 @@ def from_command(promise: Promise, results: pathlib.Path, before: str) -> Cell:
         return Cell(["FAILED"], f"it failed, see {failure.name}")
     if log.exists():
         told = figures(promise, [log.read_text(errors="replace")])
-        return Cell(told) if told else Cell(["none"], f"no figure stands in {log.name}")
+        return Cell(told) if told else Cell(["none"], f"no figure in {log.name}")
     row = re.search(rf"^\| .* \| `{re.escape(promise.command)}` \| (.+) \|$", before, re.MULTILINE)
     if row and row[1] not in ("none", "FAILED"):
         return Cell(row[1].split("; "))
@@ -118,7 +116,7 @@ def from_command(promise: Promise, results: pathlib.Path, before: str) -> Cell:
 
 
 def write(results: pathlib.Path, document: pathlib.Path) -> list[str]:
-    """The promises that nothing shows, and why."""
+    """Writes the document. Returns the promises that nothing shows, with reasons."""
     before = document.read_text(encoding="utf-8") if document.exists() else ""
     runs = {preset: Run(results / f"{preset}.xml") for preset in {p.preset for p in PROMISES}}
     lines, unshown = [HEAD], []
@@ -139,7 +137,7 @@ def missing(build: str) -> list[str]:
     listing = subprocess.run(["ctest", "--test-dir", build, "--show-only=json-v1"], check=True,
                              capture_output=True, text=True).stdout
     names = [test["name"] for test in json.loads(listing)["tests"]]
-    return [f"no test is called {promise.tests}" for promise in PROMISES
+    return [f"no test matches {promise.tests}" for promise in PROMISES
             if promise.tests and promise.preset == "dev" and not names_matching(promise, names)]
 
 
@@ -148,7 +146,7 @@ def escaped(text: str) -> str:
 
 
 def unwritten(document: str) -> list[str]:
-    return [f"{DOCUMENT.name} does not say: {promise.text}" for promise in PROMISES
+    return [f"{DOCUMENT.name} lacks: {promise.text}" for promise in PROMISES
             if f"| {promise.text} | `{escaped(promise.shown_by)}` |" not in document]
 
 
@@ -165,7 +163,7 @@ def main(arguments: list[str]) -> int:
         case _:
             print(__doc__, file=sys.stderr)
             return 2
-    print("\n".join(lacking) or "each promise is shown")
+    print("\n".join(lacking) or "every promise is shown")
     return 1 if lacking else 0
 
 

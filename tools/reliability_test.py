@@ -1,5 +1,5 @@
 #!/usr/bin/python3 -B
-"""What tools/reliability makes of what tests and commands have told."""
+"""The document that tools/reliability generates."""
 
 import pathlib
 import subprocess
@@ -39,46 +39,46 @@ class Reliability(unittest.TestCase):
     def of_command(self, before: str = "") -> reliability.Cell:
         return reliability.from_command(Promise("It works", command="a/b"), self.results, before)
 
-    def test_figures_of_several_tests_and_cases_are_put_together(self) -> None:
+    def test_combines_figures_of_several_tests(self) -> None:
         self.assertEqual(self.of_tests(r"a_test\.Passes"), reliability.Cell(
             ["2 passed", "s until sound is back: 0.25 to 0.5", "kB grown: 4 to 12"]))
 
-    def test_figures_that_tell_of_something_else_are_left_out(self) -> None:
+    def test_omits_figures_of_other_promises(self) -> None:
         self.assertEqual(self.of_tests(r"a_test\.Passes", figures="kB").told,
                          ["2 passed", "kB grown: 4 to 12"])
 
-    def test_a_skipped_test_is_shown_with_its_reason(self) -> None:
+    def test_prints_the_reason_of_a_skipped_test(self) -> None:
         self.assertEqual(self.of_tests(r"a_test\.(Passes/one|Skips)").told[:2], [
             "1 passed", "skipped: Skips/one, for there is no such device"])
 
-    def test_a_promise_whose_tests_are_all_skipped_is_not_shown(self) -> None:
+    def test_skipped_tests_do_not_show_a_promise(self) -> None:
         cell = self.of_tests(r"a_test\.Skips")
         self.assertEqual(cell.told, ["skipped: Skips/one, for there is no such device"])
         self.assertTrue(cell.fault)
 
-    def test_a_test_that_failed_is_named(self) -> None:
+    def test_names_a_failed_test(self) -> None:
         self.assertEqual(self.of_tests(r"a_test\..*"),
                          reliability.Cell(["1 FAILED"], "failed: a_test.Fails/one"))
 
-    def test_tests_that_were_not_run_show_nothing(self) -> None:
+    def test_missing_results_show_nothing(self) -> None:
         self.tests = reliability.Run(self.results / "none.xml")
-        self.assertEqual(self.of_tests(".*"), reliability.Cell(["none"], "no such test has passed"))
+        self.assertEqual(self.of_tests(".*"), reliability.Cell(["none"], "no such test passed"))
 
-    def test_a_command_that_prints_no_figures_is_named(self) -> None:
+    def test_names_a_command_without_figures(self) -> None:
         (self.results / "a-b.log").write_text("all is well\n", encoding="utf-8")
-        self.assertEqual(self.of_command(), reliability.Cell(["none"], "no figure stands in a-b.log"))
+        self.assertEqual(self.of_command(), reliability.Cell(["none"], "no figure in a-b.log"))
 
-    def test_a_command_that_failed_is_named_and_does_not_keep_its_figures(self) -> None:
+    def test_failed_command_loses_its_figures(self) -> None:
         (self.results / "a-b.failed").write_text("figure: hours = 1\n", encoding="utf-8")
         cell = self.of_command("| It works | `a/b` | hours: 24 |\n")
         self.assertEqual(cell, reliability.Cell(["FAILED"], "it failed, see a-b.failed"))
 
-    def test_a_command_that_was_not_run_keeps_its_figures(self) -> None:
+    def test_command_not_run_keeps_its_figures(self) -> None:
         cell = self.of_command("| It works | `a/b` | hours: 24; buffers: 7 |\n")
         self.assertEqual(cell, reliability.Cell(["hours: 24", "buffers: 7"]))
         self.assertTrue(self.of_command().fault)
 
-    def test_other_arguments_than_its_own_are_refused_in_one_line(self) -> None:
+    def test_invalid_arguments_give_one_line(self) -> None:
         command = pathlib.Path(__file__).with_name("reliability")
         for arguments in (["0"], ["-1"], ["twenty"], [""], ["20", "commands"],
                           ["2", "with-commands", "3"]):

@@ -1,4 +1,4 @@
-"""How the packages that are needed come onto each system: with its own package manager, replaced here."""
+"""Installing packages on each system, with fake package managers."""
 
 import os
 import pathlib
@@ -8,8 +8,7 @@ import tempfile
 import unittest
 
 TREE = pathlib.Path(__file__).resolve().parent.parent.parent
-# Every package manager notes what it is asked for. Nothing is installed but "cmake", and there is no
-# package "refused".
+# Fake package managers record their commands. Only "cmake" is installed; "refused" does not exist.
 FAKE = """#!/bin/sh
 case "${0##*/} $*" in
   *" --deptest cmake" | "rpm "*" cmake" | "dpkg-query "*" cmake") echo installed; exit 0 ;;
@@ -26,7 +25,7 @@ PROGRAMS = ("apt-get", "dnf", "dpkg-query", "id", "pacman", "rpm", "sudo", "zypp
 WANTED = "cmake qt6-base-dev qml6-module-qtqml libpulse-dev fonts-quicksand"
 
 
-class TheNeedForPackages(unittest.TestCase):
+class NeedPackages(unittest.TestCase):
     def setUp(self) -> None:
         self.folder = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory()))
         for name in PROGRAMS:
@@ -34,7 +33,7 @@ class TheNeedForPackages(unittest.TestCase):
             (self.folder / name).chmod(0o755)
 
     def need(self, release: str, answer: str = "", **environment: str) -> tuple[str, list[str]]:
-        """What is printed, and what the package managers were asked for. An answer comes from a terminal."""
+        """The output, and the commands of the package managers. `answer` is typed on a terminal."""
         (self.folder / "os-release").write_text(release)
         notes = self.folder / "notes"
         notes.write_text("")
@@ -51,7 +50,7 @@ class TheNeedForPackages(unittest.TestCase):
         self.assertEqual(done.returncode, 0 if "continued" in done.stdout else 1, done.stdout)
         return done.stdout, notes.read_text().splitlines()
 
-    def test_is_met_on_debian_without_a_question(self) -> None:
+    def test_installs_on_debian_without_asking(self) -> None:
         said, asked = self.need("ID=debian\n")
         self.assertIn("continued", said)
         self.assertEqual(asked, [
@@ -59,7 +58,7 @@ class TheNeedForPackages(unittest.TestCase):
             "apt-get -qq install --no-install-recommends --no-remove --yes "
             "qt6-base-dev qml6-module-qtqml libpulse-dev fonts-quicksand"])
 
-    def test_is_met_by_each_systems_own_names_after_a_question(self) -> None:
+    def test_asks_and_installs_by_each_systems_names(self) -> None:
         for release, command in {
                 "ID=fedora": "dnf install --assumeyes pulseaudio-libs-devel qt6-qtbase-devel",
                 'ID="rocky"\nID_LIKE="rhel centos fedora"':
@@ -77,13 +76,13 @@ class TheNeedForPackages(unittest.TestCase):
                 self.assertEqual(asked[-1], command)
                 self.assertEqual(asked[:-1], ["apt-get -qq update"] if "ubuntu" in release else [])
                 if "ubuntu" not in release:
-                    self.assertIn("Not known by this system's names, so left out: fonts-quicksand\n", said)
+                    self.assertIn("Skipped, because this system's names are unknown: fonts-quicksand\n", said)
 
-    def test_is_met_with_sudo_by_who_is_not_root(self) -> None:
+    def test_uses_sudo_unless_root(self) -> None:
         command = "pacman --sync --needed --noconfirm libpulse qt6-base"
         self.assertEqual(self.need("ID=arch", "y\n", FAKE_USER="1000")[1], [f"sudo {command}", command])
 
-    def test_ends_the_program_unless_somebody_agrees(self) -> None:
+    def test_exits_unless_the_user_agrees(self) -> None:
         for answer in ("", "\n", "n\n"):
             with self.subTest(answer):
                 said, asked = self.need("ID=arch", answer)
@@ -91,14 +90,14 @@ class TheNeedForPackages(unittest.TestCase):
                 self.assertIn("pacman --sync --needed --noconfirm libpulse qt6-base\n", said)
                 self.assertEqual(asked, [])
 
-    def test_goes_unmet_where_there_is_no_such_package(self) -> None:
+    def test_continues_without_unavailable_packages(self) -> None:
         said, asked = self.need("ID=arch", "y\n", FAKE_STATUS="1")
         self.assertIn("Continuing without libpulse.\n", said)
         self.assertIn("continued", said)
         self.assertEqual(asked[1:], ["pacman --sync --needed --noconfirm libpulse",
                                      "pacman --sync --needed --noconfirm qt6-base"])
 
-    def test_is_told_by_debians_names_on_any_other_system(self) -> None:
+    def test_prints_debian_names_on_an_unknown_system(self) -> None:
         said, asked = self.need("ID=unheard-of")
         self.assertNotIn("continued", said)
         self.assertIn("  qt6-base-dev\n", said)
