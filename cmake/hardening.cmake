@@ -1,5 +1,4 @@
-# Makes it harder to turn a flaw of ours into an attack. The linker already makes programs position
-# independent where the code is.
+# Hardening against exploits. The linker makes programs position independent if the code is.
 include(CheckPIESupported)
 check_pie_supported()
 
@@ -8,7 +7,7 @@ if(NOT CORVANE_SANITIZE)
   if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64")
     add_compile_options(-fcf-protection=full)
   endif()
-  # Only optimised code is checked; some distributions set a lower level themselves.
+  # _FORTIFY_SOURCE needs optimisation. Some distributions set a lower level.
   add_compile_options($<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE>
                       $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=3>)
   add_link_options(-Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)

@@ -6,8 +6,8 @@ set(CORVANE_ICON_SIZES 16 24 32 48 64 128 256 512)
 set(CORVANE_WINDOW_ICON_SIZES 16 32 48)
 set(drawings ${PROJECT_SOURCE_DIR}/packaging/icons)
 
-# corvane_icons(): has the program's icon drawn as SIZE.png in the folder CORVANE_ICONS. Where there are
-# few pixels, from a drawing of that size, with bolder shapes that lie on whole pixels.
+# corvane_icons(): renders the program's icon as SIZE.png in CORVANE_ICONS. Small sizes have their own drawings, with
+# bolder shapes on whole pixels.
 function(corvane_icons)
   foreach(size IN LISTS CORVANE_ICON_SIZES)
     set(drawing ${drawings}/${size}.svg)
@@ -23,7 +23,7 @@ function(corvane_icons)
   add_custom_target(icons ALL DEPENDS ${pictures})
 endfunction()
 
-# corvane_window_icon(TARGET): puts the icon into the program, as pixels, under :/icons.
+# corvane_window_icon(TARGET): embeds the icon as raw pixels under :/icons.
 function(corvane_window_icon target)
   foreach(size IN LISTS CORVANE_WINDOW_ICON_SIZES)
     set(picture ${CORVANE_ICONS}/${size}.png)

@@ -1,4 +1,4 @@
-# corvane_module(NAME SOURCES ... USES ...): one of our libraries, included as "NAME/header.h".
+# corvane_module(NAME SOURCES ... USES ...): a library, included as "NAME/header.h".
 function(corvane_module name)
   cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})
   if(arg_SOURCES)

@@ -1,10 +1,9 @@
-# The page that tells what the program does with sound comes with it: the program finds it from its own
-# folder, so that both can be put anywhere together.
+# The program finds the installed privacy page relative to its own directory, so that both can be moved together.
 file(RELATIVE_PATH page ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_DOCDIR}/privacy.html)
 set(CORVANE_PRIVACY_URL "${page}" CACHE STRING
-    "Web address of the privacy page, or where it lies as seen from the program's folder")
+    "Address of the privacy page, or its path relative to the program's directory")
 
-# And in the build tree as well.
+# The same path in the build tree.
 cmake_path(ABSOLUTE_PATH page BASE_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY} NORMALIZE)
 cmake_path(IS_PREFIX CMAKE_BINARY_DIR ${page} inside)
 if(inside)

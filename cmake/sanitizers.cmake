@@ -1,4 +1,4 @@
-set(CORVANE_SANITIZE "" CACHE STRING "Sanitizers to build with, as in -fsanitize=..., or empty")
+set(CORVANE_SANITIZE "" CACHE STRING "Sanitizers, as in -fsanitize=..., or empty")
 
 if(CORVANE_SANITIZE)
   add_compile_options(-fsanitize=${CORVANE_SANITIZE} -fno-omit-frame-pointer
@@ -6,7 +6,7 @@ if(CORVANE_SANITIZE)
   add_link_options(-fsanitize=${CORVANE_SANITIZE})
 endif()
 
-# With Clang only: lets the fuzzers see which of our code an input reaches.
+# Clang only: coverage feedback for the fuzzers.
 if(CORVANE_FUZZ)
   add_compile_options(-fsanitize=fuzzer-no-link)
 endif()

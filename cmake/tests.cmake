@@ -1,9 +1,9 @@
-# What --all builds beyond the default target: tests of real audio servers, and benchmarks.
+# Built by `check --all` besides the default target: tests of real audio servers, and benchmarks.
 add_custom_target(everything)
 add_custom_target(unit_tests)
 
 if(NOT CORVANE_TESTS)
-  # corvane_tests(...): nothing without tests.
+  # corvane_tests(...): no effect without tests.
   function(corvane_tests)
   endfunction()
   return()
@@ -12,22 +12,21 @@ endif()
 find_package(GTest REQUIRED)
 include(GoogleTest)
 
-# The tested code is compiled as it is used. The tests around it take longer to optimise than to run.
+# Tests take longer to optimise than to run. The tested code is compiled as in the program.
 add_library(corvane_test_options INTERFACE)
-# The precompiled header fits only programs that are compiled alike: Qt asks for -fPIC, libpulse for
-# the definition.
+# All users of the precompiled header need the same options: Qt requires -fPIC, libpulse the definition.
 target_compile_options(corvane_test_options INTERFACE -O0 -fPIC)
 target_compile_definitions(corvane_test_options INTERFACE _REENTRANT)
 target_link_libraries(corvane_test_options INTERFACE corvane_options GTest::gmock GTest::gtest_main)
 
-# The program itself is linked by the compiler's own linker, so that everyone builds the same bytes.
+# Only for tests: the program uses the compiler's linker, so that everyone builds the same bytes.
 find_program(CORVANE_MOLD mold)
 if(CORVANE_MOLD)
   target_link_options(corvane_test_options INTERFACE -fuse-ld=mold)
 endif()
 
-# Reading the test framework takes longer than compiling most tests: all programs share one reading.
-# It belongs to a program because libraries are compiled with other flags.
+# Parsing the test framework takes longer than compiling most tests: all programs share a precompiled header. It belongs
+# to a program because libraries have other flags.
 file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/test_headers.cpp CONTENT "")
 add_executable(corvane_test_headers ${PROJECT_BINARY_DIR}/test_headers.cpp)
 target_link_libraries(corvane_test_headers PRIVATE corvane_test_options)
@@ -35,9 +34,8 @@ target_precompile_headers(corvane_test_headers PRIVATE
   <gmock/gmock.h> <gtest/gtest.h> <chrono> <cmath> <condition_variable> <filesystem> <functional>
   <map> <memory> <mutex> <optional> <ranges> <span> <string> <thread> <vector>)
 
-# corvane_tests(NAME LABEL label SOURCES ... USES ... [PROPERTIES ...]): the GoogleTest program of one
-# module; each of its tests becomes one CTest test with that label, which under a sanitizer is
-# "sanitizer". PROPERTIES are CTest properties.
+# corvane_tests(NAME LABEL label SOURCES ... USES ... [PROPERTIES ...]): the GoogleTest program of one module. Each of its
+# tests becomes a CTest test with that label, or "sanitizer" under a sanitizer, and with these CTest properties.
 function(corvane_tests name)
   cmake_parse_arguments(arg "" "LABEL" "SOURCES;USES;PROPERTIES" ${ARGN})
   if(CORVANE_SANITIZE)

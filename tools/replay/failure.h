@@ -4,12 +4,12 @@
 
 namespace corvane::replay {
 
-/// Ends the program with status 1 and one line, its text, on standard error.
+/// Ends the program with status 1 and its text as one line on standard error.
 struct Failure : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// The command line makes no sense: the same with status 2.
+/// Invalid arguments: the same with status 2.
 struct UsageError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };

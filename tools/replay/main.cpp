@@ -27,7 +27,7 @@ int main(int argc, char** argv) {
     std::cout.flush();
     return std::cout ? 0 : fail("the output could not be written", 1);
   } catch (const UsageError& error) {
-    return fail((std::string(error.what()) + " (--help tells the options)").c_str(), 2);
+    return fail((std::string(error.what()) + " (see --help)").c_str(), 2);
   } catch (const Failure& error) {
     return fail(error.what(), 1);
   }

@@ -8,7 +8,7 @@
 
 namespace corvane::replay {
 
-/// A microphone that hears the recording.
+/// A microphone that delivers the recording.
 class FileInput final : public AudioInput {
  public:
   explicit FileInput(const AudioFormat& recorded) : format(recorded) {}
@@ -35,7 +35,7 @@ class FileInput final : public AudioInput {
   bool running = false;
 };
 
-/// Nothing is played.
+/// Plays nothing.
 class NoOutput final : public AudioOutput {
  public:
   bool isRunning() const override { return false; }
@@ -50,7 +50,7 @@ class Granted final : public MicrophonePermission {
   void requestRecordPermission(std::function<void(bool)> completion) override { completion(true); }
 };
 
-/// The user's own settings are neither read nor changed.
+/// Neither reads nor changes the user's settings.
 class NoPreferences final : public Preferences {
  public:
   std::optional<std::string> string(std::string_view) const override { return std::nullopt; }
@@ -66,7 +66,7 @@ class NoUrlOpener final : public UrlOpener {
   bool openURL(std::string_view) override { return false; }
 };
 
-/// Runs its jobs when it is told to, on the one thread there is.
+/// Runs its jobs in `pump`, on the only thread.
 class PumpedQueue final : public MainQueue {
  public:
   void async(Job job) override { jobs.push_back(std::move(job)); }

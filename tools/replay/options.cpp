@@ -44,7 +44,7 @@ void set(Options& options, std::string_view name, std::string_view value) {
   }
 }
 
-/// A tuning and a string mean something only together with the instrument.
+/// The valid tunings and strings depend on the instrument.
 void checkTogether(const Options& options) {
   const std::string id = options.tuning.value_or("");
   const Tuning* found = TuningLibrary::find(options.instrument, id);
@@ -65,9 +65,9 @@ void checkTogether(const Options& options) {
 const char* const usage =
     "Usage: corvane-replay FILE.wav [--instrument guitar|bass|piano] [--tuning ID] [--a4 HZ]\n"
     "                               [--string INDEX]\n"
-    "Plays a recording through the tuner and prints one tab-separated line for every analysed\n"
-    "block of 8192 samples: the index of its first sample, what the detector found (- where it\n"
-    "found no pitch), and what the tuner shows.\n";
+    "Runs a recording through the tuner and prints one tab-separated line for every analysed\n"
+    "block of 8192 samples: the index of its first sample, the detector's result (- without a\n"
+    "pitch), and what the tuner shows.\n";
 
 Options parseOptions(std::span<const char* const> arguments) {
   Options options;
@@ -83,10 +83,10 @@ Options parseOptions(std::span<const char* const> arguments) {
     } else if (options.file.empty()) {
       options.file = argument;
     } else {
-      throw UsageError("one recording at a time");
+      throw UsageError("more than one recording");
     }
   }
-  if (options.file.empty()) throw UsageError("which recording?");
+  if (options.file.empty()) throw UsageError("no recording given");
   checkTogether(options);
   return options;
 }

@@ -20,7 +20,7 @@ struct Options {
 
 extern const char* const usage;
 
-/// Throws UsageError on anything it does not know or that is out of range.
+/// Throws UsageError for unknown options and invalid values.
 Options parseOptions(std::span<const char* const> arguments);
 
 }  // namespace corvane::replay

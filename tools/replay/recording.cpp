@@ -16,13 +16,13 @@ namespace {
 void expectWholeFile(const std::string& path) {
   std::error_code unknown;
   const auto what = std::filesystem::status(path, unknown);
-  if (std::filesystem::is_directory(what)) throw Failure(path + ": is a folder");
-  // To open a pipe would wait for somebody to write to it.
+  if (std::filesystem::is_directory(what)) throw Failure(path + ": is a directory");
+  // Opening a pipe would wait for a writer.
   if (std::filesystem::is_other(what)) throw Failure(path + ": is a pipe or a device");
   std::ifstream stream(path, std::ios::binary);
   if (!stream) throw Failure(path + ": " + std::strerror(errno));
   if (stream.peek() == std::ifstream::traits_type::eof()) throw Failure(path + ": is empty");
-  if (isCutShort(stream)) throw Failure(path + ": is cut short");
+  if (isTruncated(stream)) throw Failure(path + ": is truncated");
 }
 
 }  // namespace
@@ -31,7 +31,7 @@ Recording::Recording(const std::string& filePath) : path(filePath) {
   expectWholeFile(path);
   file.reset(sf_open(path.c_str(), SFM_READ, &info));
   if (!file) throw Failure(path + ": is not a sound file (" + sf_strerror(nullptr) + ")");
-  if (info.frames == 0) throw Failure(path + ": holds no sound");
+  if (info.frames == 0) throw Failure(path + ": has no samples");
 }
 
 AudioFormat Recording::format() const {
@@ -43,7 +43,7 @@ std::vector<std::vector<float>> Recording::read(std::uint32_t frames) {
   std::vector<float> interleaved(frames * channelCount);
   const sf_count_t count = sf_readf_float(file.get(), interleaved.data(), frames);
   framesRead += count;
-  if (count == 0 && framesRead < info.frames) throw Failure(path + ": is cut short");
+  if (count == 0 && framesRead < info.frames) throw Failure(path + ": is truncated");
 
   std::vector<std::vector<float>> channels(channelCount,
                                            std::vector<float>(static_cast<std::size_t>(count)));

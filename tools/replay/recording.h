@@ -11,16 +11,16 @@
 
 namespace corvane::replay {
 
-/// A sound file, read from its start to its end.
+/// A sound file, read sequentially.
 class Recording {
  public:
-  /// Throws Failure when there is no such file, or it is a pipe, empty, no sound, or cut short.
+  /// Throws Failure if there is no such file, or it is a pipe, empty, not sound, or truncated.
   explicit Recording(const std::string& path);
 
   AudioFormat format() const;
 
-  /// The next frames, up to `frames` of them, one vector a channel; empty vectors at the end.
-  /// Throws Failure when the file ends before it should.
+  /// The next frames, up to `frames`, one vector per channel; empty vectors at the end. Throws
+  /// Failure if the file is truncated.
   std::vector<std::vector<float>> read(std::uint32_t frames);
 
  private:

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::uint32_t bufferFrames = 4096;
 
-/// The shortest text that reads back as the same number.
+/// The shortest text that parses as the same number.
 template <class Number>
 std::string shortest(Number value) {
   std::array<char, 32> text;
@@ -72,7 +72,7 @@ class Replay {
            shortest(reading->rms);
   }
 
-  /// Notes down each reading on its way; a buffer of one hop never completes more than one block.
+  /// Records each reading. A buffer of one hop completes at most one block.
   std::shared_ptr<PitchCapture> makeCapture() {
     return PitchCapture::create(std::make_unique<InlineQueue>(), [this](auto block, double rate) {
       analysed = true;

@@ -6,8 +6,8 @@
 
 namespace corvane::replay {
 
-/// Sends the recording through the tuner's own pipeline and engine, every block in order and none
-/// dropped, and prints a header line and a line for each block. Throws Failure.
+/// Runs the recording through the tuner's pipeline and engine without dropping blocks, and prints a
+/// header and a line for each block. Throws Failure.
 void replay(const Options& options, std::ostream& out);
 
 }  // namespace corvane::replay

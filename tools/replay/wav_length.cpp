@@ -45,7 +45,7 @@ std::int64_t sizeOf(std::istream& file) {
 
 }  // namespace
 
-bool isCutShort(std::istream& file) {
+bool isTruncated(std::istream& file) {
   const std::int64_t size = sizeOf(file);
   const auto riff = readHeader(file);
   std::array<char, 4> form{};
@@ -53,7 +53,7 @@ bool isCutShort(std::istream& file) {
   if (file.read(form.data(), form.size()) && form != std::array{'W', 'A', 'V', 'E'}) return false;
   file.clear();
 
-  std::optional<std::uint64_t> longLength;  // of the sound, where 32 bits do not hold it
+  std::optional<std::uint64_t> longLength;  // of the data, if beyond 32 bits
   std::int64_t position = 12;
   while (position < size) {
     file.seekg(position);

@@ -1,4 +1,4 @@
-// The command itself, as a user types it.
+// The command line.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ using testing::IsEmpty;
 
 class Command : public testing::Test {
  protected:
-  /// Runs the command and keeps its outcome.
+  /// Runs the command and stores its result.
   void run(const std::string& arguments) {
     const std::string command = REPLAY_COMMAND " " + arguments + " >" + recordings.path("out") +
                                 " 2>" + recordings.path("err");
@@ -48,17 +48,17 @@ TEST_F(Command, PrintsALinePerBlock) {
   EXPECT_THAT(err, IsEmpty());
 }
 
-TEST_F(Command, AFileThatCannotBeReplayedGetsOneLine) {
+TEST_F(Command, UnusableFileGivesOneLine) {
   struct Unusable {
     std::string file;
     const char* reason;
   };
   for (const auto& [file, reason] :
        {Unusable{recordings.path("none.wav"), "No such file or directory"},
-        Unusable{recordings.path(""), "is a folder"},
+        Unusable{recordings.path(""), "is a directory"},
         Unusable{recordings.path(std::string(5000, 'x')), "File name too long"},
         Unusable{recordings.writeBytes("empty.wav", ""), "is empty"},
-        Unusable{recordings.write("silent.wav", 44100, {signals::Samples{}}), "holds no sound"},
+        Unusable{recordings.write("silent.wav", 44100, {signals::Samples{}}), "has no samples"},
         Unusable{recordings.writeBytes("letter.wav", "This is a letter to a friend."),
                  "is not a sound file"}}) {
     SCOPED_TRACE(reason);
@@ -67,13 +67,13 @@ TEST_F(Command, AFileThatCannotBeReplayedGetsOneLine) {
   }
 }
 
-TEST_F(Command, APipeThatNobodyWritesToGetsOneLine) {
+TEST_F(Command, PipeWithoutAWriterGivesOneLine) {
   ASSERT_EQ(mkfifo(recordings.path("pipe").c_str(), 0600), 0);
   run(recordings.path("pipe"));
   expectOneLine("pipe: is a pipe or a device");
 }
 
-TEST_F(Command, AFileCutShortGetsOneLine) {
+TEST_F(Command, TruncatedFileGivesOneLine) {
   for (const int format : {SF_FORMAT_WAV, SF_FORMAT_RF64}) {
     const auto whole = Recordings::bytes(recordings.write(
         "a.wav", 44100, {signals::sine(110, 44100, 20000)}, format | SF_FORMAT_FLOAT));
@@ -88,15 +88,15 @@ TEST_F(Command, AFileCutShortGetsOneLine) {
   }
 }
 
-TEST_F(Command, AFlacFileCutShortGetsOneLine) {
+TEST_F(Command, TruncatedFlacFileGivesOneLine) {
   const auto whole = Recordings::bytes(recordings.write("a.flac", 44100, {signals::noise(60000, 3)},
                                                         SF_FORMAT_FLAC | SF_FORMAT_PCM_16));
   run(recordings.writeBytes("b.flac", whole.substr(0, whole.size() / 2)));
   EXPECT_EQ(status, 1);
-  EXPECT_THAT(err, HasSubstr("is cut short"));
+  EXPECT_THAT(err, HasSubstr("is truncated"));
 }
 
-TEST_F(Command, StatusTellsAWrongOptionFromHelpAndAFullDisk) {
+TEST_F(Command, StatusDistinguishesInvalidOptionHelpAndFullDisk) {
   run("--tempo 3");
   EXPECT_EQ(status, 2);
   EXPECT_EQ(std::count(err.begin(), err.end(), '\n'), 1);

@@ -45,15 +45,15 @@ TEST(Options, MayComeInAnyOrder) {
   EXPECT_THAT(options.string, Optional(4));
 }
 
-TEST(Options, AskForHelpWhateverElseIsSaid) {
+TEST(Options, HelpOverridesOtherArguments) {
   EXPECT_TRUE(parse({"--help"}).help);
   EXPECT_TRUE(parse({"a.wav", "--help", "b.wav"}).help);
 }
 
-TEST(Options, ComplainAboutWhatTheyDoNotKnowOrIsOutOfRange) {
+TEST(Options, RejectUnknownAndInvalidValues) {
   EXPECT_EQ(complaint({"a.wav", "--speed", "2"}), "unknown option '--speed'");
-  EXPECT_EQ(complaint({"a.wav", "b.wav"}), "one recording at a time");
-  EXPECT_EQ(complaint({}), "which recording?");
+  EXPECT_EQ(complaint({"a.wav", "b.wav"}), "more than one recording");
+  EXPECT_EQ(complaint({}), "no recording given");
   EXPECT_EQ(complaint({"a.wav", "--a4"}), "--a4 needs a value");
   EXPECT_EQ(complaint({"a.wav", "--a4", "376.9"}), "--a4 takes 377 to 560 Hz");
   EXPECT_EQ(complaint({"a.wav", "--a4", "nan"}), "--a4 takes 377 to 560 Hz");

@@ -16,7 +16,7 @@ namespace corvane::replay {
 
 using Channels = std::vector<signals::Samples>;
 
-/// A folder of recordings that goes with the test.
+/// A temporary directory of recordings.
 class Recordings {
  public:
   Recordings() {
@@ -28,7 +28,7 @@ class Recordings {
 
   std::string path(const std::string& name) const { return (folder / name).string(); }
 
-  /// Writes 32-bit float samples unless `format` says otherwise.
+  /// Writes 32-bit float samples, or those of `format`.
   std::string write(const std::string& name, int rate, const Channels& channels,
                     int format = SF_FORMAT_WAV | SF_FORMAT_FLOAT) const {
     SF_INFO info{};

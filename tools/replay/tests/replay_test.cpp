@@ -44,7 +44,7 @@ Number parse(const std::string& text) {
   return number;
 }
 
-/// Reads the detector's columns back: they are those of each block of `samples`, to the last bit.
+/// Expects the detector's columns to equal those of each block of `samples` to the bit.
 void expectReadings(const std::vector<Row>& rows, double rate, const signals::Samples& samples) {
   ASSERT_EQ(rows.size(), 1 + (samples.size() - 8192) / 4096 + 1);
   for (std::size_t first = 0; first + 8192 <= samples.size(); first += 4096) {
@@ -67,7 +67,7 @@ class Replay : public testing::Test {
   Recordings recordings;
 };
 
-TEST_F(Replay, ShowsWhatTheTunerShowsUnderTheNamesOfTheColumns) {
+TEST_F(Replay, PrintsWhatTheTunerShowsWithColumnNames) {
   const auto rows = rowsOf(recordings.write("a.wav", 48000, {signals::sine(110, 48000, 8192)}));
   ASSERT_EQ(rows.size(), 2U);
   EXPECT_THAT(rows[0], ElementsAre("sample", "frequency", "confidence", "rms", "heard", "note",
@@ -78,7 +78,7 @@ TEST_F(Replay, ShowsWhatTheTunerShowsUnderTheNamesOfTheColumns) {
   EXPECT_EQ(rowsOf(tooShort).size(), 1U);
 }
 
-TEST_F(Replay, ADashStandsForWhatIsNotThere) {
+TEST_F(Replay, PrintsADashForAbsentValues) {
   const auto rows = rowsOf(recordings.write("a.wav", 48000, {signals::constant(0, 8192)}));
   EXPECT_THAT(rows.at(1), ElementsAre("0", "-", "-", "-", "no", "—", "-", "0", "-", "Play a note"));
 }
@@ -89,14 +89,14 @@ TEST_F(Replay, ReadsEveryRateAndChannelCount) {
     for (const std::size_t count : {1U, 2U, 8U}) {
       Channels channels(count, signals::constant(0.0F, 15000));
       channels.back() = samples;
-      // The mix of one sound and silence is exact for these counts.
+      // Mixing one sound with silence is exact for these counts.
       expectReadings(rowsOf(recordings.write("a.wav", rate, channels)), rate,
                      signals::scaled(samples, 1.0F / static_cast<float>(count)));
     }
   }
 }
 
-TEST_F(Replay, ReadsPitchesThatComeAndGo) {
+TEST_F(Replay, ReadsBlocksWithAndWithoutPitch) {
   signals::Samples samples = signals::chirp(40, 2000, 44100, 30000);
   samples[9000] = std::numeric_limits<float>::quiet_NaN();
   samples[15000] = std::numeric_limits<float>::infinity();
@@ -112,12 +112,12 @@ TEST_F(Replay, ReadsEverySampleFormatOfWavFiles) {
                             SF_FORMAT_DOUBLE, SF_FORMAT_ULAW}) {
     const auto rows = rowsOf(recordings.write("a.wav", 48000, {samples}, SF_FORMAT_WAV | subtype));
     ASSERT_EQ(rows.size(), 3U) << subtype;
-    // Eight bits of level leave the period well within a cent, 0.06 Hz.
+    // With 8-bit samples the period is accurate to well within a cent, 0.06 Hz.
     EXPECT_NEAR(parse<double>(rows[2][1]), 110.0, 0.06) << subtype;
   }
 }
 
-TEST_F(Replay, EverySelectionOfTheUserIsApplied) {
+TEST_F(Replay, AppliesAllOptions) {
   Options options;
   options.file = recordings.write("a.wav", 48000, {signals::sine(50.0, 48000, 8192)});
   options.instrument = Instrument::bass;
@@ -126,7 +126,7 @@ TEST_F(Replay, EverySelectionOfTheUserIsApplied) {
   options.string = 0;
   const Row bass = rowsOf(options).at(1);
   EXPECT_EQ(bass[5] + bass[6] + bass[8], "B00");
-  // 50 Hz is the A1 of an A4 of 400 Hz, ten semitones above B0; the sine is measured to 0.01 Hz.
+  // 50 Hz is A1 at an A4 of 400 Hz, ten semitones above B0; the sine is measured to 0.01 Hz.
   EXPECT_NEAR(parse<double>(bass[7]), 1000.0, 0.4);
   options.instrument = Instrument::piano;
   options.tuning.reset();

@@ -16,35 +16,35 @@ std::string chunk(const std::string& id, std::uint32_t length, const std::string
   return bytes + body;
 }
 
-bool cutShort(const std::string& chunks) {
+bool truncated(const std::string& chunks) {
   std::stringstream file(chunk("RIFF", 0, "WAVE") + chunks);
-  return isCutShort(file);
+  return isTruncated(file);
 }
 
 const std::string format = chunk("fmt ", 16, std::string(16, '\0'));
 
-TEST(WavLength, AFileThatEndsBeforeItsSamplesIsCutShort) {
-  EXPECT_TRUE(cutShort(format + chunk("data", 4, "abc")));
-  EXPECT_TRUE(cutShort(format));
-  EXPECT_TRUE(cutShort(format + "dat"));
-  EXPECT_TRUE(cutShort(chunk("fmt ", 16, "short")));
-  EXPECT_TRUE(cutShort(""));
+TEST(WavLength, FileThatEndsBeforeItsSamplesIsTruncated) {
+  EXPECT_TRUE(truncated(format + chunk("data", 4, "abc")));
+  EXPECT_TRUE(truncated(format));
+  EXPECT_TRUE(truncated(format + "dat"));
+  EXPECT_TRUE(truncated(chunk("fmt ", 16, "short")));
+  EXPECT_TRUE(truncated(""));
 }
 
-TEST(WavLength, AWholeFileOrALengthLeftOpenIsNotCutShort) {
-  EXPECT_FALSE(cutShort(format + chunk("data", 4, "abcd")));
-  EXPECT_FALSE(cutShort(format + chunk("data", 4, "abcd") + chunk("LIST", 2, "xy")));
-  EXPECT_FALSE(cutShort(chunk("note", 3, "abc") + '\0' + format + chunk("data", 4, "abcd")))
+TEST(WavLength, WholeFileOrOpenLengthIsNotTruncated) {
+  EXPECT_FALSE(truncated(format + chunk("data", 4, "abcd")));
+  EXPECT_FALSE(truncated(format + chunk("data", 4, "abcd") + chunk("LIST", 2, "xy")));
+  EXPECT_FALSE(truncated(chunk("note", 3, "abc") + '\0' + format + chunk("data", 4, "abcd")))
       << "a chunk of odd length is padded";
-  EXPECT_FALSE(cutShort(format + chunk("data", 0xFFFFFFFF, "abc")));
-  EXPECT_FALSE(cutShort(format + chunk("data", 0, "abc")));
+  EXPECT_FALSE(truncated(format + chunk("data", 0xFFFFFFFF, "abc")));
+  EXPECT_FALSE(truncated(format + chunk("data", 0, "abc")));
 }
 
-TEST(WavLength, SaysNothingAboutOtherFiles) {
+TEST(WavLength, IgnoresOtherFormats) {
   for (const std::string& other : {chunk("RIFF", 0, "WEBP") + chunk("VP8 ", 100, "short"),
                                    std::string("This is a letter to a friend."), std::string()}) {
     std::stringstream file(other);
-    EXPECT_FALSE(isCutShort(file)) << other;
+    EXPECT_FALSE(isTruncated(file)) << other;
   }
 }
 
