@@ -1,5 +1,5 @@
-// How long the pitch detector takes: all of it, from a block of samples to a reading, on every path
-// of this machine, beside the naive difference function alone.
+// The time of the whole pitch detector, from samples to reading, on every path of this machine, and
+// of the naive difference function alone.
 
 #include <algorithm>
 #include <array>
@@ -65,7 +65,7 @@ std::vector<Row> benchRate(double rate) {
     for (const DifferencePath& path : differencePaths()) {
       if (!path.runsHere()) continue;
       rows.push_back(benchPath(rate, path, sounds, rows.front()));
-      // A subtraction, a multiplication and an addition for each product.
+      // A subtraction, a multiplication and an addition per product.
       if (path.name == "AVX-512" && sounds.blocks.size() == 1) {
         rows.back().operations = static_cast<double>(3 * window * longestLag(rate));
       }
@@ -74,7 +74,7 @@ std::vector<Row> benchRate(double rate) {
   return rows;
 }
 
-/// Nothing to measure where there is no AVX-512.
+/// Measures nothing without AVX-512.
 Row benchPeak() {
   constexpr std::size_t passes = 20000;
   const Row row = {"peak rate, AVX-512", passes * operationsOfAPass, {}};

@@ -1,6 +1,6 @@
 #!/usr/bin/python3 -B
-"""hour.py PROGRAM [MINUTES]: plays a guitar to the tuner on a private desktop, in real time, and
-prints what that has left. Fails when a string was not shown, or when anything has grown."""
+"""hour.py PROGRAM [MINUTES]: plays a guitar to the tuner on a private desktop in real time and prints the usage.
+Fails if a string was not shown or anything grew."""
 
 import pathlib
 import sys

@@ -6,7 +6,7 @@
 namespace corvane {
 
 /// Fills d[tau], for tau from 1 to d.size() - 1, with the sum of (x[i] - x[i + tau])^2 over i from
-/// 0 to `window` - 1: one lag after the other, one product after the other, every lag.
+/// 0 to `window` - 1, with two plain loops.
 void naiveDifference(std::span<const float> x, std::size_t window, std::span<double> d);
 
 }  // namespace corvane

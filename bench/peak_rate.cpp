@@ -9,7 +9,7 @@ namespace corvane {
 #if defined(__x86_64__)
 
 [[gnu::target("avx512f")]] void addAndMultiply(std::size_t passes) {
-  // Twelve of each: two units with a latency of up to four cycles want eight under way.
+  // Twelve of each: two units with a latency of up to four cycles need eight in flight.
   constexpr int chains = 12;
   static_assert(operationsOfAPass == 2 * chains * sizeof(__m512d) / sizeof(double));
   __m512d sums[chains];

@@ -4,12 +4,11 @@
 
 namespace corvane {
 
-/// How many additions and multiplications of doubles one pass is.
+/// Additions and multiplications of doubles per pass.
 constexpr std::size_t operationsOfAPass = 192;
 
-/// Adds and multiplies doubles in the registers of AVX-512, as many of one as of the other, so that
-/// every arithmetic unit is busy all the time and nothing else is: no memory, no waiting for a
-/// result. Only on a processor that has AVX-512.
+/// Equal numbers of additions and multiplications in AVX-512 registers, which keep every arithmetic
+/// unit busy without memory access or dependencies. Requires AVX-512.
 void addAndMultiply(std::size_t passes);
 
 }  // namespace corvane

@@ -1,6 +1,6 @@
-// Hours of sound through the capture pipeline and the engine, as fast as they go: soak [HOURS
-// [MINUTES]], 24 hours of 60 minutes unless told otherwise. Ends with status 1 unless every hour
-// gives what the first one gave, to the last bit, and memory does not grow.
+// soak [HOURS [MINUTES]]: sends hours of sound (default 24 of 60 minutes) through pipeline and
+// engine as fast as possible. Exits with 1 unless every hour equals the first to the bit and memory
+// does not grow.
 
 #include <malloc.h>
 #include <unistd.h>
@@ -19,11 +19,10 @@ namespace {
 
 using corvane::soak::Shown;
 
-/// About a byte for each of the million buffers of 23 hours: what leaks in any of them is more.
+/// About a byte for each of the million buffers of 23 hours: less than any leak per buffer.
 constexpr double mostGrowth = 1024.0;  // kB
 
-/// What this process has in memory, in kB, without what its allocator keeps for later; 0 where the
-/// system does not tell.
+/// The resident memory in kB after trimming the heap; 0 if unknown.
 double residentMemory() {
 #if defined(__GLIBC__)
   malloc_trim(0);
@@ -40,7 +39,7 @@ int fail(const char* what, std::size_t where) {
   return 1;
 }
 
-/// Every hour as the first one, which is remembered.
+/// Records the first hour and compares the others with it.
 class Hours {
  public:
   explicit Hours(double minutes) : seconds(60.0 * minutes) {}
@@ -52,7 +51,7 @@ class Hours {
     });
   }
 
-  /// How many buffers showed what they had shown in the first hour, before one did not.
+  /// The number of buffers before the first one that differs from the first hour.
   std::size_t playAgain() {
     std::size_t position = 0;
     std::size_t same = 0;
@@ -64,7 +63,7 @@ class Hours {
   }
 
   std::size_t buffers() const { return first.size(); }
-  /// Of the buffers of an hour, those at whose end a note was heard, 0 to 1.
+  /// The share of an hour's buffers that end with a note heard, 0 to 1.
   double heardShare() const {
     return static_cast<double>(heard) / static_cast<double>(first.size());
   }
@@ -85,18 +84,17 @@ double secondsSince(std::chrono::steady_clock::time_point begun) {
 int main(int argc, char** argv) {
   const int count = argc > 1 ? std::atoi(argv[1]) : 24;
   const double minutes = argc > 2 ? std::atof(argv[2]) : 60.0;
-  if (count < 2 || !(minutes > 0.0)) return fail("takes at least two hours of some minutes", 0);
+  if (count < 2 || !(minutes > 0.0)) return fail("needs at least two hours of some minutes", 0);
 
   const auto begun = std::chrono::steady_clock::now();
   Hours hours(minutes);
   hours.playFirst();
   const double share = hours.heardShare();
-  if (!(share > 0.25 && share < 0.95)) return fail("the first hour is not what players play", 0);
+  if (!(share > 0.25 && share < 0.95)) return fail("the share of notes heard is implausible", 0);
   const double memory = residentMemory();
   for (int hour = 2; hour <= count; ++hour) {
     const std::size_t same = hours.playAgain();
-    if (same != hours.buffers())
-      return fail("another result than in the first hour at buffer", same);
+    if (same != hours.buffers()) return fail("differs from the first hour at buffer", same);
   }
   const double growth = residentMemory() - memory;
   const double took = secondsSince(begun);
@@ -108,7 +106,7 @@ int main(int argc, char** argv) {
   corvane::figure("kB in memory after the first hour", memory);
   corvane::figure("kB grown until the last", growth);
   corvane::figure("times as fast as it sounds", std::lround(60.0 * minutes * count / took));
-  if (!(memory > 0.0)) return fail("the system does not tell what is in memory", 0);
+  if (!(memory > 0.0)) return fail("the resident memory is unknown", 0);
   if (!(growth <= mostGrowth)) return fail("memory grows, in kB", static_cast<std::size_t>(growth));
   return 0;
 }

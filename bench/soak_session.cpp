@@ -32,12 +32,11 @@ void Session::play(double seconds, const OnBuffer& onBuffer) {
   }
 }
 
-/// The random numbers too. One block of a string, so that nothing is shown any more of what was
-/// heard before.
+/// Also resets the random numbers. Plays one block of a string, so that no earlier note is shown.
 void Session::beginAnew() {
   chance.seed(1);
   played = 0.0;
-  passTime(2.0);  // until nothing is left of a reference tone
+  passTime(2.0);  // until a reference tone has ended
   engine->stop();
   engine->setInstrument(Instrument::guitar);
   engine->setTuningID("g6-standard");
@@ -107,7 +106,7 @@ signals::Samples Session::someSound() {
   }
 }
 
-/// Every sound has a format of its own, so it does not continue the one before.
+/// Every sound has its own format, so it does not continue the previous one.
 void Session::send(const signals::Samples& sound, const OnBuffer& onBuffer) {
   const std::span<const float> all(sound);
   for (std::size_t at = 0; at < all.size(); at += bufferFrames) {
@@ -133,7 +132,7 @@ void Session::passTime(double seconds) {
   world.clock->time += std::chrono::nanoseconds(std::llround(seconds * 1e9));
 }
 
-/// The fakes remember all that was asked of them.
+/// The fakes record all calls.
 void Session::forget() {
   for (const auto& tone : world.output->played) tone.ended();
   world.output->played.clear();

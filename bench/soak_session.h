@@ -13,12 +13,12 @@
 
 namespace corvane::soak {
 
-/// What the tuner shows, to the last bit.
+/// The exact state that the tuner shows.
 struct Shown {
   std::uint64_t frequency;
   std::uint64_t cents;
   std::uint64_t signal;
-  std::size_t texts;  ///< of the labels and the status, condensed
+  std::size_t texts;  ///< hash of labels and status
   std::optional<std::int64_t> string;
   bool heard;
   bool inTune;
@@ -26,15 +26,14 @@ struct Shown {
   bool operator==(const Shown&) const = default;
 };
 
-/// One tuner and one user who plays to it, all on one thread and in time of its own, which the
-/// sound moves: strings plucked and turned, pauses and noise, in changing formats, with every
-/// choice that there is made in between.
+/// A tuner and a simulated player on one thread, with time that the sound advances: strings plucked
+/// and turned, pauses and noise in changing formats, and every kind of choice.
 class Session {
  public:
-  /// Told of the state of the tuner after each buffer of sound.
+  /// Called with the tuner's state after each buffer.
   using OnBuffer = std::function<void(const Shown&)>;
 
-  /// Begins anew and plays for at least `seconds`: the same each time, to the last bit.
+  /// Restarts and plays for at least `seconds`, exactly the same each time.
   void play(double seconds, const OnBuffer& onBuffer);
 
  private:

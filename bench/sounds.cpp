@@ -12,14 +12,14 @@ namespace {
 
 constexpr std::size_t block = PitchCapture::blockSamples;
 
-/// At half of full scale, so that no string is taken for silence.
+/// Scaled to half of full scale, so that no string is treated as silence.
 signals::Samples loud(signals::Samples samples) {
   float peak = 0.0F;
   for (const float sample : samples) peak = std::max(peak, std::abs(sample));
   return signals::scaled(std::move(samples), 0.5F / peak);
 }
 
-/// Whether the detector hears the string, unless it lies below what it can hear at this rate.
+/// Whether the detector finds the string, or it is below the range at this rate.
 bool isHeard(const signals::Samples& samples, double rate, double frequency) {
   const double longestLag = std::min(std::ceil(rate / 27.0), double{block / 2 - 2});
   if (rate / frequency > longestLag - 1.0) return true;
@@ -37,7 +37,7 @@ std::vector<signals::Samples> pluckedStrings(const Tuning& tuning, double rate) 
       const auto all = signals::pluckedString(delay, start + block, 1);
       blocks.push_back(loud({all.end() - std::ptrdiff_t{block}, all.end()}));
       require(isHeard(blocks.back(), rate, signals::pluckedPitch(delay, rate)),
-              "what is measured is the reading of a string");
+              "the detector finds the string");
     }
   }
   return blocks;

@@ -8,21 +8,20 @@
 
 namespace corvane {
 
-/// One measured thing, and what is worth comparing it with.
+/// A benchmark, and its baselines.
 struct Row {
-  std::string benchmark;  ///< its name
-  std::size_t count;      ///< of what one iteration does so many times, such as blocks
-  std::string naive;      ///< the name of the benchmark that is the same done naively, or empty
-  double operations = 0;  ///< of arithmetic in one of them, where the limit is worth telling
+  std::string benchmark;  ///< name
+  std::size_t count;      ///< items, such as blocks, per iteration
+  std::string naive;      ///< name of the naive benchmark, or empty
+  double operations = 0;  ///< arithmetic operations per item if the limit is to be shown
 };
 
-/// Collects what Google Benchmark measures and prints it as one table: the least and the median of
-/// the repetitions, and how often as fast as the naive loop that is. Processor time of the one
-/// thread, in microseconds; other work on the machine only ever adds to it, so the least is nearest
-/// to what the program takes.
+/// Prints the results of Google Benchmark as one table: least and median of the repetitions, and
+/// the speed relative to the naive loop. Processor time of the thread in microseconds; other load
+/// only increases it, so the least is the most accurate.
 class SpeedTable final : public benchmark::BenchmarkReporter {
  public:
-  /// `peak` is the name of the benchmark that does nothing but arithmetic; its count is operations.
+  /// `peak`: the benchmark of pure arithmetic; its count is operations.
   SpeedTable(std::vector<Row> rows, Row peak);
 
   bool ReportContext(const Context&) override { return true; }
@@ -42,7 +41,7 @@ class SpeedTable final : public benchmark::BenchmarkReporter {
 
   std::vector<Row> rows;
   Row peak;
-  std::map<std::string, std::vector<double>> seconds;  ///< an iteration, each repetition
+  std::map<std::string, std::vector<double>> seconds;  ///< per iteration, for each repetition
 };
 
 }  // namespace corvane

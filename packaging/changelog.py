@@ -1,14 +1,13 @@
 #!/usr/bin/python3 -B
-"""changelog.py VERSION: CHANGELOG.md for the software centre; recipe.py has it for package managers.
+"""changelog.py VERSION: converts CHANGELOG.md for the metainfo; recipe.py uses it for packages.
 
-Reads the change log from standard input and prints it as the list of releases in the metainfo. VERSION is
-the program's own, which the newest entry must agree with:
+Reads the change log from standard input and prints the metainfo's list of releases. VERSION is the program's, which the
+newest entry must match:
 
     ## 1.2.0 - 2026-11-21    the program is 1.2.0
-    ## Unreleased            the program is to become VERSION, so no release may be called that yet
+    ## Unreleased            VERSION is not released yet
 
-Below each such line there is nothing but a list of notes. An entry that is not released is dated by
-SOURCE_DATE_EPOCH, or today."""
+Each heading is followed by a list of notes. An unreleased entry has the date of SOURCE_DATE_EPOCH, or today."""
 
 import dataclasses
 import datetime
@@ -21,14 +20,14 @@ import time
 from collections.abc import Iterator, Sequence
 from xml.sax.saxutils import escape
 
-# Of every package. The address can belong to nobody (RFC 2606): whoever publishes puts theirs here.
+# Of every package. The address is reserved (RFC 2606): a publisher replaces it.
 MAINTAINER = "The Corvane developers <developers@corvane.example>"
 
 HEADING = re.compile(r"## (?:(?P<version>\d+\.\d+\.\d+) - (?P<date>\d{4}-\d\d-\d\d)|Unreleased)")
 
 
 class Failure(Exception):
-    """What is wrong with the change log, for whoever wrote it."""
+    """An error in the change log."""
 
 
 @dataclasses.dataclass
@@ -40,7 +39,7 @@ class Entry:
 
 
 def parse(text: str, version: str, today: datetime.date) -> list[Entry]:
-    """The entries, the newest first."""
+    """The entries, newest first."""
     entries: list[Entry] = []
     for number, line in enumerate(text.splitlines(), 1):
         try:

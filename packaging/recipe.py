@@ -1,12 +1,11 @@
 #!/usr/bin/python3 -B
-"""recipe.py ARCHIVE FROM TO: writes what a package is made from.
+"""recipe.py ARCHIVE FROM TO: generates a package recipe.
 
-Copies the folder FROM, one of those beside this file, to TO for the source archive ARCHIVE. Files that end in
-".in" are filled, each with what is known in one place only:
+Copies the directory FROM, beside this file, to TO for the source archive ARCHIVE. In files ending in ".in" it replaces:
 
-    @VERSION@ @UPSTREAM@    the version of the package, and that of the archive: CMakeLists.txt, CHANGELOG.md
-    @ARCH VERSION@          that of the package where "~" is not allowed; "dev" is before the release there too
-    @SUMMARY@ @summary@     a line about the program, as a sentence and within one: CMakeLists.txt
+    @VERSION@ @UPSTREAM@    the versions of package and archive: CMakeLists.txt, CHANGELOG.md
+    @ARCH VERSION@          the package's where "~" is not allowed; "dev" sorts before the release there too
+    @SUMMARY@ @summary@     the summary, capitalised or not: CMakeLists.txt
     @HOMEPAGE@              CMakeLists.txt
     @DESCRIPTION@           the line is repeated for each line of the metainfo's description
     @fedora build@          the line is repeated for each package of that system and purpose: packages
@@ -25,12 +24,12 @@ import changelog
 
 HERE = pathlib.Path(__file__).resolve().parent
 SYSTEMS = ("debian", "fedora", "opensuse", "arch")
-# How a least version is written.
+# The syntax of a minimum version.
 LEAST = {"debian": "{} (>= {})", "fedora": "{} >= {}", "opensuse": "{} >= {}", "arch": "{}>={}"}
 
 
 def facts(archive: pathlib.Path) -> dict[str, str | list[str]]:
-    """What stands for each name."""
+    """The value of each placeholder."""
     text = (HERE.parent / "CMakeLists.txt").read_text(encoding="utf-8")
     project = re.search(r'^project\(corvane VERSION (\S+)\s+DESCRIPTION "(.*)" HOMEPAGE_URL (\S+) ', text,
                         re.MULTILINE)
@@ -55,7 +54,7 @@ def description() -> list[str]:
 
 
 def packages() -> dict[str, list[str]]:
-    """The packages by system and purpose."""
+    """Packages by system and purpose."""
     found = {}
     for line in (HERE / "packages").read_text(encoding="utf-8").splitlines():
         if line.startswith("#"):

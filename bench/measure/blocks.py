@@ -1,4 +1,4 @@
-"""When the blocks themselves let a string be named."""
+"""When the blocks suffice to name a string."""
 
 import array
 import pathlib
@@ -16,7 +16,7 @@ NAMES = ("C", "C♯", "D", "D♯", "E", "F", "F♯", "G", "G♯", "A", "A♯", "
 
 
 class Needed(NamedTuple):
-    """Of one string, from its onset, in seconds."""
+    """For one string, in seconds from its onset."""
 
     whole: float  # to the end of the first block that is all of it
     named: float  # to the end of the first block in which the detector finds it
@@ -24,8 +24,8 @@ class Needed(NamedTuple):
 
 def needed(replay: pathlib.Path, sound: array.array,
            strings: list[tuple[int, int]]) -> list[list[Needed]]:
-    """For each frame at which the first block may begin, in steps: what each string (its key, A4 is
-    69, and the frame at which it begins) takes of blocks until `replay` names it."""
+    """For each possible first frame of the first block, in steps: the blocks that each string (its key, A4 is 69, and its
+    first frame) needs until `replay` names it."""
     samples = array.array("h", (round(32767 * value) for value in sound))
     return [[_needed(blocks, key, begin) for key, begin in strings]
             for blocks in (_blocks(replay, samples, first) for first in range(0, HOP, STEP))]
@@ -41,7 +41,7 @@ def _needed(blocks: list[tuple[int, int | None]], key: int, begin: int) -> Neede
 
 
 def _blocks(replay: pathlib.Path, samples: array.array, first: int) -> list[tuple[int, int | None]]:
-    """The frame at which each block ends, and the key that is found in it."""
+    """The end of each block, and the key detected in it."""
     with tempfile.TemporaryDirectory() as folder:
         recording = pathlib.Path(folder) / "sound.wav"
         _write(recording, samples[first:])

@@ -15,14 +15,13 @@ from .subject import NOTE, Subject, moment_when
 
 LEARN_SECONDS = 1.2  # the name of a string is read from the screen this long after its onset
 STRING_SECONDS = 1.0
-# Of the period of the blocks between one onset and the next: the golden section spreads any number
-# of onsets evenly over it.
+# The golden section spreads any number of onsets evenly over the period of the blocks.
 SPREAD = (5 ** 0.5 - 1) / 2
 AUDIBLE = 0.01  # of the loudest sample: what comes before is the sampler's own silence
 
 
 class Delays(NamedTuple):
-    """In milliseconds, from shortest to longest; those that were never shown are missing."""
+    """In milliseconds, ascending, without strings that were never shown."""
 
     values: list[float]
     own: list[float]  # less what the blocks themselves take, string by string
@@ -36,7 +35,7 @@ def at(values: list[float], share: float) -> float:
 
 def measure(subject: Subject, room: PipedRoom, replay: pathlib.Path,
             strings: dict[int, array.array], onsets: int) -> Delays:
-    """Of `strings`, by their keys (A4 is 69), one after the other and again."""
+    """Plays `strings`, by their keys (A4 is 69), in turn."""
     keys = [list(strings)[turn % len(strings)] for turn in range(onsets)]
     sound, begins = _sequence([_from_onset(strings[key]) for key in keys])
     phases = blocks.needed(replay, sound, list(zip(keys, begins)))
@@ -54,9 +53,8 @@ def measure(subject: Subject, room: PipedRoom, replay: pathlib.Path,
 
 
 def _own(delays: list[float | None], needed: list[blocks.Needed]) -> list[float]:
-    """What the program adds to its blocks. They begin at a phase that is not told, but only at the
-    right one does every string leave about the same: at all others the blocks that name some of them
-    are a whole hop earlier or later."""
+    """The program's share of the delays. The phase of its blocks is unknown, but only the right one leaves about the same
+    share for every string: at others the naming blocks of some are a whole hop earlier or later."""
     return [delay - each.named for delay, each in zip(delays, needed) if delay is not None]
 
 
@@ -80,7 +78,7 @@ def learn(subject: Subject, room: PipedRoom, string: array.array) -> Shape:
 
 
 def _sequence(strings: list[array.array]) -> tuple[array.array, list[int]]:
-    """Each string cut off by the next, and the frames at which they begin."""
+    """The strings, each cut off by the next, and their first frames."""
     sound, begins = silence(LEARN_SECONDS), []
     for number, string in enumerate(strings):
         begins.append(len(sound))
@@ -90,7 +88,7 @@ def _sequence(strings: list[array.array]) -> tuple[array.array, list[int]]:
 
 
 def _delay(subject: Subject, shape: Shape, onset: float) -> float | None:
-    """Seconds; nothing when the string was not shown before the next one."""
+    """In seconds; nothing if the string was not shown before the next one."""
     time.sleep(max(0.0, onset - time.monotonic()))
     shown = moment_when(lambda: Shape(subject.pixels(NOTE)).is_like(shape),
                         onset + STRING_SECONDS - time.monotonic())

@@ -1,4 +1,4 @@
-"""What becomes of the program while a guitar is played for as long as one likes."""
+"""The program's usage while a guitar is played for a long time."""
 
 import array
 import itertools
@@ -12,7 +12,7 @@ from .microphone import RATE, PipedRoom
 from .picture import Shape
 from .subject import NOTE, Subject
 
-# What the program takes when it is used for the first time is not counted as growth.
+# Memory of the first use does not count as growth.
 SETTLE_SECONDS = 30
 
 
@@ -33,11 +33,11 @@ class Endurance(NamedTuple):
 
 def measure(subject: Subject, room: PipedRoom, strings: list[array.array], seconds: float,
             tell: Callable[[str], None]) -> Endurance:
-    """Tells now and then how it goes."""
+    """Reports progress with `tell`."""
     with subject.running() as process:
         subject.find_window(process)
         shapes = [learn(subject, room, string) for string in strings]
-        # In another colour a name looks a little different, but nearer to itself than to others.
+        # A name in another colour differs a little, but less than from other names.
         limit = min(one.difference(other) for one, other in itertools.combinations(shapes, 2)) / 2
         turns = _turns(subject, room, strings, shapes, limit)
         _play(turns, SETTLE_SECONDS)
@@ -55,7 +55,7 @@ def measure(subject: Subject, room: PipedRoom, strings: list[array.array], secon
 
 def _turns(subject: Subject, room: PipedRoom, strings: list[array.array], shapes: list[Shape],
            limit: float) -> Iterator[bool]:
-    """Whether each string is shown in its turn, for ever."""
+    """Endlessly, whether each string is shown in its turn."""
     onset = room.hear(sum(strings, start=strings[0][:0]), again=True)
     for string, shape in itertools.cycle(zip(strings, shapes)):
         time.sleep(max(0.0, onset + LEARN_SECONDS - time.monotonic()))

@@ -1,7 +1,6 @@
-"""feeder.py SOUND PIPE [again]: writes a file of 32-bit floats into a pipe as fast as a microphone
-would, and silence after it, or the same again and again, until it is ended.
+"""feeder.py SOUND PIPE [again]: writes a file of 32-bit floats into a pipe in real time, then silence, or repeats it.
 
-Prints at which moment of the monotonic clock the first sample was due."""
+Prints the time of the monotonic clock at which the first sample was due."""
 
 import os
 import sys
@@ -25,10 +24,10 @@ def main(sound: str, pipe: str, again: str = "") -> None:
     written = 0
     while True:
         begin = written % period if again else written
-        # A sound card knows no shorter ones.
+        # Whole chunks only, like a sound card.
         chunk = samples[begin:begin + len(silence)].ljust(len(silence), b"\0")
         written += len(chunk)
-        # A chunk is there once its last sample has been.
+        # A chunk is due with its last sample.
         due = start + written / BYTES_PER_FRAME / RATE
         time.sleep(max(0.0, due - time.monotonic()))
         os.write(target, chunk)

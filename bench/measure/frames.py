@@ -1,4 +1,4 @@
-"""Whether every block of sound that is heard is also seen."""
+"""Whether every block heard is shown."""
 
 import array
 import math
@@ -18,7 +18,7 @@ class Frames(NamedTuple):
 
 
 def measure(subject: Subject, room: PipedRoom, seconds: float) -> Frames:
-    """The level bar has no animation: it changes once for each block, if the level does."""
+    """Counts changes of the level bar, which has no animation: one per block whose level differs."""
     with subject.running() as process:
         subject.find_window(process)
         room.hear(_restless(seconds + 4))
@@ -32,8 +32,7 @@ def measure(subject: Subject, room: PipedRoom, seconds: float) -> Frames:
 
 
 def _restless(seconds: float) -> array.array:
-    """A steady note whose loudness goes to another level with every hop, so that no two blocks are
-    equally loud."""
+    """A steady note whose level changes with every hop, so that no two blocks are equal."""
     dice = random.Random(1)
     sound = array.array("f")
     peak = 0.05
@@ -46,7 +45,7 @@ def _restless(seconds: float) -> array.array:
 
 
 def _changes(subject: Subject, seconds: float) -> int:
-    """A picture counts once it has been seen twice: one that was just being drawn may be torn."""
+    """A picture counts when it was seen twice: the first may be torn."""
     changes, shown = 0, subject.pixels(LEVEL)
     before = shown
     end = time.monotonic() + seconds

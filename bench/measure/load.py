@@ -1,4 +1,4 @@
-"""What the program uses while a guitar is played, in silence, and while it is minimised."""
+"""The program's usage while a guitar is played, in silence, and while minimised."""
 
 import array
 import subprocess

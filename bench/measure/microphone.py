@@ -1,4 +1,4 @@
-"""A microphone that hears what it is told to, sample by sample, at known moments."""
+"""A microphone with given samples at known times."""
 
 import array
 import pathlib
@@ -27,9 +27,8 @@ class PipedRoom(Room):
         self._wait_for_answer("pactl", "info")
 
     def hear(self, samples: array.array, again: bool = False) -> float:
-        """Begins with `samples`, one channel of floats, after which there is silence or, when
-        they are to be heard again and again, the first of them; the moment of the monotonic clock
-        at which that was due."""
+        """Plays `samples`, one channel of floats, then silence, or repeats them. Returns the time of the monotonic clock
+        at which the first was due."""
         self.hear_no_more()
         self._sound.write_bytes(samples.tobytes())
         self._feeder = subprocess.Popen([sys.executable, "-B", FEEDER, self._sound, self._pipe,

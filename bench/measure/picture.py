@@ -1,4 +1,4 @@
-"""What a private display shows, read from its memory without a word to the display."""
+"""The content of a private display, read from its memory without a request."""
 
 import mmap
 import pathlib
@@ -6,13 +6,13 @@ import struct
 from typing import NamedTuple
 
 BYTES_PER_PIXEL = 4
-# The fields of an xwd header that matter here, as indices of its big-endian words.
+# Indices of 32-bit big-endian fields in an xwd header.
 HEADER_SIZE, BYTES_PER_LINE, COLOURS = 0, 12, 19
 COLOUR_BYTES = 12
 
 
 class Area(NamedTuple):
-    """In pixels from the upper left corner."""
+    """In pixels, from the upper left corner."""
 
     x: int
     y: int
@@ -32,7 +32,7 @@ class Picture:
         self._line = header[BYTES_PER_LINE]
 
     def pixels(self, area: Area) -> bytes:
-        """All of an area at this moment, line by line; one that changes meanwhile may be torn."""
+        """The pixels of an area, line by line; may be torn while it changes."""
         first = self._start + area.y * self._line + area.x * BYTES_PER_PIXEL
         length = area.width * BYTES_PER_PIXEL
         return b"".join(self._memory[at:at + length] for at in
@@ -40,10 +40,9 @@ class Picture:
 
 
 class Shape:
-    """What stands out from a dark ground, whatever its colour."""
+    """The bright pixels on a dark ground, of any colour."""
 
-    # Of the pixels. The edges of a letter come out different in each colour, in up to 0.03 of them; two
-    # letters differ in more than 0.3.
+    # Share of pixels. The edges of a letter differ between colours by up to 0.03; two letters differ by more than 0.3.
     SAME = 0.1
 
     def __init__(self, pixels: bytes):
@@ -54,9 +53,9 @@ class Shape:
         self._size = self._mask.bit_count()
 
     def is_like(self, other: "Shape") -> bool:
-        """Also false when nothing stands out."""
+        """False if there are no bright pixels."""
         return 0 < self._size and self.difference(other) <= self.SAME
 
     def difference(self, other: "Shape") -> float:
-        """The share of the pixels of the larger one that are not the other's too."""
+        """The differing pixels as a share of the larger shape."""
         return (self._mask ^ other._mask).bit_count() / max(1, self._size, other._size)

@@ -27,7 +27,7 @@ def measure(subject: Subject, room: PipedRoom, note: array.array, runs: int) -> 
 
 
 def _learn(subject: Subject) -> tuple[bytes, Shape]:
-    """What is shown where, once everything is shown; this also makes the start a warm one."""
+    """The final content of the window. Also warms the caches."""
     with subject.running() as process:
         subject.find_window(process)
         time.sleep(3)

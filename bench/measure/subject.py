@@ -1,4 +1,4 @@
-"""The program that is measured, and where its window shows what."""
+"""The measured program, and areas of its window."""
 
 import contextlib
 import pathlib
@@ -33,7 +33,7 @@ class Subject:
 
     @contextlib.contextmanager
     def running(self) -> Iterator[subprocess.Popen]:
-        """Tuned as a guitar, with settings of its own."""
+        """Runs it with a guitar tuning and private settings."""
         config_home = self._desktop.folder("config")
         write_settings(config_home, "guitar", "g6-standard")
         process = self._desktop.processes.start(
@@ -44,8 +44,7 @@ class Subject:
             self._desktop.processes.end(process)
 
     def find_window(self, process: subprocess.Popen) -> str:
-        """Its name for xdotool; the window manager puts the first window of a program always at
-        the same place, which is known from then on."""
+        """The window's id for xdotool. Also stores its position: the window manager always places it alike."""
         search = ["xdotool", "search", "--onlyvisible", "--pid", str(process.pid), "--name", "."]
         window = wait_until(lambda: subprocess.run(search, capture_output=True, text=True).stdout,
                             lambda: "no window").split()[0]
@@ -64,7 +63,7 @@ class Subject:
 
 
 def moment_when(condition: Callable[[], bool], seconds: float = SECONDS) -> float | None:
-    """Of the monotonic clock, to about a millisecond; nothing when it did not become true."""
+    """The time of the monotonic clock, to about a millisecond; nothing if it never became true."""
     end = time.monotonic() + seconds
     while not condition():
         if time.monotonic() > end:

@@ -1,4 +1,4 @@
-"""What the kernel says a process has used."""
+"""The resource usage of a process."""
 
 import pathlib
 import re

@@ -1,15 +1,15 @@
 #!/usr/bin/python3 -B
-"""raw.py PNG RAW: the pixels of a PNG alone, row by row, four bytes each: red, green, blue and alpha.
+"""raw.py PNG RAW: writes the pixels of a PNG row by row, four bytes each: red, green, blue, alpha.
 
-The window's icon is kept like this, because the toolkit loads all its readers of pictures before it reads
-one. Understands what rsvg-convert writes: 8 bits a channel, not interlaced."""
+The window's icon is raw, because Qt loads all its image readers to read one image. Supports the output of
+rsvg-convert: 8 bits per channel, not interlaced."""
 
 import pathlib
 import struct
 import sys
 import zlib
 
-MARK_BYTES = 8  # at the beginning of every PNG
+MARK_BYTES = 8  # the signature of a PNG
 PIXEL_BYTES = 4
 RGBA_OF_8_BITS = (8, 6, 0, 0, 0)
 
@@ -35,7 +35,7 @@ def chunks(png: bytes):
 
 
 def unfiltered(data: bytes, row_bytes: int) -> bytes:
-    """Each byte is stored as its difference from what its row's filter expects there."""
+    """Each byte is stored as the difference from the prediction of its row's filter."""
     rows = [bytes(row_bytes)]
     for start in range(0, len(data), row_bytes + 1):
         above, row = rows[-1], bytearray(data[start + 1:start + 1 + row_bytes])
@@ -47,7 +47,7 @@ def unfiltered(data: bytes, row_bytes: int) -> bytes:
 
 
 def expected(kind: int, left: int, above: int, above_left: int) -> int:
-    """By the filters that the format numbers from 0 to 4."""
+    """The prediction of filter 0 to 4."""
     nearest = min((left, above, above_left), key=lambda near: abs(left + above - above_left - near))
     return (0, left, above, (left + above) // 2, nearest)[kind]
 

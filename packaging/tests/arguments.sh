@@ -1,6 +1,5 @@
 #!/usr/bin/env bash
-# arguments.sh PACKAGE: fails unless the command for packaging refuses arguments that make no sense, and
-# takes a folder from where its user stands.
+# arguments.sh PACKAGE: fails unless ./package rejects invalid arguments and resolves a relative directory.
 set -uo pipefail
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
@@ -29,5 +28,5 @@ cd stand
 archive=$(CORVANE_PACKAGES_INSTALLED=1 "$package" --source ../"some where" 2>/dev/null)
 case "$archive" in
   "$folder"/some\ where/corvane-*.tar.xz) xz --test "$archive" ;;
-  *) echo "The archive is in $archive"; exit 1 ;;
+  *) echo "Wrong path: $archive"; exit 1 ;;
 esac

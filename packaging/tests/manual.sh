@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# manual.sh PAGE: has the page set, which prints what is wrong with it.
+# manual.sh PAGE: formats the page and prints its warnings.
 set -euo pipefail
 LC_ALL=C.UTF-8 MANROFFSEQ= MANWIDTH=80 man --warnings --encoding=UTF-8 --local-file --ditroff \
   --troff-device=utf8 "$1" >/dev/null

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# raw_icon.sh FOLDER: fails unless each SIZE.raw there has the pixels of SIZE.png.
+# raw_icon.sh FOLDER: fails unless each SIZE.raw has the pixels of SIZE.png.
 set -euo pipefail
 for raw in "$1"/*.raw; do
   convert "${raw%.raw}.png" -depth 8 RGBA:- | cmp - "$raw"

@@ -1,6 +1,5 @@
 #!/usr/bin/env bash
-# readme.sh TREE: fails unless README.md names the packages that "run" installs to build the tuner, each
-# once and no other.
+# readme.sh TREE: fails unless README.md names exactly the packages that ./run installs to build the tuner.
 set -euo pipefail
 cd "$1"
 . tools/packages.sh

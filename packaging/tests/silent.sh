@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# silent.sh COMMAND...: fails when the command fails or has anything to say.
+# silent.sh COMMAND...: fails if the command fails or prints anything.
 said=$("$@" 2>&1)
 status=$?
 printf '%s' "$said"

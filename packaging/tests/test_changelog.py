@@ -1,4 +1,4 @@
-"""What becomes of CHANGELOG.md in the metainfo and in the packages."""
+"""CHANGELOG.md in the metainfo and in packages."""
 
 import datetime
 import pathlib
@@ -30,21 +30,21 @@ def entries(text: str, version: str) -> list[changelog.Entry]:
     return changelog.parse(text, version, TODAY)
 
 
-class TheEntries(unittest.TestCase):
-    def test_are_the_releases_with_their_days_and_all_their_notes(self) -> None:
+class Entries(unittest.TestCase):
+    def test_have_version_date_and_notes(self) -> None:
         first, second = entries(TWO, "1.1.0")
         self.assertEqual((first.version, first.day.isoformat(), first.notes),
                          ("1.1.0", "2031-03-02", ["Hears violins."]))
         self.assertEqual(second.notes, [
             'Says "In tune" & more, on a second line: `corvane-replay <file>`.', "Plays."])
 
-    def test_that_are_unreleased_become_the_version_of_the_program(self) -> None:
+    def test_unreleased_has_the_program_version(self) -> None:
         newest = entries(TWO.replace("1.1.0 - 2031-03-02", "Unreleased"), "1.1.0")[0]
         self.assertEqual((newest.version, newest.day, newest.released), ("1.1.0~dev", TODAY, False))
 
 
-class AChangeLog(unittest.TestCase):
-    def test_that_makes_no_sense_is_refused_with_the_reason(self) -> None:
+class InvalidChangeLog(unittest.TestCase):
+    def test_is_rejected_with_the_reason(self) -> None:
         newest, oldest = "1.1.0 - 2031-03-02", "1.0.0 - 2030-12-24"
         for text, version, reason in (
                 (TWO, "1.2.0", "newest release .* is 1.1.0, but the program is 1.2.0"),
@@ -59,8 +59,8 @@ class AChangeLog(unittest.TestCase):
                 entries(text, version)
 
 
-class TheMetainfo(unittest.TestCase):
-    def test_has_a_release_with_its_notes_for_every_entry(self) -> None:
+class Metainfo(unittest.TestCase):
+    def test_has_a_release_for_every_entry(self) -> None:
         releases = ElementTree.fromstring("\n".join(changelog.metainfo(entries(TWO, "1.1.0"))))
         self.assertEqual([release.attrib for release in releases], [
             {"version": "1.1.0", "date": "2031-03-02", "type": "stable"},
@@ -69,12 +69,12 @@ class TheMetainfo(unittest.TestCase):
             "Hears violins.", 'Says "In tune" & more, on a second line: corvane-replay <file>.',
             "Plays."])
 
-    def test_does_not_pass_off_as_stable_what_is_unreleased(self) -> None:
+    def test_unreleased_is_a_development_release(self) -> None:
         text = "\n".join(changelog.metainfo(entries("## Unreleased\n- New.\n", "1.0.0")))
         self.assertIn('version="1.0.0~dev" date="2031-05-17" type="development"', text)
 
 
-class TheDebianChangeLog(unittest.TestCase):
+class DebianChangeLog(unittest.TestCase):
     def test_has_an_entry_with_its_notes_for_every_entry(self) -> None:
         self.assertEqual("\n".join(changelog.debian(entries(TWO, "1.1.0"))), """\
 corvane (1.1.0-1) unstable; urgency=medium
@@ -92,7 +92,7 @@ corvane (1.0.0-1) unstable; urgency=medium
 """)
 
 
-class TheRpmChangeLog(unittest.TestCase):
+class RpmChangeLog(unittest.TestCase):
     def test_has_an_entry_with_its_notes_for_every_entry(self) -> None:
         self.assertEqual("\n".join(changelog.rpm(entries(TWO.replace("Plays", "50% more"), "1.1.0"))), """\
 * Sun Mar 02 2031 The Corvane developers <developers@corvane.example> - 1.1.0-1

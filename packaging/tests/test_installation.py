@@ -1,4 +1,4 @@
-"""What `cmake --install` puts where, and that it belongs together."""
+"""The files of `cmake --install`, and their consistency."""
 
 import configparser
 import os
@@ -39,33 +39,33 @@ def options(text: str) -> set[str]:
 
 
 def size_of(png: pathlib.Path) -> tuple[int, int]:
-    """From the picture's header, which follows the format's mark of eight bytes."""
+    """From the header after the signature of eight bytes."""
     _, kind, width, height = struct.unpack(">I4sII", png.read_bytes()[8:24])
     return (width, height) if kind == b"IHDR" else (0, 0)
 
 
-class AnInstallation(unittest.TestCase):
+class Installation(unittest.TestCase):
     @classmethod
     def setUpClass(cls) -> None:
         cls.prefix = pathlib.Path(cls.enterClassContext(tempfile.TemporaryDirectory())) / "some prefix"
         install("--prefix", str(cls.prefix))
         cls.share = cls.prefix / "share"
 
-    def test_holds_what_a_desktop_looks_for_and_nothing_else(self) -> None:
+    def test_has_exactly_the_expected_files(self) -> None:
         self.assertEqual(files_below(self.prefix), FILES)
 
-    def test_can_be_gathered_in_another_folder_first(self) -> None:
+    def test_supports_destdir(self) -> None:
         with tempfile.TemporaryDirectory() as gathered:
             install("--prefix", "/somewhere", DESTDIR=gathered)
             self.assertEqual(files_below(pathlib.Path(gathered, "somewhere")), FILES)
 
-    def test_has_programs_that_run_and_manual_pages_of_the_options_that_they_tell(self) -> None:
+    def test_programs_run_and_manual_pages_have_their_options(self) -> None:
         self.assertEqual(self.output_of("corvane", "--version"), f"corvane {VERSION}\n")
         for name in ("corvane", "corvane-replay"):
             page = (self.share / f"man/man1/{name}.1").read_text(encoding="utf-8").replace("\\-", "-")
             self.assertEqual(options(page), options(self.output_of(name, "--help")) | {"--help"}, name)
 
-    def test_has_a_desktop_entry_that_names_its_program_and_its_icon(self) -> None:
+    def test_desktop_entry_names_program_and_icon(self) -> None:
         parser = configparser.ConfigParser(interpolation=None)
         parser.optionxform = str  # the keys are case-sensitive
         parser.read(self.share / f"applications/{ID}.desktop", encoding="utf-8")
@@ -78,17 +78,17 @@ class AnInstallation(unittest.TestCase):
         self.assertEqual({key: entry[key] for key in expected}, expected)
         self.assertTrue(entry["Keywords"])
 
-    def test_has_a_metainfo_of_the_same_program_and_version_with_a_brief_summary(self) -> None:
+    def test_metainfo_has_id_version_and_short_summary(self) -> None:
         root = self.metainfo()
         expected = {"id": ID, "launchable": f"{ID}.desktop", "provides/binary": "corvane",
                     "name": "Corvane"}
         self.assertEqual({path: root.findtext(path) for path in expected}, expected)
         newest = root.find("releases/release").get("version")
         self.assertEqual(newest.removesuffix("~dev"), VERSION)
-        # As much as software centres have room for.
+        # The limit of software centres.
         self.assertRegex(root.findtext("summary"), r"\A(?!A |An |The ).{9,34}[^.]\Z")
 
-    def test_has_its_icon_in_every_size_and_shows_screenshots_that_there_are(self) -> None:
+    def test_icons_have_every_size_and_screenshots_exist(self) -> None:
         for size in ICON_SIZES:
             icon = self.share / f"icons/hicolor/{size}x{size}/apps/{ID}.png"
             self.assertEqual(size_of(icon), (size, size))

@@ -1,4 +1,4 @@
-"""The package as it is installed, used by somebody on a private desktop."""
+"""Uses the installed package on a private desktop."""
 
 import os
 import pathlib
@@ -6,7 +6,7 @@ import re
 import subprocess
 import sys
 
-# Beside this file where the package is tested, and in the tree's own tests.
+# Beside this file on the clean system, else in the tree.
 HERE = pathlib.Path(__file__).resolve().parent
 sys.path[:0] = [str(HERE), str(HERE.parent.parent / "tests" / "system")]
 
@@ -15,9 +15,9 @@ from desk.instruments import STEEL_GUITAR, Note  # noqa: E402
 from desk.tuner import Tuner  # noqa: E402
 
 PROGRAM = pathlib.Path("/usr/bin/corvane")
-# The cursors of the display and the tables of the language: taken up where they are, and done without.
+# Cursors and locale tables: used if installed, not required.
 OPTIONAL = {"libxcursor1", "libxrender1", "libc-bin"}
-# The font's samples are themselves some cents away from the notes they stand for.
+# The samples themselves are some cents off.
 MOST_CENTS_OFF = 10
 PREFERENCES = pathlib.Path(os.environ["HOME"], ".config")
 
@@ -32,14 +32,14 @@ def mapped_files(pid: int) -> set[str]:
 
 
 def owners(files: set[str]) -> set[str]:
-    """The packages that own `files`, as far as any does; a library may be known by its old place."""
+    """The packages that own `files`. A library may be registered without /usr."""
     return {line.split(":")[0] for file in files for path in (file, file.removeprefix("/usr"))
             for line in subprocess.run(["dpkg", "--search", path], capture_output=True,
                                        text=True).stdout.splitlines()}
 
 
 def needed() -> set[str]:
-    """The package with everything that it depends on, directly or not."""
+    """The package and its transitive dependencies."""
     told = output_of("apt-cache", "depends", "--recurse", "--installed", "--no-recommends",
                      "--no-suggests", "--no-conflicts", "--no-breaks", "--no-replaces",
                      "--no-enhances", "corvane")
@@ -47,13 +47,13 @@ def needed() -> set[str]:
 
 
 def recommended() -> set[str]:
-    """Used where they are installed; the proof on a clean system has none of them."""
+    """Recommended packages; not installed on the clean system."""
     return set(re.findall(r"[a-z][a-z0-9.+-]+", output_of("dpkg-query", "--show", "--showformat=${Recommends}",
                                                           "corvane")))
 
 
-class TheInstalledPackage(system_test.SystemTest):
-    def test_is_used_and_needs_nothing_that_it_does_not_depend_on(self) -> None:
+class InstalledPackage(system_test.SystemTest):
+    def test_loads_only_files_of_its_dependencies(self) -> None:
         room = self.enter_room()
         tuner = self.enterContext(Tuner(self.desktop, PROGRAM, PREFERENCES, room.environment))
         tuner.wait_until_listening(room)
@@ -63,7 +63,7 @@ class TheInstalledPackage(system_test.SystemTest):
         loaded = owners(mapped_files(tuner.process.pid))
         self.assertIn("corvane", loaded)
         self.assertEqual(loaded - needed() - recommended() - OPTIONAL, set())
-        print("Packages it has loaded from:", *sorted(loaded))
+        print("Packages with loaded files:", *sorted(loaded))
         self.assertEqual(tuner.quit(), 0)
 
 

@@ -1,7 +1,7 @@
 #pragma once
 
-/// The tables as they are meant to read, one tuning a line: id, name, group, detail, and each
-/// string as its MIDI number and its label.
+/// The expected tables, one tuning per line: id, name, group, detail, and each string's MIDI number
+/// and label.
 namespace corvane::expected {
 
 inline constexpr char guitar[] = R"(

@@ -7,14 +7,14 @@
 namespace corvane {
 namespace {
 
-TEST(Instrument, TheThreeComeInTheOrderOfThePicker) {
+TEST(Instrument, AllAreInTheOrderOfThePicker) {
   EXPECT_THAT(allInstruments,
               testing::ElementsAre(Instrument::guitar, Instrument::bass, Instrument::piano));
   const std::unordered_set<Instrument> hashed(allInstruments.begin(), allInstruments.end());
   EXPECT_EQ(hashed.size(), 3U);
 }
 
-TEST(Instrument, HasACapitalisedTitleThatIsNoRawValue) {
+TEST(Instrument, CapitalisedTitleIsNoRawValue) {
   struct Names {
     Instrument instrument;
     const char* raw;
@@ -26,11 +26,11 @@ TEST(Instrument, HasACapitalisedTitleThatIsNoRawValue) {
     EXPECT_EQ(rawValue(instrument), raw);
     EXPECT_EQ(displayTitle(instrument), title);
     EXPECT_THAT(instrumentFromRawValue(raw), testing::Optional(instrument));
-    EXPECT_FALSE(instrumentFromRawValue(title)) << "capitalised, it is no raw value";
+    EXPECT_FALSE(instrumentFromRawValue(title)) << "capitalised";
   }
 }
 
-TEST(Instrument, AnyOtherTextGivesNone) {
+TEST(Instrument, OtherTextGivesNothing) {
   for (const std::string_view text : {"", "guita", "guitars", " guitar", "guitar ", "GUITAR"}) {
     EXPECT_FALSE(instrumentFromRawValue(text)) << text;
   }

@@ -1,5 +1,4 @@
-// What happens at the first use of a table is seen in a process that has used none before: each
-// test here runs in one of its own.
+// Each test runs in its own process, so that it makes the first use of the tables.
 
 #include <gtest/gtest.h>
 
@@ -21,7 +20,7 @@ class TuningLibraryFirstUseDeathTest : public testing::Test {
   std::exit(asExpected ? 0 : 1);
 }
 
-/// Whether the first use of each table, in this order, builds it and the second nothing.
+/// Whether the first use of each table, in this order, allocates and the second does not.
 bool eachIsBuiltAtItsFirstUse(std::initializer_list<Instrument> order) {
   for (const Instrument instrument : order) {
     const std::size_t before = allocationsOfThisThread();
@@ -33,7 +32,7 @@ bool eachIsBuiltAtItsFirstUse(std::initializer_list<Instrument> order) {
   return true;
 }
 
-TEST_F(TuningLibraryFirstUseDeathTest, OfOneTableNeverBuildsTheOthers) {
+TEST_F(TuningLibraryFirstUseDeathTest, BuildsOnlyTheUsedTable) {
   using enum Instrument;
   const auto succeeds = testing::ExitedWithCode(0);
   EXPECT_EXIT(finish(eachIsBuiltAtItsFirstUse({guitar, bass, piano})), succeeds, "");
@@ -61,7 +60,7 @@ bool manyThreadsSeeTheSameTables() {
   return seen == std::vector(16, copyTables());
 }
 
-TEST_F(TuningLibraryFirstUseDeathTest, ByManyThreadsAtOnceShowsEachTheSameTables) {
+TEST_F(TuningLibraryFirstUseDeathTest, ConcurrentThreadsSeeTheSameTables) {
   EXPECT_EXIT(finish(manyThreadsSeeTheSameTables()), testing::ExitedWithCode(0), "");
 }
 

@@ -9,7 +9,7 @@
 namespace corvane::TuningLibrary {
 namespace {
 
-TEST(MakeTable, NumbersTheStringsAndTakesTheLabelsForTheDetail) {
+TEST(MakeTable, NumbersTheStringsAndUsesTheLabelsAsDetail) {
   const std::vector<Tuning> table = makeTable({{"id", "Name", "Group", {40, 45}, "E A♯"},
                                                {"other", "Name", "Group", {40}, "E", "In words"}});
   EXPECT_EQ(table, (std::vector<Tuning>{
@@ -47,7 +47,7 @@ TEST(TuningLibrary, StringsAscendInPitchAndAreNumberedFromZero) {
   }
 }
 
-TEST(TuningLibrary, DropDIsFoundForTheGuitarAndNotForTheBass) {
+TEST(TuningLibrary, FindsDropDForTheGuitarOnly) {
   EXPECT_EQ(resolve(Instrument::guitar, "g6-dropd").name, "Drop D");
   EXPECT_EQ(resolve(Instrument::bass, "g6-dropd").id, "b4-standard");
   EXPECT_EQ(find(Instrument::bass, "g6-dropd"), nullptr);

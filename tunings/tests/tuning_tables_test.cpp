@@ -16,7 +16,7 @@ std::string written(const std::vector<GuitarString>& strings) {
   return strings.empty() ? "no strings" : text.str();
 }
 
-/// The table in the form of the expected ones.
+/// The table in the format of the expected ones.
 std::string written(const std::vector<Tuning>& table) {
   std::ostringstream text;
   text << '\n';
@@ -27,7 +27,7 @@ std::string written(const std::vector<Tuning>& table) {
   return text.str();
 }
 
-TEST(TuningTables, Hold23And9And1TuningsToTheCharacter) {
+TEST(TuningTables, Hold23And9And1ExactTunings) {
   EXPECT_EQ(TuningLibrary::guitar().size(), 23U);
   EXPECT_EQ(TuningLibrary::bass().size(), 9U);
   EXPECT_EQ(TuningLibrary::piano().size(), 1U);
