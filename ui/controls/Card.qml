@@ -21,6 +21,13 @@ Item {
         radius: 16
     }
 
+    // Opaque and of the same color: what changes on it repaints nothing of the ground, whose whole
+    // area would be sent to the display.
+    Rectangle {
+        anchors.fill: stack
+        color: TunerTheme.card
+    }
+
     Column {
         id: stack
 
