@@ -14,10 +14,10 @@ constexpr auto noMicrophoneText = "No microphone is available.";
 constexpr auto notStartedText = "The microphone could not start.";
 
 constexpr std::uint32_t tapFrames = 4096;
-/// A second of it, after which the level has come to rest.
+/// One second, after which the level is near zero.
 constexpr int readingsOfSilence = 12;
 
-/// In the order in which they are tried. Each stands for the settings that the desktop has.
+/// Tried in this order. The platform maps each to the desktop's own settings.
 constexpr std::string_view micSettingsAddresses[] = {
     "x-apple.systempreferences:com.apple.settings.PrivacySecurity.extension?Privacy_Microphone",
     "x-apple.systempreferences:com.apple.preference.security?Privacy_Microphone",
@@ -49,15 +49,13 @@ void TunerEngine::listen() {
   if (current.heard && !current.listening) hearSilence();
 }
 
-/// A start would end differently now.
 void TunerEngine::microphoneChanged() {
   const Call call(*this);
   if (current.listening) stopListening();
   listen();
 }
 
-/// What was heard before the last stop is not heard now, and it may take long until something is,
-/// or for ever.
+/// Lets the note from before the last stop fade: readings may be long in coming, or never come.
 void TunerEngine::hearSilence() {
   const ApplySink sink(weak_from_this(), platform.mainQueue);
   for (int i = 0; i < readingsOfSilence; ++i) sink.deliver(std::nullopt);
@@ -105,7 +103,7 @@ void TunerEngine::microphoneAnswered(bool granted) {
   if (granted || permission == RecordPermission::granted) {
     current.micAllowed = true;
     current.errorText = std::nullopt;
-    if (wanted) startEngine();  // The window may have gone meanwhile.
+    if (wanted) startEngine();  // Not after `stop`.
   } else if (permission == RecordPermission::denied) {
     showMicrophoneDenied();
   } else {
@@ -113,7 +111,7 @@ void TunerEngine::microphoneAnswered(bool granted) {
   }
 }
 
-/// What records goes on by itself when it is allowed again, which nobody would see.
+/// Stops the input, which would otherwise resume by itself once allowed, unseen.
 void TunerEngine::showMicrophoneDenied() {
   if (platform.audioInput->isRunning()) platform.audioInput->stop();
   current.micAllowed = false;
@@ -154,7 +152,7 @@ void TunerEngine::captureStarted(bool success) {
     current.listening = true;
     current.errorText = std::nullopt;
   } else if (platform.microphonePermission->recordPermission() == RecordPermission::denied) {
-    showMicrophoneDenied();  // Some systems say so only now.
+    showMicrophoneDenied();  // Some servers report a denial only now.
   } else {
     current.errorText = notStartedText;
     current.listening = false;

@@ -1,6 +1,6 @@
-// The least that a tuner on the same libraries costs: it records with the tuner's fragment size, runs
-// the tuner's detector on every block, and shows each reading in one frame of a window of the same
-// size: two moving dots, a bar and three texts. No controls, no animation, no error handling.
+// The least that a tuner on the same libraries costs: it records with the tuner's fragment size,
+// runs the tuner's detector on every block, and shows each reading in one frame of a window of the
+// same size: two moving dots, a bar and three texts. No controls, no animation, no error handling.
 
 #include <pulse/pulseaudio.h>
 
