@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "ui/model/privacy_policy.h"
 #include "ui/paint/tuner_theme.h"
 #include "ui/tests/engine_on_fakes.h"
@@ -36,6 +38,12 @@ class TunerModelTest : public testing::Test, protected EngineOnFakes {
     QObject::connect(&model, &TunerModel::levelChanged, &counting, [&] { ++counts[3]; });
     action();
     return counts;
+  }
+
+  /// A frequency until it alone is the smoothed one, with a string locked or none.
+  void hearLocked(std::optional<int> string, double frequency) {
+    engine->setLockedStringIndex(string);
+    for (int i = 0; i < 5; ++i) hear(PitchDetector::Reading{frequency, 0.99, 0.05F});
   }
 
   TunerModel model{engine, world.urlOpener};
@@ -80,8 +88,23 @@ TEST_F(TunerModelTest, AnotherNoteRebuildsTheStringRowOnce) {
   std::vector<int> rows;
   QObject::connect(model.strings(), &StringRowModel::dataChanged,
                    [&](const QModelIndex& row) { rows.push_back(row.row()); });
-  hear(PitchDetector::Reading{82.4, 0.99, 0.05F});
-  EXPECT_THAT(rows, ElementsAre(0, 1));  // E2 is heard, A2 no longer
+  hearLocked(std::nullopt, 83.0);  // E2, as sharp as A2 was
+  EXPECT_THAT(rows, ElementsAre(0, 1));
+}
+
+TEST_F(TunerModelTest, EachFieldOfTheReadoutIsSignalled) {
+  const auto readouts = [this](std::optional<int> string, double frequency) {
+    return countOf(&TunerModel::readoutChanged, [&] { hearLocked(string, frequency); });
+  };
+  hearLocked(0, 150.0);
+  EXPECT_EQ(readouts(0, 160.0), 1) << "heardSpelling";
+  EXPECT_EQ(readouts(1, 160.0), 1) << "noteLabel";
+  hearLocked(0, 400.0);
+  EXPECT_EQ(readouts(5, 400.0), 1) << "octaveLabel";
+  hearLocked(1, 110.5);
+  EXPECT_EQ(readouts(1, 109.5), 1) << "status";
+  hearNothing();
+  EXPECT_EQ(readouts(1, std::numeric_limits<double>::infinity()), 1) << "heard";
 }
 
 TEST_F(TunerModelTest, ReportsTheChangesOfItsLifetimeOnly) {
