@@ -14,9 +14,9 @@ namespace corvane {
 template <class Signature, std::size_t capacity>
 class InPlaceFunction;
 
-/// A std::function that holds its callable within itself: to make, copy or move one allocates
-/// nothing, which is what the threads of the audio path need. A callable larger than `capacity`
-/// bytes does not compile. Calling an empty one stops the program.
+/// A std::function that stores its callable in place, so that the threads of the audio path can
+/// create, copy and move one without allocating. A callable larger than `capacity` bytes does not
+/// compile. Calling an empty one stops the program.
 template <class Result, class... Arguments, std::size_t capacity>
 class InPlaceFunction<Result(Arguments...), capacity> {
  public:
@@ -45,7 +45,7 @@ class InPlaceFunction<Result(Arguments...), capacity> {
   }
 
   InPlaceFunction& operator=(InPlaceFunction other) noexcept {
-    // What was held is destroyed last: its destructor may do anything, even come back here.
+    // Destroyed last, because the destructor of a callable may use this function.
     InPlaceFunction previous(std::move(*this));
     operations = std::exchange(other.operations, nullptr);
     if (operations != nullptr) operations->relocate(storage, other.storage);
@@ -59,7 +59,7 @@ class InPlaceFunction<Result(Arguments...), capacity> {
   explicit operator bool() const { return operations != nullptr; }
 
   Result operator()(Arguments... arguments) const {
-    require(operations != nullptr, "what is called is there");
+    require(operations != nullptr, "callable is not empty");
     return operations->call(storage, std::forward<Arguments>(arguments)...);
   }
 

@@ -6,8 +6,8 @@
 
 namespace corvane {
 
-/// Stops the program with one line on standard error unless `holds`: for invariants of our own,
-/// never for input. Any thread.
+/// Stops the program with one line on standard error unless `holds`. For the program's own
+/// invariants, never for input. Any thread.
 inline void require(bool holds, const char* invariant,
                     std::source_location where = std::source_location::current()) noexcept {
   if (holds) return;

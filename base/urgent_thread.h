@@ -9,9 +9,8 @@
 
 namespace corvane {
 
-/// Names the calling thread (by up to 15 bytes) and puts it before those of other programs, as far
-/// as the system lets its user do that. For a thread that has little to do, which nobody can do
-/// later.
+/// Names the calling thread (up to 15 bytes) and raises its priority as far as the system permits.
+/// For a thread with little work that cannot wait.
 inline void beUrgent([[maybe_unused]] const std::string& name) {
 #if defined(__linux__)
   pthread_setname_np(pthread_self(), name.substr(0, 15).c_str());

@@ -14,15 +14,15 @@ struct AudioFormat {
   bool operator==(const AudioFormat&) const = default;
 };
 
-/// The microphone. What happens to devices and servers while it runs stays below it: while no sound
-/// comes, the tap is given silence, and sound again when there is some, perhaps in another format;
-/// the first buffer after each change is marked `afterGap`. Every member is called on the main
-/// thread and returns without waiting for the audio server.
+/// The microphone. While it runs, it handles every change of devices and servers itself: the tap
+/// gets silence while there is no sound, then sound again, perhaps in another format. The first
+/// buffer after each change is marked `afterGap`. Every member is called on the main thread and
+/// returns without waiting for the audio server.
 class AudioInput {
  public:
   /// Called with each buffer on the audio system's own thread, between `start` and `stop`.
   using Tap = std::function<void(const AudioBuffer&)>;
-  /// Told once how a start ended: true when sound is being delivered.
+  /// Called once with the outcome of a start: true when sound is being delivered.
   using Started = std::function<void(bool)>;
 
   virtual ~AudioInput() = default;
@@ -30,24 +30,24 @@ class AudioInput {
   /// True from `start` until `stop`, or until the start has failed.
   virtual bool isRunning() const = 0;
 
-  /// When it returns, the tap is not running and will not be called, nor will `Started`.
+  /// When this returns, the tap is not running. Neither it nor `Started` will be called.
   virtual void stop() = 0;
 
-  /// Drops whatever sound was collected and not yet delivered. Only while stopped.
+  /// Drops sound that was collected and not yet delivered. Only while stopped.
   virtual void reset() = 0;
 
   /// The device's own format; rate and channels are 0 when there is no microphone.
   virtual AudioFormat inputFormat() const = 0;
 
-  /// The format in which sound would be delivered if the device does not tell its own.
+  /// The format in which sound is delivered if the device does not report its own.
   virtual AudioFormat outputFormat() const = 0;
 
-  /// Replaces the tap: buffers of `frames` frames (a shorter one only at the end of a stream), at
-  /// first in `format`. Only while stopped.
+  /// Replaces the tap, which gets buffers of `frames` frames (a shorter one only at the end of a
+  /// stream), initially in `format`. Only while stopped.
   virtual void installTap(std::uint32_t frames, const AudioFormat& format, Tap tap) = 0;
 
-  /// Starts delivering to the installed tap. `started` is called on the main thread, within this
-  /// call when the outcome is known at once, later otherwise.
+  /// Starts delivery to the installed tap. `started` is called on the main thread, within this call
+  /// if the outcome is known immediately, otherwise later.
   virtual void start(Started started) = 0;
 
   /// Calls `changed` when another start would end differently, until `watch` is called with null:

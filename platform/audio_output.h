@@ -11,19 +11,19 @@ namespace corvane {
 /// audio server.
 class AudioOutput {
  public:
-  /// Told once that a buffer has ended, played out or cut off, on a thread of the output's own.
+  /// Called once when a buffer has ended, played or cut off, on a thread of the output.
   using Ended = std::function<void()>;
 
   virtual ~AudioOutput() = default;
 
   virtual bool isRunning() const = 0;
 
-  /// Sets the output up, afresh if it was set up before, and starts it. False when there is no
-  /// server or no device to play on.
+  /// Sets the output up, again if it was set up before, and starts it. False without a server or a
+  /// device to play on.
   virtual bool start(const AudioFormat& format) = 0;
 
-  /// Plays `samples` (one channel, full scale 1.0, at the rate given to `start`) at once; a buffer
-  /// still playing is cut off. Only while running.
+  /// Plays `samples` (one channel, full scale 1.0, at the rate given to `start`) immediately and
+  /// cuts off a buffer that is still playing. Only while running.
   virtual void play(std::vector<float> samples, Ended ended) = 0;
 };
 

@@ -5,22 +5,22 @@
 
 namespace corvane {
 
-/// The pauses between attempts at what does not succeed: each twice as long as the one before it,
-/// so that the first come soon and the later ones cost nothing.
+/// Delays between retries. Each is twice as long as the previous one, so that the first retries
+/// come soon and the later ones cost little.
 class BackOff {
  public:
   using Duration = std::chrono::milliseconds;
 
   constexpr BackOff(Duration first, Duration last) : shortest(first), longest(last), pause(first) {}
 
-  /// How long to wait before the next attempt.
+  /// The delay before the next attempt.
   constexpr Duration next() {
     const Duration now = pause;
     pause = std::min(2 * pause, longest);
     return now;
   }
 
-  /// After a success, or when there is a new reason to hope for one.
+  /// After a success, or when a retry may succeed.
   constexpr void reset() { pause = shortest; }
 
  private:

@@ -4,7 +4,7 @@
 
 namespace corvane {
 
-/// Time that only goes forward, also when the user sets the wall clock.
+/// Monotonic time, independent of the wall clock.
 class Clock {
  public:
   using Time = std::chrono::steady_clock::time_point;

@@ -4,15 +4,15 @@
 
 namespace corvane {
 
-/// The way onto the user interface's thread.
+/// Runs jobs on the main thread.
 class MainQueue {
  public:
   using Job = InPlaceFunction<void(), 96>;
 
   virtual ~MainQueue() = default;
 
-  /// Runs `job` on the main thread, after this call, in the order of submission. Any thread. Jobs
-  /// that have not run when the queue is destroyed never run.
+  /// Runs `job` on the main thread, after this call, in the order of submission. Any thread. The
+  /// queue's destructor drops jobs that have not run.
   virtual void async(Job job) = 0;
 };
 

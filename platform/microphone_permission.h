@@ -5,10 +5,10 @@
 namespace corvane {
 
 enum class RecordPermission {
-  undetermined,  ///< nobody has asked yet
+  undetermined,  ///< not requested yet
   denied,
   granted,
-  unknown,  ///< the system gave an answer that is none of these
+  unknown,  ///< the system reported another value
 };
 
 /// Whether this program may use the microphone. Every member is called on the main thread.
@@ -16,14 +16,14 @@ class MicrophonePermission {
  public:
   virtual ~MicrophonePermission() = default;
 
-  /// What is known now; never waits. A system without the concept answers granted.
+  /// What is known now; does not wait. A system without permissions reports granted.
   virtual RecordPermission recordPermission() const = 0;
 
   /// While denied, asks the system again in the background. `AudioInput::watch` reports a change.
   virtual void refresh() = 0;
 
-  /// Asks the system. `completion` is called once with the outcome, on any thread, also after the
-  /// caller is gone.
+  /// Asks the system. `completion` is called once with the outcome, on any thread, perhaps after
+  /// the caller was destroyed.
   virtual void requestRecordPermission(std::function<void(bool granted)> completion) = 0;
 };
 

@@ -6,13 +6,13 @@
 
 namespace corvane {
 
-/// A persistent store of typed values. Main thread only. A value that was set is what later reads
-/// give, whether or not it could be written to the disk.
+/// A persistent store of typed values. Main thread only. Reads return the value that was set last,
+/// even if it could not be written to the disk.
 class Preferences {
  public:
   virtual ~Preferences() = default;
 
-  /// Each gives nothing when the key is absent or holds a value of another type.
+  /// Each returns nothing if the key is absent or holds a value of another type.
   virtual std::optional<std::string> string(std::string_view key) const = 0;
   virtual std::optional<double> number(std::string_view key) const = 0;
   virtual std::optional<bool> boolean(std::string_view key) const = 0;

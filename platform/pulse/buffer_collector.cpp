@@ -13,7 +13,7 @@ BufferCollector::BufferCollector(std::uint32_t frames, const AudioFormat& format
       channelCount(format.channelCount),
       capacity(frames),
       samples(channelCount * capacity) {
-  require(capacity > 0 && channelCount > 0, "a buffer has room for sound");
+  require(capacity > 0 && channelCount > 0, "a buffer has frames and channels");
   for (std::size_t c = 0; c < channelCount; ++c) channels.push_back(samples.data() + c * capacity);
   whole = {channels.data(), frames, format.channelCount, format.sampleRate, true};
 }

@@ -8,21 +8,21 @@
 
 namespace corvane {
 
-/// Collects interleaved fragments of any length and hands the tap non-interleaved buffers of one
-/// length. Allocates when it is made, never while it collects.
+/// Collects interleaved fragments of any length and passes the tap non-interleaved buffers of one
+/// length. Allocates only in its constructor.
 class BufferCollector {
  public:
-  /// `frames` is the length of every buffer that `tap` gets; `format` is that of the fragments.
+  /// `frames` is the length of each buffer; `format` is the format of the fragments.
   BufferCollector(std::uint32_t frames, const AudioFormat& format, AudioInput::Tap tap);
-  // A copy would point into the samples of its original.
+  // A copy would point into the samples of the original.
   BufferCollector(BufferCollector&&) = default;
   BufferCollector& operator=(BufferCollector&&) = default;
 
-  /// Appends `frames` frames, which are silence when `interleaved` is null, and calls the tap for
-  /// each buffer that they fill.
+  /// Appends `frames` frames, silence if `interleaved` is null, and calls the tap for each full
+  /// buffer.
   void append(const float* interleaved, std::size_t frames);
 
-  /// Forgets the frames that do not fill a buffer yet; what comes next does not follow them.
+  /// Drops the frames of an incomplete buffer. The next buffer is marked `afterGap`.
   void drop();
 
  private:
@@ -33,7 +33,7 @@ class BufferCollector {
   std::size_t capacity;        ///< frames of a whole buffer
   std::vector<float> samples;  ///< one whole channel after the other
   std::vector<const float*> channels;
-  AudioBuffer whole;       ///< as the tap gets it next
+  AudioBuffer whole;       ///< the next buffer for the tap
   std::size_t filled = 0;  ///< frames
 };
 

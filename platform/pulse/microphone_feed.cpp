@@ -7,15 +7,15 @@
 namespace corvane {
 namespace {
 
-/// Enough for a listener who looks at two buffers at a time to find nothing in them at once.
+/// A detector that analyses two buffers at a time finds no pitch immediately.
 constexpr std::size_t firstSilentBuffers = 2;
-/// PipeWire gives the first quantum of a device and loses the second, without a word.
+/// PipeWire delivers the first quantum of a device and drops the second without notice.
 constexpr double secondsToSettle = 0.05;
-/// A PipeWire that was stopped goes on losing some quanta after it has begun again, for 0.4 s on a
-/// busy machine.
+/// A PipeWire that was suspended keeps dropping some quanta after it resumes, for 0.4 s on a busy
+/// machine.
 constexpr double secondsToSettleAfterAStall = 0.5;
-/// A busy PulseAudio sends sound of the old device after the notice of the move, and even between
-/// sound of the new one. Each has at most `silenceTimeout` left, or there would have been silence.
+/// A busy PulseAudio sends sound of the old device after the move callback, even between sound of
+/// the new one. Each lasts `silenceTimeout` at most, or there would have been silence.
 constexpr double secondsToSettleAfterAMove =
     2.0 * std::chrono::duration<double>(MicrophoneFeed::silenceTimeout).count();
 
@@ -64,8 +64,8 @@ void MicrophoneFeed::interrupt() {
   if (collector) collector->drop();
 }
 
-/// In whole buffers, so that the next one ends where a fragment of the server's does, as it would
-/// have without the gap, and need not wait for the rest of a fragment.
+/// In whole buffers, so that the next one still ends with a fragment of the server and need not
+/// wait for another.
 std::size_t MicrophoneFeed::framesIn(double seconds) const {
   return bufferFrames * static_cast<std::size_t>(std::ceil(seconds * rate / bufferFrames));
 }
@@ -78,7 +78,6 @@ void MicrophoneFeed::end() {
   timer.reset();
 }
 
-/// Nothing has come for too long.
 void MicrophoneFeed::quiet() {
   interrupt();
   silence = silenceTimeout;

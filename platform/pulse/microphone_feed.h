@@ -13,35 +13,34 @@
 
 namespace corvane {
 
-/// What the tap is given from first to last, whatever becomes of the recordings meanwhile: sound
-/// while there is some, and silence while it stays away. No buffer holds the sound of two moments.
-/// On the loop's thread, unless it says otherwise.
+/// Feeds the tap across all recordings of a run: sound while there is some, otherwise silence.
+/// Every buffer is continuous. On the loop's thread, except where noted.
 class MicrophoneFeed {
  public:
-  /// How long we wait for sound before there is silence: longer than any device takes for a
-  /// fragment, short enough that a note that has gone is not shown for a second.
+  /// Silence begins after this time without sound: longer than any device takes for a fragment,
+  /// short enough that a note that has ended is not shown for a second.
   static constexpr std::chrono::milliseconds silenceTimeout{500};
 
-  /// `frames` is the length of every buffer. `silent` is told after `silenceTimeout` without sound,
-  /// and then with every silent buffer, how long that has lasted. Any thread.
+  /// `frames` is the length of each buffer. `silent` is called with the duration of the silence,
+  /// after `silenceTimeout` without sound and then with each silent buffer. Any thread.
   MicrophoneFeed(std::uint32_t frames, AudioInput::Tap tap,
                  std::function<void(std::chrono::milliseconds)> silent);
 
-  /// What comes from now on is in `format`.
+  /// The next frames are in `format`.
   void begin(const AudioFormat& format);
-  /// Sound should come from now on, so that its absence counts.
+  /// Sound is expected from now on; without it silence begins.
   void expectSound(Timers& timers);
-  /// `interleaved` frames of the format of `begin`, or silence when it is null.
+  /// Frames in the format given to `begin`; silence if `interleaved` is null.
   void append(const float* interleaved, std::size_t frames);
-  /// What comes next does not follow what has come.
+  /// The next frames do not follow the previous ones.
   void interrupt();
-  /// What comes next is from another device.
+  /// The next frames are from another device.
   void moved();
-  /// No more silence either. Must be called before the feed is destroyed.
+  /// Ends the silence too. Must be called before the feed is destroyed.
   void end();
 
-  /// When it returns, the tap is not running, will not be called, and is destroyed. Any thread;
-  /// waits for nothing but a tap that is running.
+  /// When this returns, the tap is not running, will not be called, and is destroyed. Any thread;
+  /// waits only for a running tap.
   void mute();
 
  private:
@@ -55,8 +54,8 @@ class MicrophoneFeed {
   std::optional<Timer> timer;                ///< from `expectSound` to `end`
   std::chrono::milliseconds pause{0};        ///< of one buffer
   double rate = 0.0;                         ///< in Hz; 0 before `begin`
-  std::size_t unsettled = 0;                 ///< frames that are still left out after a gap
-  std::chrono::milliseconds silence{0};      ///< so far; 0 while there is sound
+  std::size_t unsettled = 0;                 ///< frames still to be dropped after a gap
+  std::chrono::milliseconds silence{0};      ///< duration so far; 0 while there is sound
   std::mutex gate;                           ///< held while the tap runs
   AudioInput::Tap tap;                       ///< under `gate`; none once muted
   std::optional<BufferCollector> collector;  ///< under `gate`; none before `begin` or once muted

@@ -9,7 +9,7 @@
 namespace corvane {
 namespace {
 
-/// Short enough that the tone follows the press, long enough for a busy machine to keep up.
+/// Short enough for a prompt tone, long enough for a busy machine to keep up.
 constexpr double latencySeconds = 0.05;
 constexpr auto serverDefault = static_cast<std::uint32_t>(-1);
 
@@ -38,21 +38,21 @@ bool PlayStream::connect() {
                                     nullptr, nullptr) == 0;
 }
 
-/// All of it at once: the server keeps what it does not need yet.
+/// Writes the whole buffer: the server stores what it does not need yet.
 void PlayStream::ready() {
   if (samples.empty()) return end(PA_OK);
   const std::size_t bytes = samples.size() * sizeof(float);
   if (pa_stream_write(stream(), samples.data(), bytes, nullptr, 0, PA_SEEK_RELATIVE) != 0) {
     return end(PA_ERR_IO);
   }
-  // A server that hangs never says that it has played everything.
+  // A hung server never completes the drain.
   armDeadline([this] { end(PA_ERR_TIMEOUT); },
               std::chrono::milliseconds(pa_bytes_to_usec(bytes, &spec()) / PA_USEC_PER_MSEC));
   drain = pa_stream_drain(
       stream(), [](pa_stream*, int, void* me) { static_cast<PlayStream*>(me)->end(PA_OK); }, this);
 }
 
-/// The server answers a drain even when the stream has been ended meanwhile.
+/// The server completes a drain even after the stream has ended.
 void PlayStream::disconnectCallbacks() {
   if (drain == nullptr) return;
   pa_operation_cancel(drain);

@@ -9,13 +9,14 @@
 
 namespace corvane {
 
-/// One mono buffer on its way to the default loudspeakers.
+/// Plays one mono buffer on the default sink.
 class PlayStream final : public PulseStream {
  public:
-  /// `ended` is called once on the loop's thread, played out or not. Any thread.
+  /// `ended` is called once on the loop's thread, when the buffer was played or cut off. Any
+  /// thread.
   PlayStream(double sampleRate, std::vector<float> samples, std::function<void()> ended);
 
-  /// Ends the sound at once, and tells it. On the loop's thread.
+  /// Ends the sound immediately and calls `ended`. On the loop's thread.
   void cutOff();
 
  private:

@@ -11,12 +11,12 @@ namespace {
 
 using std::chrono::milliseconds;
 
-/// PipeWire lets a stream fall silent without a word when its device has gone. A device that sleeps
-/// is silent too and wakes up by itself, so this is no reason for haste.
+/// PipeWire sends no event when the device of a stream is removed: the stream is silent. A
+/// suspended device is silent too and resumes by itself, so do not reconnect early.
 constexpr milliseconds longestSilence{1500};
-/// A device that is being replaced is back sooner.
+/// A device that is being replaced returns sooner.
 constexpr milliseconds longestAbsence{1500};
-/// Between recordings that the server does not allow or ends at once.
+/// Between recordings that the server refuses or ends immediately.
 constexpr milliseconds pauseBetweenAttempts{500};
 
 }  // namespace
@@ -37,7 +37,7 @@ void PulseAudioInput::stop() {
 }
 
 void PulseAudioInput::reset() {
-  require(run == nullptr, "a running input is not reset");
+  require(run == nullptr, "reset is called while stopped");
 }
 
 AudioFormat PulseAudioInput::inputFormat() const {
@@ -49,12 +49,12 @@ AudioFormat PulseAudioInput::outputFormat() const {
 }
 
 void PulseAudioInput::installTap(std::uint32_t frames, const AudioFormat& format, Tap tap) {
-  require(run == nullptr, "a tap is installed while stopped");
+  require(run == nullptr, "installTap is called while stopped");
   installed = Installed{frames, format, std::move(tap)};
 }
 
 void PulseAudioInput::start(Started started) {
-  require(run == nullptr && installed.has_value(), "a stopped input with a tap is started");
+  require(run == nullptr && installed.has_value(), "start is called while stopped, with a tap");
   run = std::make_shared<Run>();
   run->started = std::move(started);
   run->feed = std::make_shared<MicrophoneFeed>(installed->frames, installed->tap,
@@ -90,8 +90,8 @@ RecordStream::Observer PulseAudioInput::observer() {
           .ended = [this, post](int error) { post([this, error] { ended(error); }); }};
 }
 
-/// Carries jobs to the main thread, where they count only during `lifetime`, which ends, at the
-/// latest, with this object.
+/// Posts jobs to the main thread, which drops them once `lifetime`, part of this object, has
+/// ended.
 std::function<void(std::function<void()>)> PulseAudioInput::poster(
     std::weak_ptr<void> lifetime) const {
   return [&queue = mainQueue, lifetime = std::move(lifetime)](std::function<void()> job) {
@@ -119,31 +119,31 @@ void PulseAudioInput::ready() {
 
 void PulseAudioInput::ended(int error) {
   run->attempt->stream = nullptr;
-  // The first recording's end is how the start ended; that of a later one leaves silence, which
-  // leads to the next.
+  // The end of the first recording is a failed start. The end of a later one causes silence, which
+  // starts the next.
   const Started started = std::exchange(run->started, nullptr);
   if (started) stop();
-  // Who hears of the refusal may stop the input.
+  // Watchers of the refusal may stop the input.
   if (error == PA_ERR_ACCESS) connection.refuseRecording();
   if (started) started(false);
 }
 
 void PulseAudioInput::serverChanged() {
   const AudioFormat device = connection.recordable();
-  if (device == AudioFormat{}) return goWithout();
-  run->deafSince.reset();
+  if (device == AudioFormat{}) return reportAbsence();
+  run->absentSince.reset();
   if (isOfTheDevice()) return;
   close();
   open(device);
 }
 
-/// Called at the start of an absence and with each silent buffer during it.
-void PulseAudioInput::goWithout() {
-  // Without a microphone the server may let us hear its loudspeakers instead.
+/// Called when the absence begins and with each silent buffer during it.
+void PulseAudioInput::reportAbsence() {
+  // Without a microphone the server may deliver the sound of its loudspeakers.
   close();
-  if (!run->deafSince) run->deafSince = connection.now();
-  if (connection.now() - *run->deafSince < longestAbsence) return;
-  run->deafSince = connection.now();
+  if (!run->absentSince) run->absentSince = connection.now();
+  if (connection.now() - *run->absentSince < longestAbsence) return;
+  run->absentSince = connection.now();
   if (const auto report = changed) report();
 }
 
@@ -153,17 +153,17 @@ void PulseAudioInput::watch(std::function<void()> watcher) {
   watching.reset();
   if (!changed) return;
   if (connection.state() == PulseConnection::State::connected) seen = outlook();
-  watching = connection.watch([this] { lookAgain(); });
+  watching = connection.watch([this] { reportChange(); });
 }
 
 PulseAudioInput::Outlook PulseAudioInput::outlook() const {
   return {.denied = connection.isDenied(), .present = connection.recordable() != AudioFormat{}};
 }
 
-void PulseAudioInput::lookAgain() {
+void PulseAudioInput::reportChange() {
   const auto before = std::exchange(seen, outlook());
   const bool delivers = run != nullptr && !run->started;
-  // The first answer is no change: whoever watches has just tried to start.
+  // The first answer is not a change: the watcher has just tried to start.
   if (!before || before == seen || delivers) return;
   const auto report = changed;
   report();
@@ -178,13 +178,13 @@ bool PulseAudioInput::isOfTheDevice() const {
 
 void PulseAudioInput::silent(milliseconds lasting) {
   const AudioFormat device = connection.recordable();
-  if (device == AudioFormat{}) return goWithout();
+  if (device == AudioFormat{}) return reportAbsence();
   if (!isHopeless(lasting)) return;
   close();
   open(device);
 }
 
-/// A stream that the server has not made yet has a deadline of its own.
+/// A stream that the server has not created yet has its own deadline.
 bool PulseAudioInput::isHopeless(milliseconds silence) const {
   const Attempt& attempt = *run->attempt;
   const auto age = connection.now() - attempt.begun;

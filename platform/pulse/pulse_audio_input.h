@@ -12,9 +12,9 @@
 
 namespace corvane {
 
-/// The microphone that the audio server has as its default, in the device's own format. The
-/// server must be connected (`PulseConnection::connect`) for a start to succeed. From then on it
-/// records again by itself after whatever happened to the server or the device.
+/// The default source of the audio server, in the device's own format. A start succeeds only if the
+/// server is connected (`PulseConnection::connect`). Then it records again by itself after every
+/// change of the server or the device.
 class PulseAudioInput final : public AudioInput {
  public:
   /// `connection` and `mainQueue` must outlive the input.
@@ -25,7 +25,7 @@ class PulseAudioInput final : public AudioInput {
 
   bool isRunning() const override { return run != nullptr; }
   void stop() override;
-  /// Nothing is kept from one start to the next, so nothing is left to drop.
+  /// Does nothing: no sound is kept from one start to the next.
   void reset() override;
   AudioFormat inputFormat() const override;
   AudioFormat outputFormat() const override;
@@ -46,15 +46,15 @@ class PulseAudioInput final : public AudioInput {
     Clock::Time begun;
     bool ready = false;
   };
-  /// From `start` until `stop` or the start's failure: one recording after the other.
+  /// From `start` until `stop` or the failure of the start: a series of recordings.
   struct Run {
-    Started started;  ///< none once it has been told
+    Started started;  ///< null once called
     std::shared_ptr<MicrophoneFeed> feed;
-    std::shared_ptr<Attempt> attempt;      ///< also after its stream has ended, which it then lacks
-    std::shared_ptr<const void> watch;     ///< of the server; once started
-    std::optional<Clock::Time> deafSince;  ///< none while there is a microphone
+    std::shared_ptr<Attempt> attempt;        ///< without a stream once that has ended
+    std::shared_ptr<const void> watch;       ///< of the server, once started
+    std::optional<Clock::Time> absentSince;  ///< while there is no microphone
   };
-  /// What decides how a start ends.
+  /// Decides the outcome of a start.
   struct Outlook {
     bool denied, present;
     bool operator==(const Outlook&) const = default;
@@ -68,9 +68,9 @@ class PulseAudioInput final : public AudioInput {
   void ready();
   void ended(int error);
   void serverChanged();
-  void goWithout();
+  void reportAbsence();
   Outlook outlook() const;
-  void lookAgain();
+  void reportChange();
   void silent(std::chrono::milliseconds lasting);
   bool isOfTheDevice() const;
   bool isHopeless(std::chrono::milliseconds silence) const;
@@ -79,7 +79,7 @@ class PulseAudioInput final : public AudioInput {
   MainQueue& mainQueue;
   std::optional<Installed> installed;
   std::shared_ptr<Run> run;
-  std::function<void()> changed;  ///< null while nobody watches
+  std::function<void()> changed;  ///< null unless watched
   std::optional<Outlook> seen;    ///< none until the server's first answer
   std::shared_ptr<const void> watching;
 };

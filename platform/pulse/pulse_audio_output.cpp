@@ -26,7 +26,7 @@ bool PulseAudioOutput::start(const AudioFormat& format) {
 }
 
 void PulseAudioOutput::play(std::vector<float> samples, Ended ended) {
-  require(sampleRate > 0.0, "an output is started before it plays");
+  require(sampleRate > 0.0, "play is called after start");
   cutOff();
   sounding = std::make_shared<PlayStream>(sampleRate, std::move(samples), std::move(ended));
   connection.async([stream = sounding](PulseSession* server) { stream->open(server); });

@@ -9,9 +9,8 @@
 
 namespace corvane {
 
-/// The loudspeakers that the audio server has as its default. Each buffer is a stream of its own,
-/// so that the server's device sleeps between them; `Ended` comes on the thread that speaks to the
-/// server.
+/// The default sink of the audio server. Each buffer has its own stream, so that the device can
+/// suspend between them. `Ended` is called on the loop's thread.
 class PulseAudioOutput final : public AudioOutput {
  public:
   /// `connection` must outlive the output.
@@ -20,9 +19,9 @@ class PulseAudioOutput final : public AudioOutput {
   PulseAudioOutput(const PulseAudioOutput&) = delete;
   PulseAudioOutput& operator=(const PulseAudioOutput&) = delete;
 
-  /// True while there is a server with loudspeakers and `start` has succeeded.
+  /// True after a successful `start` while the server has loudspeakers.
   bool isRunning() const override;
-  /// A server that is not connected is asked meanwhile, for the next time.
+  /// Connects in the background if no server is connected, for the next call.
   bool start(const AudioFormat& format) override;
   void play(std::vector<float> samples, Ended ended) override;
 

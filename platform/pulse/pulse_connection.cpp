@@ -32,8 +32,8 @@ void PulseConnection::open() {
   });
 }
 
-/// Carries what a session tells to the main thread, where it counts only while this connection
-/// exists and waits for or uses that session.
+/// Posts the session's reports to the main thread, which ignores them once this connection or its
+/// attempt has ended.
 PulseSession::Observer PulseConnection::observer() {
   const auto post = [this, &queue = mainQueue, weak = std::weak_ptr(attempt)](
                         State state, const ServerFacts& facts) {
@@ -76,7 +76,7 @@ std::shared_ptr<const void> PulseConnection::watch(std::function<void()> changed
   return watcher;
 }
 
-/// A watcher may drop its handle, or others, while it is told.
+/// A watcher may drop its handle, or others, during the call.
 void PulseConnection::tellWatchers() {
   std::erase_if(watchers, [](const auto& watcher) { return watcher.expired(); });
   for (const auto& watcher : std::vector(watchers)) {

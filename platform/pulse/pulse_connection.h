@@ -16,14 +16,14 @@
 
 namespace corvane {
 
-/// This program's connection to the audio server, as the main thread sees it: what is known now.
-/// Every member is called on the main thread and returns without waiting for the server.
+/// The connection to the audio server as the main thread sees it: the latest known facts. Every
+/// member is called on the main thread and returns without waiting for the server.
 class PulseConnection {
  public:
   enum class State {
-    unknown,    ///< nobody has asked, or the server did not answer or has gone
-    connected,  ///< the server answers; `facts` are its latest
-    refused,    ///< the server does not let this program in
+    unknown,    ///< not connected yet, or the server did not answer or exited
+    connected,  ///< `facts` are the latest of the server
+    refused,    ///< the server refuses this program
   };
 
   using Settled = std::function<void(State)>;
@@ -40,27 +40,26 @@ class PulseConnection {
   /// All zero unless connected.
   const ServerFacts& facts() const { return currentFacts; }
 
-  /// Asks the server unless it is connected or being asked; `state` stays as it is until the
-  /// outcome is known. That takes at most `serverTimeout`; then `settled` is called, never
-  /// within this call, with the outcome.
+  /// Connects unless connected or connecting. `state` does not change before the outcome is known,
+  /// within `serverTimeout`; then `settled` is called with it, never within this call.
   void connect(Settled settled);
 
   /// While the returned handle lives, calls `changed` after each change of the state or the facts,
-  /// and seeks a server that has gone, or refused us, until there is one again.
+  /// and retries until a server that exited, or refused this program, is connected again.
   [[nodiscard]] std::shared_ptr<const void> watch(std::function<void()> changed);
 
-  /// Takes the server's word, given to a stream, that this program may not record. It stands until
-  /// `allowRecording` is called or the server has gone; whatever plays is not concerned.
+  /// Records that the server refused a recording stream, until `allowRecording` is called or the
+  /// connection ends. Playing is not affected.
   void refuseRecording();
   void allowRecording();
-  /// When the last recording was refused; nothing unless that stands.
+  /// When a recording was refused last; nothing if recording is not refused.
   std::optional<Clock::Time> recordingRefused() const { return refusedAt; }
-  /// The server does not let this program in, or not record.
+  /// The server refuses this program or its recordings.
   bool isDenied() const { return currentState == State::refused || refusedAt; }
-  /// The format of what there is to record from; zero when we may not.
+  /// The format of the device to record from; zero while recording is refused.
   AudioFormat recordable() const { return refusedAt ? AudioFormat{} : currentFacts.device; }
 
-  /// Runs `job` on the loop's thread, with null when no server is connected.
+  /// Runs `job` on the loop's thread, with null if no server is connected.
   void async(std::function<void(PulseSession*)> job);
 
  private:
@@ -79,14 +78,14 @@ class PulseConnection {
   std::vector<Settled> waiting;
   std::vector<std::weak_ptr<const std::function<void()>>> watchers;
   std::optional<Clock::Time> refusedAt;
-  /// Before an attempt that nobody asks for: soon enough that a server that was restarted is back
-  /// in no time, seldom enough for one that never comes.
+  /// Before a retry: short enough that a restarted server is found quickly, long enough if there
+  /// never is one.
   BackOff pauses{std::chrono::milliseconds(200), std::chrono::milliseconds(1000)};
   std::shared_ptr<void> attempt;          ///< from `open` until its session has ended
   std::shared_ptr<void> lifetime;         ///< of this object
   std::unique_ptr<PulseSession> session;  ///< on the loop's thread only
   std::optional<Timer> nextAttempt;       ///< on the loop's thread only
-  PulseLoop loop;                         ///< last, so that its jobs find the rest alive
+  PulseLoop loop;                         ///< last: its jobs use the other members
 };
 
 }  // namespace corvane

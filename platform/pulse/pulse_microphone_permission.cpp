@@ -9,7 +9,7 @@ using State = PulseConnection::State;
 
 namespace {
 
-/// A server may ask the user each time.
+/// The server may ask the user each time.
 constexpr std::chrono::seconds pauseBetweenTrials{1};
 
 }  // namespace
@@ -28,7 +28,7 @@ void PulseMicrophonePermission::refresh() {
   if (connection.recordingRefused()) tryToRecord();
 }
 
-/// Starts a recording that is not delivered, so that the displayed text stays until it is outdated.
+/// Starts a recording that is not delivered. The denial stands until it succeeds.
 void PulseMicrophonePermission::tryToRecord() {
   const bool justSaid = connection.now() < *connection.recordingRefused() + pauseBetweenTrials;
   const AudioFormat format = trial->inputFormat();

@@ -8,18 +8,18 @@
 
 namespace corvane {
 
-/// The microphone permission as an audio server gives it: by letting this program in and letting it
-/// record. A server that cannot be reached denies nothing, so the request is granted all the same
-/// and the missing microphone is the news; the permission then stays undetermined, so that the next
-/// start asks anew and finds a server that has come back.
+/// The microphone permission of an audio server: it accepts this program and its recordings. A
+/// server that cannot be reached denies nothing, so the request is granted and the microphone is
+/// reported missing. The permission stays undetermined, so the next start asks again and finds a
+/// server that has returned.
 class PulseMicrophonePermission final : public MicrophonePermission {
  public:
   /// `connection` and `mainQueue` must outlive the permission.
   PulseMicrophonePermission(PulseConnection& connection, MainQueue& mainQueue);
 
   RecordPermission recordPermission() const override;
-  /// No server reports that the user has allowed the microphone. A server that has refused a
-  /// recording less than a second ago is not asked.
+  /// Needed because no server reports that the user allowed the microphone. Does nothing within a
+  /// second after a refused recording.
   void refresh() override;
 
   /// `completion` is called on the main thread, after this call.

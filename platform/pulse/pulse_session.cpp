@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char* desktopId = "org.corvane.Corvane";
 
-/// How the mixer shows this program.
+/// Mixers show these properties.
 pa_context* newContext(pa_mainloop_api& api) {
   const std::unique_ptr<pa_proplist, decltype(&pa_proplist_free)> properties(pa_proplist_new(),
                                                                              pa_proplist_free);
@@ -52,7 +52,7 @@ void PulseSession::connect() {
   if (context == nullptr) return end(PA_ERR_INTERNAL);
   pa_context_set_state_callback(context, onState, this);
   pa_context_set_subscribe_callback(context, onEvent, this);
-  // Starting a server is the desktop's business: two that are started at once fight for the device.
+  // The desktop starts the server: two servers started at once would compete for the device.
   if (pa_context_connect(context, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0) {
     end(pa_context_errno(context));
   }
@@ -83,7 +83,7 @@ void PulseSession::watch() {
 
 void PulseSession::survey() {
   if (over) return;
-  // A volume that is being dragged sends events by the hundred: one more survey covers them all.
+  // Dragging a volume slider sends hundreds of events; one more survey covers them all.
   outdated = std::exchange(surveying, true);
   if (outdated) return;
   again.disarm();
@@ -97,12 +97,12 @@ void PulseSession::report(const ServerFacts& facts) {
   if (facts != reported) observer.facts(facts);
   reported = facts;
   if (outdated) return survey();
-  // PipeWire chooses the default after it has told of the device, and at times without a word; one
-  // that has nobody to choose never does.
+  // PipeWire chooses the default after it has reported the device, sometimes without an event, and
+  // never if no session manager runs.
   if (!answers->isConclusive()) again.arm(surveyBackoff.next(), [this] { survey(); });
 }
 
-/// The answer comes by callback; without an operation there will be none.
+/// Without an operation the callback will not be called.
 void PulseSession::await(pa_operation* operation) {
   if (operation == nullptr) return end(pa_context_errno(context));
   pa_operation_unref(operation);

@@ -19,15 +19,15 @@ namespace corvane {
 /// short enough for a user who waits.
 constexpr std::chrono::milliseconds serverTimeout{3000};
 
-/// One attempt at the audio server and, if it succeeds, the connection that follows. It ends when
-/// the server goes, refuses, or is silent for longer than `serverTimeout`; the next attempt
-/// is a new session. Everything happens on the loop's thread.
+/// One attempt to connect to the audio server and, if it succeeds, the connection. It ends when the
+/// server exits, refuses, or does not answer within `serverTimeout`; the next attempt is a new
+/// session. On the loop's thread.
 class PulseSession {
  public:
   struct Observer {
-    /// The server answers, or its answer has changed.
+    /// The first facts, and each change.
     std::function<void(const ServerFacts&)> facts;
-    /// Once, with libpulse's error code, after which nothing else is called.
+    /// Once, with libpulse's error code; the last call.
     std::function<void(int error)> ended;
   };
 
@@ -37,7 +37,7 @@ class PulseSession {
   PulseSession& operator=(const PulseSession&) = delete;
 
   Timers& timers() const { return loopTimers; }
-  /// Ready for streams; null while connecting and after the end.
+  /// Ready for streams; null before connection and after the end.
   pa_context* readyContext() const;
 
  private:
@@ -56,12 +56,12 @@ class PulseSession {
 
   Timers& loopTimers;
   Observer observer;
-  pa_context* const context;  ///< null when there is none to be had
+  pa_context* const context;  ///< null if creation failed
   Timer deadline;
-  Timer again;  ///< asks once more a server that has not made up its mind
+  Timer again;  ///< repeats an inconclusive survey
   BackOff surveyBackoff{std::chrono::milliseconds(200), std::chrono::milliseconds(1000)};
   bool surveying = false;
-  bool outdated = false;  ///< something has changed since the survey under way began
+  bool outdated = false;  ///< the server has changed since the current survey began
   std::optional<ServerSurvey> answers;
   std::optional<ServerFacts> reported;
   bool over = false;

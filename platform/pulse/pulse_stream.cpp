@@ -33,7 +33,7 @@ void PulseStream::open(PulseSession* server) {
   self = shared_from_this();
   loopTimers = &server->timers();
   deadline.emplace(*loopTimers);
-  // Disconnecting makes the server forget the stream too, should it ever answer.
+  // Disconnecting makes the server drop the stream too, if it ever answers.
   armDeadline([context] { pa_context_disconnect(context); });
   pa_stream_set_state_callback(
       current, [](pa_stream*, void* me) { static_cast<PulseStream*>(me)->stateChanged(); }, this);
@@ -63,8 +63,8 @@ void PulseStream::failed() {
   const int error = pa_context_errno(context);
   const bool connected = PA_CONTEXT_IS_GOOD(pa_context_get_state(context)) != 0;
   if (error != PA_ERR_TIMEOUT || !connected) return end(error);
-  // After half a minute libpulse gives up waiting, but the server may still make the stream one
-  // day and use it for nobody. Disconnecting comes back here as the end of the stream.
+  // libpulse gives up after 30 s, but the server may still create the stream later and keep it.
+  // Disconnecting calls this function again, as the end of the stream.
   pa_context_disconnect(context);
 }
 
@@ -72,8 +72,8 @@ void PulseStream::close() {
   closing = true;
   if (current == nullptr) return;
   if (pa_stream_get_state(current) != PA_STREAM_CREATING) return release();
-  // libpulse cannot end a stream that the server has not made yet: `stateChanged` does then.
-  // Nobody waits for it, so its delay is no reason to drop the connection from the next one.
+  // libpulse cannot end a stream that the server has not created yet; `stateChanged` does so later.
+  // A late answer must not end the connection, which the next stream uses.
   deadline->disarm();
 }
 
@@ -91,9 +91,9 @@ void PulseStream::release() {
   pa_context* const context = pa_stream_get_context(current);
   const bool isKnown = pa_stream_get_state(current) == PA_STREAM_READY;
   const bool isForgotten = pa_stream_disconnect(current) == 0;
-  // Before the connection ends, which waits for whoever holds a piece of its memory.
+  // Before disconnecting, which waits until the stream's memory is released.
   pa_stream_unref(std::exchange(current, nullptr));
-  // What the server does not hear of it would go on for ever.
+  // Otherwise the stream would stay on the server forever.
   if (isKnown && !isForgotten) pa_context_disconnect(context);
 }
 

@@ -16,23 +16,22 @@
 
 namespace corvane {
 
-/// A stream from or to the server, from its request until its end: what recording and playing have
-/// in common. On the loop's thread; created on any.
+/// A stream from or to the server, from request to end: the common part of recording and playing.
+/// On the loop's thread; created on any thread.
 class PulseStream : public std::enable_shared_from_this<PulseStream> {
  public:
   virtual ~PulseStream() = default;
   PulseStream(const PulseStream&) = delete;
   PulseStream& operator=(const PulseStream&) = delete;
 
-  /// Asks the server for the stream, which keeps this object alive; `server` is null when there is
-  /// none.
+  /// Requests the stream, which keeps this object alive. `server` is null if none is connected.
   void open(PulseSession* server);
 
-  /// Ends the stream without another word; the server forgets it as soon as it can.
+  /// Ends the stream without calling `ended`; the server drops it as soon as it can.
   void close();
 
  protected:
-  /// `order` says where each channel belongs; `properties` are shown to the user's mixer.
+  /// `order` gives the position of each channel; mixers show the `properties`.
   using Properties = std::initializer_list<std::pair<const char*, const char*>>;
   PulseStream(const AudioFormat& format, const pa_channel_map& order, Properties properties);
 
@@ -40,20 +39,19 @@ class PulseStream : public std::enable_shared_from_this<PulseStream> {
   /// Once opened.
   Timers& timers() const { return *loopTimers; }
   const pa_sample_spec& spec() const { return sampleSpec; }
-  /// Calls `then` unless the stream has ended within the server's time to answer, which begins
-  /// after `busy`.
+  /// Calls `then` unless the stream ends within `busy` plus `serverTimeout`.
   void armDeadline(std::function<void()> then, std::chrono::milliseconds busy = {});
-  /// Releases the stream and tells it, once.
+  /// Releases the stream and calls `ended`, once.
   void end(int error);
 
-  /// Sets the stream's own callbacks, with this object as their data, and connects it; false when
-  /// the server's library refuses at once.
+  /// Sets the callbacks of the derived class, with this object as their data, and connects the
+  /// stream. False if libpulse refuses immediately.
   virtual bool connect() = 0;
-  /// The server has made the stream.
+  /// The server has created the stream.
   virtual void ready() = 0;
   /// Once, with libpulse's error code; not after `close`.
   virtual void ended(int error) = 0;
-  /// Unsets what `connect` has set.
+  /// Unsets the callbacks that `connect` has set.
   virtual void disconnectCallbacks() = 0;
 
  private:

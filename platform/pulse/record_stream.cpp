@@ -8,8 +8,7 @@
 namespace corvane {
 namespace {
 
-/// Half a buffer of the tap: small enough that the sound is fresh when one is full, large enough to
-/// wake seldom.
+/// Half a buffer of the tap: small enough for low latency, large enough for few wake-ups.
 constexpr std::uint32_t fragmentFrames = 2048;
 constexpr auto serverDefault = static_cast<std::uint32_t>(-1);
 
@@ -17,7 +16,7 @@ constexpr auto serverDefault = static_cast<std::uint32_t>(-1);
 
 RecordStream::RecordStream(const AudioFormat& format, const pa_channel_map& channelOrder,
                            std::shared_ptr<MicrophoneFeed> receiver, Observer watching)
-    // A tuner wants the plain sound, not a caller's cleaned voice.
+    // A tuner needs the unprocessed sound, without echo cancelling for voice.
     : PulseStream(format, channelOrder,
                   {{PA_PROP_MEDIA_NAME, "Tuning"},
                    {PA_PROP_MEDIA_ROLE, "production"},
@@ -37,7 +36,7 @@ bool RecordStream::connect() {
       .prebuf = serverDefault,
       .minreq = serverDefault,
       .fragsize = fragmentFrames * static_cast<std::uint32_t>(pa_frame_size(&spec()))};
-  // No device: the stream follows the user's default.
+  // Without a device name the stream follows the user's default.
   return pa_stream_connect_record(stream(), nullptr, &buffering, PA_STREAM_ADJUST_LATENCY) == 0;
 }
 
@@ -55,9 +54,9 @@ void RecordStream::read() {
   const void* data = nullptr;
   std::size_t bytes = 0;
   while (pa_stream_peek(stream(), &data, &bytes) == 0 && bytes > 0) {
-    // A hole comes as null with its length: silence.
+    // A hole is null with a length: silence.
     feed->append(static_cast<const float*>(data), bytes / pa_frame_size(&spec()));
-    // It would come again, for ever.
+    // The same data would be read forever.
     if (pa_stream_drop(stream()) < 0) return end(PA_ERR_IO);
   }
 }

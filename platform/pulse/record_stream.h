@@ -8,7 +8,7 @@
 
 namespace corvane {
 
-/// One recording from the default source.
+/// Records from the default source.
 class RecordStream final : public PulseStream {
  public:
   /// Both on the loop's thread.
@@ -18,7 +18,7 @@ class RecordStream final : public PulseStream {
     std::function<void(int error)> ended;
   };
 
-  /// `order` says where each channel belongs. Any thread.
+  /// `order` gives the position of each channel. Any thread.
   RecordStream(const AudioFormat& format, const pa_channel_map& order,
                std::shared_ptr<MicrophoneFeed> feed, Observer observer);
 

@@ -5,16 +5,15 @@
 namespace corvane {
 namespace {
 
-/// True for a source that records what the speakers play. Both servers offer one as the default
-/// when nothing is there to record with.
+/// True for a source that records the sound of a sink. Both servers make one the default if there
+/// is no microphone.
 bool isMonitor(const pa_source_info& source) {
   if (source.monitor_of_sink != PA_INVALID_INDEX) return true;
   const char* const deviceClass = pa_proplist_gets(source.proplist, PA_PROP_DEVICE_CLASS);
   return deviceClass != nullptr && std::string_view(deviceClass) == "monitor";
 }
 
-/// Up to this rate, that of a headset in a call, no pitch is looked for: a multiple of it is asked
-/// for instead.
+/// The detector does not work up to this rate, that of a headset in a call: record at a multiple.
 constexpr double tooLowARate = 8000.0;
 
 AudioFormat formatOf(const pa_sample_spec& spec) {
@@ -54,9 +53,9 @@ bool ServerSurvey::isConclusive() const {
 
 ServerFacts ServerSurvey::facts() const {
   if (microphone) return collected;
-  ServerFacts deaf;
-  deaf.loudspeakers = collected.loudspeakers;
-  return deaf;
+  ServerFacts withoutMicrophone;
+  withoutMicrophone.loudspeakers = collected.loudspeakers;
+  return withoutMicrophone;
 }
 
 }  // namespace corvane

@@ -10,26 +10,26 @@
 
 namespace corvane {
 
-/// What the audio server tells; all zero about recording when there is no microphone.
+/// Reported by the audio server. Everything about recording is zero without a microphone.
 struct ServerFacts {
-  bool loudspeakers = false;  ///< there is something to play on
-  /// The default source's own, at a multiple of its rate where that is too low to find a pitch in;
-  /// zero when that is not known.
+  bool loudspeakers = false;  ///< there is a default sink
+  /// Of the default source, at a multiple of its rate if that is too low to detect a pitch; zero if
+  /// unknown.
   AudioFormat device;
-  pa_channel_map deviceOrder{};  ///< where each channel of `device` belongs
-  AudioFormat server;            ///< the format that the server itself works in, likewise
+  pa_channel_map deviceOrder{};  ///< the position of each channel of `device`
+  AudioFormat server;            ///< the server's default format, likewise
 };
 
 bool operator==(const ServerFacts& a, const ServerFacts& b);
 
-/// Puts the server's answers together to facts.
+/// Combines the server's answers into facts.
 class ServerSurvey {
  public:
   explicit ServerSurvey(const pa_server_info& server);
 
   void add(const pa_source_info& source);
   ServerFacts facts() const;
-  /// False while the server has microphones and none of its sources is the default.
+  /// False if the server has microphones but no default source.
   bool isConclusive() const;
 
  private:

@@ -6,7 +6,7 @@
 
 namespace corvane {
 
-/// The one that is due first; null when none is armed.
+/// The timer that is due first; null if none is armed.
 Timer* Timers::first() const {
   Timer* found = nullptr;
   for (Timer* const timer : all) {
@@ -37,7 +37,7 @@ Timer::~Timer() {
 }
 
 void Timer::arm(std::chrono::milliseconds delay, std::function<void()> then) {
-  require(delay.count() > 0, "a timer calls later");
+  require(delay.count() > 0, "delay is positive");
   job = std::move(then);
   due = timers.clock.now() + delay;
 }
@@ -47,7 +47,7 @@ void Timer::disarm() {
   due.reset();
 }
 
-/// The job is moved out, because it may end this timer.
+/// The job is moved out because it may destroy this timer.
 void Timer::call() {
   const auto last = std::exchange(job, nullptr);
   disarm();

@@ -11,18 +11,17 @@ namespace corvane {
 
 class Timer;
 
-/// The timers of one thread, which asks when to wake up and calls what is due by then. They take
-/// nothing from the system, so that they also measure the pause before the next attempt when the
-/// system has had nothing left to give.
+/// The timers of one thread, which sleeps until `next` and then calls `callDue`. A test clock can
+/// drive them.
 class Timers {
  public:
   /// `clock` must outlive the timers.
   explicit Timers(const Clock& time) : clock(time) {}
 
-  /// When the first of them is due; nothing when none is armed.
+  /// When the first timer is due; nothing if none is armed.
   std::optional<Clock::Time> next() const;
 
-  /// Calls what is due by now; what is armed meanwhile is not.
+  /// Calls the timers that are due. Timers armed during the call are not due before time passes.
   void callDue();
 
  private:
@@ -30,10 +29,10 @@ class Timers {
   Timer* first() const;
 
   const Clock& clock;
-  std::vector<Timer*> all;  ///< a handful, armed or not
+  std::vector<Timer*> all;  ///< few, armed or not
 };
 
-/// Calls once, later, on the thread of its timers. Arming it allocates nothing.
+/// Calls a job once, later, on the thread of its timers. Arming it does not allocate.
 class Timer {
  public:
   explicit Timer(Timers& timers);
@@ -41,7 +40,7 @@ class Timer {
   Timer(const Timer&) = delete;
   Timer& operator=(const Timer&) = delete;
 
-  /// Calls `job` after `delay` unless disarmed, armed anew or destroyed before. `job` may destroy
+  /// Calls `job` after `delay` unless disarmed, armed again or destroyed before. `job` may destroy
   /// the timer.
   void arm(std::chrono::milliseconds delay, std::function<void()> job);
   void disarm();
@@ -51,7 +50,7 @@ class Timer {
   void call();
 
   Timers& timers;
-  std::optional<Clock::Time> due;  ///< none while disarmed
+  std::optional<Clock::Time> due;  ///< nothing while disarmed
   std::function<void()> job;
 };
 

@@ -13,15 +13,15 @@
 
 namespace corvane {
 
-/// Wakes the main thread through a descriptor: an event of Qt's would be allocated for every job.
+/// Wakes the main thread through a descriptor, because Qt allocates an event for each job.
 class QtMainQueue::Inbox final : public QObject {
  public:
   Inbox() {
-    require(wake.descriptor >= 0, "the program starts with descriptors to spare");
+    require(wake.descriptor >= 0, "the program starts with file descriptors to spare");
     connect(&notifier, &QSocketNotifier::activated, this, &Inbox::run);
   }
 
-  /// From now on nothing runs.
+  /// No job runs afterwards.
   void close() {
     JobList<Job> dropped;
     const std::lock_guard held(lock);
@@ -34,12 +34,12 @@ class QtMainQueue::Inbox final : public QObject {
       jobs.add(std::move(job));
       if (std::exchange(awake, true)) return;
     }
-    // Only now, or the main thread would wake up to wait for the lock.
+    // After unlocking, so that the main thread does not wake up and wait for the lock.
     ::eventfd_write(wake.descriptor, 1);
   }
 
  private:
-  /// Closed only when nothing watches it any more.
+  /// Declared before the notifier, so that it is closed after it.
   struct Wake {
     ~Wake() { ::close(descriptor); }
     const int descriptor = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
@@ -60,7 +60,7 @@ class QtMainQueue::Inbox final : public QObject {
 
   std::mutex lock;
   JobList<Job> jobs;   ///< under `lock`
-  bool awake = false;  ///< under `lock`: the main thread was woken and has not found all done since
+  bool awake = false;  ///< under `lock`: the main thread was woken and has not emptied `jobs` since
   Wake wake;
   QSocketNotifier notifier{wake.descriptor, QSocketNotifier::Read};
 };

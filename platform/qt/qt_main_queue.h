@@ -7,8 +7,8 @@
 
 namespace corvane {
 
-/// Qt's event loop. To be created on the main thread, after the application; may be destroyed on
-/// any. Submitting allocates only when more jobs wait than ever before.
+/// Runs jobs in Qt's event loop. Created on the main thread, after the application; destroyed on
+/// any thread. Submitting allocates only if more jobs wait than ever before.
 class QtMainQueue final : public MainQueue {
  public:
   QtMainQueue();
@@ -20,7 +20,7 @@ class QtMainQueue final : public MainQueue {
   class Inbox;
 
   /// A job that ends on another thread may be the last owner of the queue, but only the main thread
-  /// may delete what lives on it.
+  /// may delete a QObject of its own.
   struct DeleteOnItsThread {
     void operator()(QObject* object) const { object->deleteLater(); }
   };

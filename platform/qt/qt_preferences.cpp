@@ -25,8 +25,7 @@ QByteArray bytes(std::string_view text) {
 
 QString QtPreferences::defaultPath() {
   QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-  // What XDG_CONFIG_HOME says counts only if it is absolute: it would be another one wherever we
-  // start.
+  // Ignore a relative XDG_CONFIG_HOME, which depends on the working directory.
   if (QDir::isRelativePath(folder)) folder = QDir::homePath() + QStringLiteral("/.config");
   return folder + QStringLiteral("/corvane/corvane.conf");
 }

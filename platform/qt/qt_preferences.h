@@ -8,12 +8,11 @@
 
 namespace corvane {
 
-/// Preferences in an INI file, read once. All that have been set since are handed over together
-/// when the event loop next runs, and written on another thread, at the latest in the end: of two
-/// programs the last choice wins as a whole. Settings that we do not know keep the values that they
-/// have by then; what is no setting of the group "General", as a remark or another group, is not
-/// kept. A file that cannot be read is left as it is, and so is one that cannot be written, until
-/// it can: until then the choices last as long as the program.
+/// Preferences in an INI file, read once. When the event loop next runs, all values set since the
+/// start are passed to another thread, which writes them, at the latest in the destructor: of two
+/// programs the last choice wins as a whole. Other settings keep the values that the file has by
+/// then. Comments and other groups are dropped. A file that cannot be read or written is not
+/// changed; the choices then last as long as the program.
 class QtPreferences final : public Preferences {
  public:
   /// `corvane/corvane.conf` in the user's configuration folder.
@@ -28,7 +27,7 @@ class QtPreferences final : public Preferences {
   std::optional<double> number(std::string_view key) const override;
   std::optional<bool> boolean(std::string_view key) const override;
 
-  /// A text that is not `SettingsText::isPlain` lasts as long as the program.
+  /// A text that is not `SettingsText::isPlain` is not saved.
   void setString(std::string_view key, std::string_view value) override;
   void setNumber(std::string_view key, double value) override;
   void setBoolean(std::string_view key, bool value) override;

@@ -10,7 +10,7 @@ namespace corvane {
 namespace {
 
 struct SoundSettings {
-  const char* desktop;  ///< a part of the desktop's name; of every one when empty
+  const char* desktop;  ///< part of the desktop's name; empty matches all
   const char* program;
   QStringList arguments;
 };

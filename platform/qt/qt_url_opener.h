@@ -4,10 +4,9 @@
 
 namespace corvane {
 
-/// Opens web pages and files in the program that the desktop has for them, and for an address of
-/// another system's settings this desktop's settings of sound, or a mixer. Declines every other
-/// scheme: handing one that nothing is registered for to the desktop starts a program only to show
-/// an error that the user can do nothing about.
+/// Opens web pages and files in the desktop's default program. For the address of another system's
+/// settings it opens this desktop's sound settings, or a mixer. Declines every other scheme: for
+/// one without a handler the desktop would only show an error.
 class QtUrlOpener final : public UrlOpener {
  public:
   bool openURL(std::string_view address) override;

@@ -14,12 +14,11 @@
 namespace corvane {
 namespace {
 
-/// Many times what the settings need; whatever is larger is something else.
+/// Many times what the settings need; a larger file is something else.
 constexpr qint64 largestFile = 64 * 1024;
 
-/// Held until it is destroyed or the program ends, in whatever way: a file that says who holds it
-/// may be left behind half written. Where the system cannot lock a folder, as over some networks,
-/// nobody holds it.
+/// An flock, which the system releases even if the program is killed; a lock file could be left
+/// behind. Some network file systems cannot lock a folder; then the lock is never taken.
 class FolderLock {
  public:
   explicit FolderLock(const QString& folder)
@@ -44,7 +43,7 @@ class FolderLock {
 std::optional<SettingsText::Values> SettingsFile::read() const {
   const QFileInfo info(path);
   if (!info.exists()) return SettingsText::Values();
-  // To open a pipe would wait for somebody to write to it.
+  // Opening a pipe would wait for a writer.
   if (!info.isFile()) return std::nullopt;
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
@@ -65,8 +64,8 @@ SettingsFile::Outcome SettingsFile::change(const SettingsText::Values& values) c
   return next == *held || replace(SettingsText::format(next)) ? Outcome::done : Outcome::failed;
 }
 
-/// By way of a second file, always of the same name: if a program that is killed leaves it behind,
-/// the next one removes it, or whatever else has that name, and makes its own.
+/// Through a second file with a fixed name: if a killed program leaves it behind, the next one
+/// removes it, or anything else of that name, and creates its own.
 bool SettingsFile::replace(const QByteArray& text) const {
   const QFileInfo old(path);
   if (old.exists() && !old.isWritable()) return false;
@@ -80,7 +79,7 @@ bool SettingsFile::replace(const QByteArray& text) const {
     std::filesystem::rename(next.filesystemFileName(), QFile(target).filesystemFileName(), error);
     if (!error) return true;
   }
-  // Not by the file object, which would first write what there is no room for.
+  // QFile::remove would first flush the data that do not fit on the disk.
   std::filesystem::remove(next.filesystemFileName(), error);
   return false;
 }

@@ -8,24 +8,22 @@
 
 namespace corvane {
 
-/// A settings file that several programs may use at once. It is replaced in one step, so that it
-/// holds either all of what it held or all of what it shall hold, whatever ends the program or
-/// fills the disk meanwhile.
+/// A settings file that several programs may use at once. It is replaced atomically: it holds
+/// either the old or the new settings, even if the program is killed or the disk is full.
 class SettingsFile {
  public:
   explicit SettingsFile(QString file) : path(std::move(file)) {}
 
-  /// What the file holds: nothing of it when there is none, and no answer when there is something
-  /// that cannot be read. Waits for nobody.
+  /// The settings; empty without a file, nothing if it cannot be read. Does not wait.
   std::optional<SettingsText::Values> read() const;
 
   enum class Outcome {
     done,
     busy,    ///< another program is writing
-    failed,  ///< the file, or what is in its place, is as it was
+    failed,  ///< the file, or what is in its place, is unchanged
   };
 
-  /// Gives the file these values, beside whatever else it holds by now. Waits for nobody.
+  /// Sets these values and keeps the other settings of the file. Does not wait.
   Outcome change(const SettingsText::Values& values) const;
 
  private:

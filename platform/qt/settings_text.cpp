@@ -25,7 +25,7 @@ bool isPlain(QByteArrayView text) {
 
 Values parse(const QByteArray& text) {
   Values values;
-  bool inGroup = true;  // What stands before every group belongs to the general one.
+  bool inGroup = true;  // Lines before the first group belong to it too.
   for (const QByteArray& line : text.split('\n')) {
     const QByteArray trimmed = line.trimmed();
     if (trimmed.startsWith('[')) inGroup = trimmed == group;

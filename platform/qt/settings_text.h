@@ -8,15 +8,15 @@ namespace corvane::SettingsText {
 
 using Values = std::map<QByteArray, QByteArray>;
 
-/// True for what can stand as a key or a value without being taken for anything else: letters,
-/// digits and ". _ + -", at least one of them.
+/// True for text that needs no quoting as a key or a value: at least one letter, digit or
+/// one of ". _ + -".
 bool isPlain(QByteArrayView text);
 
-/// The lines "key=value" of the group "General", the last of each key. Lines of other kinds, other
-/// groups, keys that are not plain and values that are not printable ASCII are passed over.
+/// The last line "key=value" of each key in the group "General". Other lines, other groups, keys
+/// that are not plain and values that are not printable ASCII are skipped.
 Values parse(const QByteArray& text);
 
-/// What `parse` reads back to the same values.
+/// A text for which `parse` returns the same values.
 QByteArray format(const Values& values);
 
 }  // namespace corvane::SettingsText

@@ -12,8 +12,7 @@ namespace {
 using std::chrono::milliseconds;
 using Outcome = SettingsFile::Outcome;
 
-/// Another program takes a few milliseconds to write, unless its disk is slow; a full disk may stay
-/// full for ever.
+/// Another program writes for a few milliseconds, longer on a slow disk; a full disk may stay full.
 constexpr milliseconds shortestPause{10};
 constexpr milliseconds longestPause{5000};
 constexpr milliseconds lastSaveTimeout{1000};
