@@ -9,7 +9,7 @@ namespace {
 
 using Task = InPlaceFunction<void(), 32>;
 
-TEST(InPlaceFunction, HandsOnReferencesAndWhatCanOnlyBeMoved) {
+TEST(InPlaceFunction, ForwardsReferencesAndMoveOnlyValues) {
   const InPlaceFunction<int(int&, std::unique_ptr<int>), 8> add = [](int& sum, auto owned) {
     return sum += *owned;
   };
@@ -18,14 +18,14 @@ TEST(InPlaceFunction, HandsOnReferencesAndWhatCanOnlyBeMoved) {
   EXPECT_EQ(sum, 8);
 }
 
-TEST(InPlaceFunction, IsEmptyUntilItIsGivenSomething) {
+TEST(InPlaceFunction, IsEmptyUntilAssigned) {
   EXPECT_FALSE(Task());
   EXPECT_FALSE(Task(nullptr));
   EXPECT_TRUE(Task([] {}));
 }
 
 // A double needs more alignment than a pointer on some 32-bit processors.
-TEST(InPlaceFunction, ACopyHasAStateOfItsOwn) {
+TEST(InPlaceFunction, ACopyHasItsOwnState) {
   using Add = InPlaceFunction<double(double), 32>;
   const Add first = [sum = 0.0](double more) mutable { return sum += more; };
   EXPECT_EQ(first(1), 1);
@@ -34,7 +34,7 @@ TEST(InPlaceFunction, ACopyHasAStateOfItsOwn) {
   EXPECT_EQ(second(100), 101);
 }
 
-TEST(InPlaceFunction, DestroysItsCallableWhenItEndsOrGetsAnother) {
+TEST(InPlaceFunction, DestroysItsCallableWithItselfOrOnAssignment) {
   const auto token = std::make_shared<int>(0);
   {
     Task run = [token] { ++*token; };
@@ -65,7 +65,7 @@ TEST(InPlaceFunction, MayBeAssignedToItself) {
   EXPECT_EQ(token.use_count(), 2);
 }
 
-TEST(InPlaceFunction, ACallableThatIsDestroyedMayUseIt) {
+TEST(InPlaceFunction, ADestroyedCallableMayUseIt) {
   Task task;
   bool sawTheNext = false;
   task = [last = std::shared_ptr<void>(nullptr, [&](void*) { sawTheNext = bool{task}; })] {};

@@ -10,7 +10,7 @@
 namespace corvane {
 namespace {
 
-TEST(JobList, ReturnsJobsInOrderAndKeepsNoneOfThem) {
+TEST(JobList, ReturnsJobsInOrderAndReleasesThem) {
   JobList<InPlaceFunction<void(), 32>> waiting;
   const auto ran = std::make_shared<std::vector<int>>();
   waiting.add([ran] { ran->push_back(1); });

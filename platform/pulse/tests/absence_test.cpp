@@ -5,7 +5,7 @@ namespace {
 
 class Absence : public PulseTest {
  protected:
-  /// What the tuner needs to say that there is no microphone.
+  /// The formats from which the engine concludes that there is no microphone.
   void expectNoMicrophone() {
     EXPECT_EQ(client.input->inputFormat(), AudioFormat{});
     EXPECT_EQ(client.input->outputFormat(), AudioFormat{});
@@ -28,7 +28,7 @@ class Absence : public PulseTest {
   }
 };
 
-TEST_P(Absence, NothingIsKnownBeforeAnybodyAsks) {
+TEST_P(Absence, NothingIsKnownBeforeTheFirstRequest) {
   addMicrophone();
   expectPermission(RecordPermission::undetermined);
   expectNoMicrophone();
@@ -56,7 +56,7 @@ TEST_P(Absence, AMicrophoneThatComesLaterIsReportedAndFoundByTheNextStart) {
   EXPECT_TRUE(client.hear(1, 1));
 }
 
-TEST_P(Absence, AMicrophoneThatGoesWhileItIsHeardDoesNoHarm) {
+TEST_P(Absence, AMicrophoneUnpluggedWhileRecordingIsReplaced) {
   listenToMicrophone();
   server.unplug("mic");
   EXPECT_TRUE(client.finds({}));
@@ -78,7 +78,7 @@ TEST_P(Absence, WhileSoundIsDeliveredIsReportedAfterASecondAndAHalf) {
       client.advance(milliseconds(100));
     }
   };
-  // One that ends in time, as of a device that is replaced.
+  // An absence that ends in time, like that of a replaced device.
   client.connection->refuseRecording();
   pass(milliseconds(1400));
   client.connection->allowRecording();
@@ -91,7 +91,7 @@ TEST_P(Absence, WhileSoundIsDeliveredIsReportedAfterASecondAndAHalf) {
   EXPECT_EQ(changes, 1);
 }
 
-TEST_P(Absence, OfTheOnlyMicrophoneIsReportedUntilNobodyWatches) {
+TEST_P(Absence, OfTheOnlyMicrophoneIsReportedUntilTheWatchEnds) {
   listenToMicrophone();
   int changes = 0;
   client.input->watch([&changes, this] {
@@ -108,8 +108,8 @@ TEST_P(Absence, OfTheOnlyMicrophoneIsReportedUntilNobodyWatches) {
   EXPECT_EQ(changes, 1);
 }
 
-/// The clock stands still: what is asked for is refused at once or never.
-TEST_P(Absence, WithoutAServerTheRequestIsGrantedAtOnceAndNothingIsThereToHear) {
+/// The clock is stopped, so that no timeout can end the request or the start.
+TEST_P(Absence, WithoutAServerTheRequestIsGrantedAtOnceAndAStartFails) {
   server.kill();
   EXPECT_EQ(client.ask(), true);
   expectPermission(RecordPermission::undetermined);
@@ -127,7 +127,7 @@ TEST_P(Absence, AServerThatStartsLaterIsFoundByTheNextStart) {
   expectEverythingWorksAfterARestart();
 }
 
-TEST_P(Absence, AServerThatDiesIsFoundAgainWheneverThatHappens) {
+TEST_P(Absence, AServerThatDiesAtAnyTimeIsFoundAgain) {
   listenToMicrophone();
   server.kill();
   EXPECT_TRUE(losesTheServer());
@@ -150,7 +150,7 @@ TEST_P(Absence, AServerThatDiesIsFoundAgainWheneverThatHappens) {
   expectEverythingWorksAfterARestart();
 }
 
-TEST_P(Absence, RequestsThatOverlapAreAllAnswered) {
+TEST_P(Absence, OverlappingRequestsAreAllAnswered) {
   int answers = 0;
   for (int i = 0; i < 3; ++i) {
     client.prompt([&] {
@@ -161,11 +161,11 @@ TEST_P(Absence, RequestsThatOverlapAreAllAnswered) {
   EXPECT_EQ(answers, 3);
 }
 
-TEST_P(Absence, AnOutcomeThatComesAfterTheEndReachesNobody) {
+TEST_P(Absence, AnAnswerAfterTheEndIsDropped) {
   bool answered = false;
   client.permission->requestRecordPermission([&answered](bool) { answered = true; });
   client.end();
-  // The loop has ended, so that whatever it had to tell waits already.
+  // The loop has ended: all its reports are queued.
   client.mainQueue.pump();
   EXPECT_FALSE(answered);
 }

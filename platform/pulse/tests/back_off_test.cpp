@@ -7,7 +7,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-TEST(BackOff, EachPauseIsTwiceTheOneBeforeUpToTheLongest) {
+TEST(BackOff, DoublesEachPauseUpToTheLongest) {
   BackOff pauses(200ms, 1000ms);
   EXPECT_EQ(pauses.next(), 200ms);
   EXPECT_EQ(pauses.next(), 400ms);
@@ -16,7 +16,7 @@ TEST(BackOff, EachPauseIsTwiceTheOneBeforeUpToTheLongest) {
   EXPECT_EQ(pauses.next(), 1000ms);
 }
 
-TEST(BackOff, AfterAResetItBeginsWithTheShortest) {
+TEST(BackOff, BeginsWithTheShortestPauseAfterAReset) {
   BackOff pauses(200ms, 1000ms);
   pauses.next();
   pauses.next();

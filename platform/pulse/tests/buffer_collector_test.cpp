@@ -9,7 +9,7 @@ namespace {
 
 using testing::ElementsAre;
 
-/// What the tap was given, channel by channel, one buffer after the other.
+/// Records the channels of each buffer that the tap gets.
 class BufferCollectorTest : public testing::Test {
  protected:
   BufferCollector collector(std::uint32_t frames, std::uint32_t channels) {
@@ -25,7 +25,7 @@ class BufferCollectorTest : public testing::Test {
   const std::vector<float> sixFrames{1, -1, 2, -2, 3, -3, 4, -4, 5, -5, 6, -6};
 };
 
-TEST_F(BufferCollectorTest, InterleavedFramesComeOutOneChannelAfterTheOther) {
+TEST_F(BufferCollectorTest, SeparatesInterleavedChannels) {
   auto two = collector(6, 2);
   two.append(sixFrames.data(), 6);
   EXPECT_THAT(tapped,
@@ -52,7 +52,7 @@ TEST_F(BufferCollectorTest, HoleBecomesSilenceOfItsLength) {
                                   ElementsAre(0, 0, -1)));
 }
 
-TEST_F(BufferCollectorTest, WhatIsDroppedIsNeverJoinedToWhatFollows) {
+TEST_F(BufferCollectorTest, DroppedFramesNeverJoinLaterOnes) {
   auto one = collector(2, 1);
   one.append(sixFrames.data(), 3);
   one.drop();

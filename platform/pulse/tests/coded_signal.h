@@ -10,7 +10,7 @@
 
 namespace corvane {
 
-/// What one frame of the coded signal says.
+/// One frame of the coded signal.
 struct CodedFrame {
   std::uint32_t room = 0;
   std::uint32_t number = 0;  ///< 1 to `coded_signal::period`; 0 in silence
@@ -18,34 +18,34 @@ struct CodedFrame {
   bool isSilence() const { return number == 0; }
 };
 
-/// A sound each of whose samples says which room it was played in, on which channel and as which
-/// frame. Every code is a 24-bit integer, which a float holds exactly, so a recording of it that
-/// was resampled, scaled, mixed or reordered cannot pass for the original.
+/// Each sample of this sound encodes the room it was played in, its channel and its frame number,
+/// as a 24-bit integer, which a float holds exactly. A recording that was resampled, scaled, mixed
+/// or reordered differs from the original.
 namespace coded_signal {
 
-constexpr std::uint32_t period = 65535;  ///< frames, after which the numbering starts again
+constexpr std::uint32_t period = 65535;  ///< frames, then the numbering restarts
 
-/// What is played as `frame` on a channel.
+/// The sample of `frame` on a channel.
 float sample(const CodedFrame& frame, std::uint32_t channel);
 
-/// Interleaved samples that last `seconds` or a little longer; `room` is 0 to 15.
+/// Writes interleaved samples of `seconds` or a little more; `room` is 0 to 15.
 void write(const std::filesystem::path& file, std::uint32_t room, std::uint32_t rate,
            std::uint32_t channels, double seconds);
 
 }  // namespace coded_signal
 
-/// A copy of a buffer that a tap was given.
+/// A copy of a buffer that a tap got.
 struct RecordedBuffer {
   explicit RecordedBuffer(const AudioBuffer& buffer);
 
-  /// The rooms that it holds sound of; none in silence.
+  /// The rooms whose sound it contains; none in silence.
   std::set<std::uint32_t> rooms() const;
-  /// Whether any of its frames is silent.
+  /// Whether any frame is silent.
   bool holdsSilence() const;
-  /// Empty when the buffer is one stretch of the coded signal of `room`, whole and unchanged; else
-  /// what is wrong with it.
+  /// Describes the first difference from a continuous part of the coded signal of `room`; empty if
+  /// there is none.
   std::string faultAgainst(std::uint32_t room) const;
-  /// All frames, as the first channel has them.
+  /// All frames, decoded from the first channel.
   std::vector<CodedFrame> codedFrames() const;
 
   double sampleRate;
@@ -54,24 +54,22 @@ struct RecordedBuffer {
   std::vector<std::vector<float>> channels;
 };
 
-/// The number of the frame that comes `count` frames after the one with that number.
+/// The number of the frame `count` frames after frame `number`.
 std::uint32_t frameAfter(std::uint32_t number, std::uint32_t count = 1);
 
-/// Finds joints: places where sound follows sound that it does not continue.
+/// Finds joints: places where a sample does not continue the sound before it.
 ///
-/// The coded signal says of each sample which room, and so which microphone, it is from, and as
-/// which frame it was played there. A stretch is what the tap got between two buffers that are
-/// marked as coming after a gap; whoever looks at several buffers at once looks at one stretch. In
-/// a stretch all sound must be of one format and one room, and each frame must follow the one
-/// before it. Where there is silence between them, the player either went on meanwhile, unheard,
-/// and has got further by as many frames, or waited, and goes on where it was.
+/// A stretch is what the tap gets between two buffers marked `afterGap`; the detector analyses
+/// buffers of one stretch together. Within a stretch all sound must have one format and one room,
+/// that is one microphone, and each frame must follow the previous one. After silence the player
+/// either has advanced by as many frames or continues where it stopped.
 class Joints {
  public:
-  /// Takes the next buffer that the tap got; what is wrong with it, which is nothing mostly.
+  /// Checks the next buffer of the tap; describes a joint, or is empty.
   std::string in(const RecordedBuffer& buffer);
 
  private:
-  /// The last frame of the stretch that was no silence, and how much silence has come since.
+  /// The last frame of the stretch that was not silent, and the frames of silence since.
   struct Heard {
     CodedFrame frame;
     std::uint32_t silence = 0;

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Fails when LIBRARY calls a function of libpulse that is neither WRAPPED, which makes it fail, nor
-# INFALLIBLE; and when one is named that it does not call. Both are lists with commas.
+# Fails if LIBRARY calls a function of libpulse that is neither WRAPPED, so that tests can make it
+# fail, nor INFALLIBLE, or if one is named that it does not call. Both are comma-separated lists.
 set -euo pipefail
 library=$1
 named=$(tr ',' '\n' <<<"$2,$3" | sort)

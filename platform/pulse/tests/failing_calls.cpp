@@ -61,7 +61,7 @@ static bool fails(const char* function) {
 
 }  // namespace corvane::failing_calls
 
-/// The linker sends the adapter's calls to the one and this file's to the other.
+/// `--wrap` links the adapter's calls to __wrap_ and this file's calls to the real function.
 #define CORVANE_WRAP(Result, function, parameters, arguments, failure) \
   extern "C" Result __real_##function parameters;                      \
   extern "C" Result __wrap_##function parameters {                     \
@@ -70,7 +70,7 @@ static bool fails(const char* function) {
   }                                                                    \
   static_assert(true)
 
-// A map that could not be made is at least empty.
+// On failure the map is at least initialised.
 CORVANE_WRAP(pa_channel_map*, pa_channel_map_init_extend,
              (pa_channel_map * map, unsigned channels, pa_channel_map_def_t order),
              (map, channels, order), (pa_channel_map_init(map), nullptr));

@@ -3,25 +3,25 @@
 #include <cstddef>
 #include <string>
 
-/// Makes the adapter's calls of libpulse fail. The program must be linked so that every function
-/// which can fail is wrapped (`--wrap`); what libpulse calls itself is not affected. Any thread.
+/// Makes the adapter's calls of libpulse fail. The program is linked with `--wrap` for every
+/// function that can fail. Calls within libpulse are not affected. Any thread.
 namespace corvane::failing_calls {
 
 enum class Lasting {
-  once,     ///< one call fails, and the next succeeds
-  forGood,  ///< that call and every later one
+  once,     ///< one call fails, later ones succeed
+  forGood,  ///< that call and every later one fail
 };
 
-/// From now on the `nth` call, counted from 1, fails.
+/// The `nth` call from now, counted from 1, fails.
 void arm(std::size_t nth, Lasting lasting);
 
-/// From now on the first call of `function` fails, and that of no other.
+/// The next call of `function` fails, and no other function.
 void arm(const std::string& function, Lasting lasting);
 
-/// From now on none fails.
+/// No call fails from now on.
 void heal();
 
-/// The function that failed first since `arm`; empty while none has.
+/// The function that failed first since `arm`; empty if none did.
 std::string failed();
 
 }  // namespace corvane::failing_calls

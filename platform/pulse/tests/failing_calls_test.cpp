@@ -25,7 +25,7 @@ namespace {
 using namespace std::chrono_literals;
 using failing_calls::Lasting;
 
-/// The tuner as the program puts it together, with the test's thread as the main thread.
+/// The tuner composed as in the program, with the test's thread as the main thread.
 class Tuner {
  public:
   void start() {
@@ -39,7 +39,7 @@ class Tuner {
   bool hears() {
     return pumpUntil([this] { return engine->state().heard; });
   }
-  /// False when it is not played, or its end is not told.
+  /// False if the tone is not played or its end not reported.
   bool playsATone() {
     if (!output->start({44100.0, 1})) return false;
     const auto ended = std::make_shared<std::atomic<bool>>(false);
@@ -58,22 +58,22 @@ class Tuner {
        std::make_shared<fakes::MemoryPreferences>(), std::make_shared<fakes::FakeUrlOpener>()});
 };
 
-/// A server whose microphone hears a string without end.
+/// A server with a microphone that records an endless string.
 class FailingCalls : public testing::Test {
  protected:
   FailingCalls() {
     testClock().run();
     server.addSpeakers("speakers", 44100, 1);
-    // At a high rate a block of sound is over soon.
+    // At a high rate a block is short.
     server.pactl(
         {"load-module", "module-sine-source", "source_name=string", "rate=96000", "frequency=110"});
     server.setDefaultSource("string");
-    Tuner first;  // What every later one needs is loaded now.
+    Tuner first;  // Loads what every later one needs, before resources are counted.
     first.start();
     first.hears();
   }
   void SetUp() override {
-    // The system counts a thread that has been joined for another moment.
+    // The system may still count a thread that was just joined.
     support::waitFor("one thread", [] { return heldByThisProcess().threads == 1; });
   }
   ~FailingCalls() override { failing_calls::heal(); }
@@ -89,15 +89,14 @@ class FailingCalls : public testing::Test {
   }
 
   void expectNothingIsLeft(const Held& before) {
-    support::waitFor("what was held to be given back",
-                     [&] { return heldByThisProcess() == before; });
+    support::waitFor("the resources to be released", [&] { return heldByThisProcess() == before; });
     const auto streams = [this](const char* kind) { return server.pactl({"list", "short", kind}); };
-    support::waitFor("the server to forget the streams", [&] {
+    support::waitFor("the server to drop the streams", [&] {
       return streams("source-outputs").empty() && streams("sink-inputs").empty();
     });
   }
 
-  /// Runs `session` with each call failing in its turn until one makes no more calls.
+  /// Runs `session` once for each of its calls, which fails.
   void failEachCall(Lasting lasting, const std::function<void(Tuner&)>& session) {
     const Held before = heldByThisProcess();
     std::set<std::string> missed = fallibleFunctions();
@@ -108,7 +107,7 @@ class FailingCalls : public testing::Test {
       missed.erase(failing_calls::failed());
     } while (!failing_calls::failed().empty());
     figure("libpulse calls that failed in turn", nth - 1);
-    // The order of the calls differs from run to run, so that one may have had no turn.
+    // The order of calls differs between runs, so a function may have been missed.
     for (const std::string& function : missed) {
       failing_calls::arm(function, lasting);
       ASSERT_NO_FATAL_FAILURE(run(session, before));
@@ -124,10 +123,10 @@ class FailingCalls : public testing::Test {
     }
     failing_calls::heal();
     expectNothingIsLeft(before);
-    ASSERT_FALSE(HasFailure()) << "what failed: " << failing_calls::failed();
+    ASSERT_FALSE(HasFailure()) << "failed call: " << failing_calls::failed();
   }
 
-  /// But for the one that is needed only for a microphone that does not tell its format.
+  /// Except the one called only for a microphone that does not report its format.
   static std::set<std::string> fallibleFunctions() {
     std::set<std::string> functions;
     std::istringstream list(CORVANE_FALLIBLE);
@@ -139,11 +138,11 @@ class FailingCalls : public testing::Test {
   support::AudioServer server{support::AudioServer::Kind::pulseAudio};
 };
 
-TEST_F(FailingCalls, OneThatFailsOnceIsOvercome) {
+TEST_F(FailingCalls, OneThatFailsOnceIsRetried) {
   failEachCall(Lasting::once, [this](Tuner& tuner) {
     tuner.start();
     expectAVerdict(tuner);
-    if (!tuner.engine->state().listening) tuner.start();  // The button.
+    if (!tuner.engine->state().listening) tuner.start();  // As the prompt's button does.
     EXPECT_TRUE(tuner.hears());
     tuner.stop();
     EXPECT_TRUE(tuner.pumpUntil([&] { return tuner.playsATone(); }));
@@ -152,7 +151,7 @@ TEST_F(FailingCalls, OneThatFailsOnceIsOvercome) {
   });
 }
 
-TEST_F(FailingCalls, ThoseThatFailForGoodLeaveAMessageOrAListener) {
+TEST_F(FailingCalls, OnesThatFailForGoodEndInAMessageOrListening) {
   failEachCall(Lasting::forGood, [this](Tuner& tuner) {
     tuner.start();
     expectAVerdict(tuner);
@@ -165,7 +164,7 @@ TEST_F(FailingCalls, ThoseThatFailForGoodLeaveAMessageOrAListener) {
   });
 }
 
-TEST_F(FailingCalls, ChannelsThatHaveNoOrderEndTheStart) {
+TEST_F(FailingCalls, OfTheChannelMapFailsTheStart) {
   support::PumpedQueue mainQueue;
   PulseConnection connection(mainQueue, clockOfTests());
   PulseAudioInput input(connection, mainQueue);

@@ -13,15 +13,15 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// How often each fault is repeated, after a first time that is not measured.
+/// How often each fault is repeated, after a first round that is not measured.
 int roundCount() {
   const char* const wanted = std::getenv("CORVANE_FAULT_ROUNDS");
   return wanted == nullptr ? 2 : std::stoi(wanted);
 }
 
-/// A program that listens and plays through everything that happens to the server and its devices.
-/// Room 1 is that of the microphone, whose loudspeakers are those of the program too. The clock
-/// runs: what the program does by itself, it does after a pause.
+/// A program that records and plays during faults of the server and its devices. Room 1 is that of
+/// the microphone; the program plays on its loudspeakers too. The clock runs, because the program
+/// retries after delays.
 class Faults : public PulseTest {
  protected:
   void SetUp() override {
@@ -30,8 +30,8 @@ class Faults : public PulseTest {
     testClock().run();
   }
 
-  /// Goes through the fault as often as asked and looks what it has left, and at every buffer that
-  /// has come, from before the first fault until before the tone, which the microphone hears too.
+  /// Repeats the fault, checks for leaks, and checks every buffer from before the first fault until
+  /// before the tone, which the microphone records too.
   void goThrough(const std::function<void(std::uint32_t room)>& fault) {
     std::uint32_t room = 1;
     const auto round = [&]() -> std::string {
@@ -91,7 +91,7 @@ class Faults : public PulseTest {
            server.pactl({"list", "short", "source-outputs"});
   }
 
-  /// A note that has gone is not taken for a sounding one.
+  /// Otherwise the last note would still be shown.
   void expectSilence() {
     const auto begun = System::now();
     ASSERT_TRUE(client.pumpUntil([this, from = client.recording.size()] {
@@ -101,7 +101,7 @@ class Faults : public PulseTest {
     slowestSilence = std::max<std::chrono::nanoseconds>(slowestSilence, System::now() - begun);
   }
 
-  /// In what has come since then, and with the last that was looked at then.
+  /// In the buffers since the last call, and with the one before them.
   std::string joinsSinceTheLastLook() {
     look(client.recording.take());
     return std::exchange(found, {});
@@ -123,7 +123,7 @@ class Faults : public PulseTest {
     expectSound(room);
   }
 
-  /// The number under which the server knows it.
+  /// Its index on the server.
   std::string ourRecording() {
     const std::string list = server.pactl({"list", "source-outputs"});
     const std::size_t ours = list.find("application.name = \"Corvane\"");
@@ -131,7 +131,7 @@ class Faults : public PulseTest {
     return list.substr(number, list.find('\n', number) - number);
   }
 
-  /// As the user does in the mixer. PipeWire forgets a wish that comes too soon after the last one.
+  /// As the user does in the mixer. PipeWire drops a request too soon after the previous one.
   void move(const std::string& microphone) {
     const std::string sources = server.pactl({"list", "short", "sources"});
     const std::size_t end = sources.find("\t" + microphone + "\t");
@@ -146,11 +146,11 @@ class Faults : public PulseTest {
   }
 
   Joints joints;
-  std::string found;       ///< joints, since the last look
+  std::string found;       ///< joints since the last check
   std::size_t looked = 0;  ///< buffers
   std::chrono::nanoseconds slowestSound{0};
   std::chrono::nanoseconds slowestSilence{0};
-  /// PipeWire's graph has one rate for all.
+  /// PipeWire's graph has a single rate.
   const AudioFormat mono{onPipeWire() ? 48000.0 : 44100.0, 1};
 };
 
@@ -205,7 +205,7 @@ TEST_P(Faults, TheDefaultChangesToAMicrophoneOfAnotherRateAndChannelCount) {
 }
 
 TEST_P(Faults, TheUserMovesTheRecordingToAnotherMicrophone) {
-  // The server moves it as well, to a new default.
+  // The server moves it too, to a new default.
   addSoundingMicrophone("other", 2);
   ASSERT_NO_FATAL_FAILURE(expectSound(2));
   setDefaultSource("mic");
@@ -227,9 +227,9 @@ TEST_P(Faults, TheMicrophoneIsMuted) {
   });
 }
 
-/// PipeWire 0.3's own microphones give zeros from then on, which nobody can tell from muted ones,
-/// until they are opened anew, of several channels only the first even then. PipeWire 1.4 does not
-/// suspend a microphone that is recorded.
+/// Virtual microphones of PipeWire 0.3 deliver zeros afterwards, like muted ones, until they are
+/// reopened, and then only on the first channel. PipeWire 1.4 does not suspend a microphone that is
+/// recorded.
 TEST_P(Faults, TheMicrophoneIsSuspended) {
   addSoundingMicrophone("other", 2, {48000.0, 1});
   ASSERT_NO_FATAL_FAILURE(expectSound(2));

@@ -9,7 +9,7 @@
 
 namespace corvane {
 
-/// What this process holds of the system's.
+/// System resources of this process.
 struct Held {
   std::ptrdiff_t descriptors;
   std::ptrdiff_t threads;
@@ -29,7 +29,7 @@ inline Held heldByThisProcess() {
   return {entries("/proc/self/fd"), entries("/proc/self/task")};
 }
 
-/// Resident, in kB.
+/// Resident memory in kB.
 inline long memoryOfThisProcess() {
   std::ifstream status("/proc/self/status");
   for (std::string word; status >> word;) {

@@ -5,15 +5,15 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// The server is held still, as by a driver that does not return, and so is the clock: whoever
-/// waits for either never returns.
+/// The server is suspended, as by a driver that does not return, and the clock is stopped: a call
+/// that waited for either would never return.
 class HungServer : public PulseTest {
  protected:
   void SetUp() override {
     addSoundingMicrophone("mic", 1);
     ASSERT_EQ(client.ask(), true);
   }
-  /// The server is given up after 3 s, and not before.
+  /// The connection times out after exactly 3 s.
   void expectAfterThreeSeconds(const std::function<bool()>& condition) {
     client.advance(2999ms);
     EXPECT_FALSE(condition());
@@ -35,7 +35,7 @@ class HungServer : public PulseTest {
   }
 };
 
-TEST_P(HungServer, ARequestIsGrantedInTimeAndTheNextOneAsksAnew) {
+TEST_P(HungServer, ARequestIsGrantedInTimeAndTheNextOneAsksAgain) {
   client.end();
   client.begin();
   server.suspend();
@@ -62,17 +62,17 @@ TEST_P(HungServer, AStopDuringTheStartLeavesNoRecordingBehind) {
   client.stop();
   EXPECT_FALSE(client.input->isRunning());
   client.stop();
-  // The next request is answered after the first start was, so that what is left then would stay.
+  // The server answers the next request after the stopped start, so a leftover would be visible.
   expectEverythingWorksOnceItIsBack();
-  EXPECT_FALSE(outcome.has_value()) << "the start that was stopped has told its end";
+  EXPECT_FALSE(outcome.has_value()) << "the stopped start has reported an outcome";
 }
 
-TEST_P(HungServer, AStoppedStartThatIsNeverAnsweredIsNotRecordedForNobodyLater) {
+TEST_P(HungServer, AStoppedStartIsDroppedAfterThirtySeconds) {
   server.suspend();
   std::optional<bool> outcome;
   client.start(outcome);
   client.stop();
-  // libpulse waits 30 s for an answer; then the connection, and with it the request, is dropped.
+  // After 30 s libpulse gives up; then the connection is closed, and with it the request.
   client.advance(29900ms);
   EXPECT_EQ(client.permission->recordPermission(), RecordPermission::granted);
   client.advance(100ms);
@@ -81,7 +81,7 @@ TEST_P(HungServer, AStoppedStartThatIsNeverAnsweredIsNotRecordedForNobodyLater) 
   expectEverythingWorksOnceItIsBack();
 }
 
-TEST_P(HungServer, StoppingAndStartingWhileItHangsHoldsNobody) {
+TEST_P(HungServer, StoppingAndStartingDoesNotBlock) {
   ASSERT_EQ(client.listen(), true);
   server.suspend();
   client.stop();
@@ -95,7 +95,7 @@ TEST_P(HungServer, StoppingAndStartingWhileItHangsHoldsNobody) {
   EXPECT_TRUE(client.hear(1, 1));
 }
 
-TEST_P(HungServer, TheEndOfTheProgramWaitsForNobodyWhileConnectingOrStartingOrListening) {
+TEST_P(HungServer, TheEndOfTheProgramDoesNotWait) {
   Client listening;
   ASSERT_EQ(listening.ask(), true);
   ASSERT_EQ(listening.listen(), true);

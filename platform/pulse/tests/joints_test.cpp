@@ -12,7 +12,7 @@ struct Part {
 };
 struct Next {
   std::vector<Part> parts;
-  bool joined = false;  ///< as it should be found
+  bool joined = false;  ///< expected result
   bool afterGap = false;
   double sampleRate = 48000.0;
 };
@@ -43,7 +43,7 @@ const Stretch stretches[] = {
      {{{{0, 1, 10}}}, {{{0, 1, 10}}, joined, !gap, 44100.0}}},
 };
 
-TEST(Joints, AreFoundWhereSoundDoesNotContinueTheSoundBefore) {
+TEST(Joints, AreFoundWhereSoundIsNotContinuous) {
   for (const Stretch& stretch : stretches) {
     SCOPED_TRACE(stretch.name);
     Joints joints;

@@ -7,11 +7,11 @@
 namespace corvane {
 namespace {
 
-/// What is repeated leaves nothing behind, neither here nor at the server.
+/// Repeated operations leak nothing, neither here nor on the server.
 class Leak : public PulseTest {
  protected:
-  /// The main thread and the loop's. The system counts a thread that has ended for another moment,
-  /// and what were counted with it would not be seen to leak.
+  /// Waits for two threads, main and loop: the system may still count a thread that has just ended,
+  /// which would hide a leak.
   Held heldNow() {
     support::waitFor("two threads", [] { return heldByThisProcess().threads == 2; });
     return heldByThisProcess();
@@ -39,11 +39,11 @@ TEST_P(Leak, StartingAndStoppingLeavesNothingBehind) {
   expectHeld(before);
 }
 
-TEST_P(Leak, StoppingBeforeTheStartIsDoneLeavesNothingBehind) {
+TEST_P(Leak, StoppingDuringTheStartLeavesNothingBehind) {
   listenToMicrophone({96000.0, 1});
   const Held before = heldNow();
-  // More than the 64 streams that PipeWire allows a client, a few at a time: the last start of
-  // each round waits behind all the others.
+  // More than the 64 streams that PipeWire allows a client, seven at a time: the last start of each
+  // round succeeds after all the others.
   std::optional<bool> ignored;
   for (int i = 1; i <= 77; ++i) {
     client.start(ignored);
@@ -68,8 +68,8 @@ TEST_P(Leak, AClientThatEndsLeavesNothingBehind) {
   expectHeld(before);
 }
 
-/// The clock runs: PipeWire forgets at times to tell that a tone was played out, and the program
-/// then ends the tone by itself. One that is kept too busy to answer is given up and asked anew.
+/// The clock runs: PipeWire sometimes does not complete a drain, and the program then ends the
+/// tone. The connection to a server that is too busy to answer times out and is retried.
 class OutputLeak : public Leak {
  protected:
   int tones = 50;
@@ -90,7 +90,7 @@ class OutputLeak : public Leak {
         << " instead of " << testing::PrintToString(before);
     client.expectEnds(tones + 1);
   }
-  /// A hundredth of a second, so that they do not take a minute.
+  /// 10 ms of sound, so that the test does not take a minute.
   void pressShortly(int buffer) { client.press(buffer, std::vector<float>(441, 0.1F)); }
 
   Held before{};
@@ -110,7 +110,7 @@ TEST_P(OutputLeak, TonesCutOffWhileTheySoundLeaveNothingBehind) {
   }
 }
 
-TEST_P(OutputLeak, PressingFasterThanTheServerAnswersLeavesNothingBehind) {
+TEST_P(OutputLeak, TonesFasterThanTheServerLeaveNothingBehind) {
   tones = 100;  // PipeWire allows a client 64 streams.
   for (int buffer = 2; buffer <= tones + 1; ++buffer) pressShortly(buffer);
 }
@@ -122,7 +122,7 @@ class Shortage {
     getrlimit(RLIMIT_NOFILE, &before);
     const int lowestFree = dup(STDIN_FILENO);
     close(lowestFree);
-    // The limit is on their numbers, of which the lowest is always taken.
+    // The limit is on the descriptor's number, and the lowest free one is used.
     const rlimit low{.rlim_cur = static_cast<rlim_t>(lowestFree), .rlim_max = before.rlim_max};
     setrlimit(RLIMIT_NOFILE, &low);
   }
@@ -136,20 +136,20 @@ class Shortage {
   rlimit before{};
 };
 
-/// A program that wants a server while the system has no descriptors left, and later has some.
+/// A program that connects while no descriptors are left, and later some are.
 class Shortages : public PulseTest {
  protected:
   Shortages() { addMicrophone(); }
 };
 
-TEST_P(Shortages, OfADescriptorForTheConnectionLetTheProgramGoOnTrying) {
+TEST_P(Shortages, OfDescriptorsAreRetried) {
   Shortage shortage;
   int changes = 0;
   const auto watch = client.connection->watch([&changes] { ++changes; });
   EXPECT_EQ(client.ask(), true);
   EXPECT_EQ(client.connection->state(), PulseConnection::State::unknown);
   const int before = changes;
-  // Without being asked it tries once more, in vain.
+  // It retries by itself, without success.
   client.advance(std::chrono::milliseconds(1000));
   EXPECT_TRUE(client.pumpUntil([&] { return changes > before; }));
   EXPECT_EQ(client.connection->state(), PulseConnection::State::unknown);

@@ -45,7 +45,7 @@ class MicrophoneFeedTest : public testing::Test {
     feed.begin({1000.0, 1});
     settle();
   }
-  /// The sound that is left out after each gap.
+  /// The sound that is dropped after each gap.
   void settle() { append(9000, 50); }
   void advance(std::chrono::milliseconds time) {
     clock.advance(time);
@@ -64,13 +64,13 @@ class MicrophoneFeedTest : public testing::Test {
                       [this](std::chrono::milliseconds lasting) { silent.push_back(lasting); }};
 };
 
-TEST_F(MicrophoneFeedTest, FirstBufferFollowsNothingAndTheOthersFollowIt) {
+TEST_F(MicrophoneFeedTest, OnlyTheFirstBufferIsMarkedAsAGap) {
   beginSettled();
   append(1, 20);
   EXPECT_THAT(buffers, ElementsAre(Delivered{1000.0, gap, 1, 10}, Delivered{1000.0, !gap, 11, 20}));
 }
 
-TEST_F(MicrophoneFeedTest, InterruptionDropsWhatIsHalfFullAndWhatHasNotSettled) {
+TEST_F(MicrophoneFeedTest, InterruptionDropsIncompleteAndUnsettledBuffers) {
   beginSettled();
   append(1, 15);
   feed.interrupt();
@@ -80,15 +80,15 @@ TEST_F(MicrophoneFeedTest, InterruptionDropsWhatIsHalfFullAndWhatHasNotSettled) 
               ElementsAre(Delivered{1000.0, gap, 1, 10}, Delivered{1000.0, gap, 101, 110}));
 }
 
-TEST_F(MicrophoneFeedTest, LeavesOutWholeBuffersSoThatThoseThatFollowEndWhereFragmentsDo) {
+TEST_F(MicrophoneFeedTest, DropsWholeBuffersWhileSettling) {
   feed.begin({1100.0, 1});
-  append(1, 55);  // 50 ms of it.
+  append(1, 55);  // 50 ms.
   append(56, 5);
   append(61, 10);
   EXPECT_THAT(buffers, ElementsAre(Delivered{1100.0, gap, 61, 70}));
 }
 
-TEST_F(MicrophoneFeedTest, AnotherFormatComesInBuffersOfItsOwn) {
+TEST_F(MicrophoneFeedTest, ANewFormatStartsANewBuffer) {
   beginSettled();
   append(1, 15);
   feed.begin({2000.0, 1});
@@ -98,7 +98,7 @@ TEST_F(MicrophoneFeedTest, AnotherFormatComesInBuffersOfItsOwn) {
               ElementsAre(Delivered{1000.0, gap, 1, 10}, Delivered{2000.0, gap, 101, 110}));
 }
 
-TEST_F(MicrophoneFeedTest, WhereSoundIsExpectedAndDoesNotComeThereIsSilence) {
+TEST_F(MicrophoneFeedTest, MissingSoundBecomesSilence) {
   beginSettled();
   append(1, 15);
   feed.expectSound(timers);
@@ -112,7 +112,7 @@ TEST_F(MicrophoneFeedTest, WhereSoundIsExpectedAndDoesNotComeThereIsSilence) {
   EXPECT_THAT(silent, ElementsAre(500ms, 510ms, 520ms));
 }
 
-TEST_F(MicrophoneFeedTest, SoundInTimeIsFollowedByNoSilence) {
+TEST_F(MicrophoneFeedTest, SoundInTimePreventsSilence) {
   beginSettled();
   feed.expectSound(timers);
   for (int i = 0; i < 3; ++i) {
@@ -127,13 +127,13 @@ TEST_F(MicrophoneFeedTest, SoundAfterSilenceIsNotJoinedToIt) {
   feed.expectSound(timers);
   advance(500ms);
   buffers.clear();
-  // After a stall it settles ten times as long.
+  // After a stall settling takes ten times as long.
   append(9000, 500);
   append(1, 10);
   EXPECT_THAT(buffers, ElementsAre(Delivered{1000.0, gap, 1, 10}));
 }
 
-TEST_F(MicrophoneFeedTest, SoundOfTheDeviceBeforeThatComesAfterAMoveIsLeftOut) {
+TEST_F(MicrophoneFeedTest, LateSoundOfTheOldDeviceIsDroppedAfterAMove) {
   beginSettled();
   append(1, 15);
   feed.moved();
@@ -145,7 +145,7 @@ TEST_F(MicrophoneFeedTest, SoundOfTheDeviceBeforeThatComesAfterAMoveIsLeftOut) {
               ElementsAre(Delivered{1000.0, gap, 1, 10}, Delivered{1000.0, gap, 101, 110}));
 }
 
-TEST_F(MicrophoneFeedTest, NothingComesOnceItIsMuted) {
+TEST_F(MicrophoneFeedTest, NothingIsDeliveredAfterMute) {
   beginSettled();
   feed.mute();
   append(1, 10);
@@ -154,7 +154,7 @@ TEST_F(MicrophoneFeedTest, NothingComesOnceItIsMuted) {
   EXPECT_TRUE(buffers.empty());
 }
 
-TEST_F(MicrophoneFeedTest, NoSoundAfterTheFirstBufferAllocates) {
+TEST_F(MicrophoneFeedTest, OnlyTheFirstBufferAllocates) {
   buffers.reserve(20);
   beginSettled();
   feed.expectSound(timers);
@@ -166,7 +166,7 @@ TEST_F(MicrophoneFeedTest, NoSoundAfterTheFirstBufferAllocates) {
   const std::size_t before = allocationsOfThisThread();
   hearUntil(10);
   EXPECT_EQ(allocationsOfThisThread() - before, 0U);
-  EXPECT_TRUE(timers.next()) << "or nobody watches over the sound";
+  EXPECT_TRUE(timers.next()) << "silence must still begin without sound";
 }
 
 }  // namespace

@@ -6,8 +6,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// When a buffer's end is told, whatever the server does. The clock stands still: what is told
-/// without moving it waits for no server.
+/// Each buffer's end is reported, whatever the server does. The clock is stopped: what is reported
+/// without moving it did not wait for a timeout.
 class OutputEnd : public PulseTest {
  protected:
   void startAndPlay() {
@@ -25,7 +25,7 @@ class OutputEnd : public PulseTest {
     pressShortly(buffer);
     client.expectEnds(buffer);
   }
-  /// The end of the first buffer is not told before `time`, and then it is.
+  /// The end of the first buffer is reported after exactly `time`.
   void expectEndAfter(std::chrono::milliseconds time) {
     client.advance(time - 1ms);
     EXPECT_TRUE(client.ends.told().empty());
@@ -34,7 +34,7 @@ class OutputEnd : public PulseTest {
   }
 };
 
-TEST_P(OutputEnd, IsToldOnceWhetherPlayedOutOrEmptyOrCutOffBeforeTheServerKnowsIt) {
+TEST_P(OutputEnd, IsReportedOnceForEachBuffer) {
   startOutput();
   client.press(1, {});
   EXPECT_TRUE(client.waitForEnds(1));
@@ -45,7 +45,7 @@ TEST_P(OutputEnd, IsToldOnceWhetherPlayedOutOrEmptyOrCutOffBeforeTheServerKnowsI
   client.expectEnds(7);
 }
 
-TEST_P(OutputEnd, IsToldWhenTheOutputIsStartedAfreshOrGoes) {
+TEST_P(OutputEnd, IsReportedWhenTheOutputIsRestartedOrDestroyed) {
   startAndPlay();
   EXPECT_TRUE(client.startOutput());
   EXPECT_TRUE(client.waitForEnds(1));
@@ -56,14 +56,14 @@ TEST_P(OutputEnd, IsToldWhenTheOutputIsStartedAfreshOrGoes) {
   client.expectEnds(2);
 }
 
-TEST_P(OutputEnd, IsToldWhenTheLoudspeakersAreUnplugged) {
+TEST_P(OutputEnd, IsReportedWhenTheLoudspeakersAreUnplugged) {
   startAndPlay();
   server.unplug(loudspeakers);
   client.advance(23s);
   client.expectEnds(1);
 }
 
-TEST_P(OutputEnd, IsToldWhenTheServerDiesAndALaterStartWorks) {
+TEST_P(OutputEnd, IsReportedWhenTheServerDiesAndALaterStartWorks) {
   startAndPlay();
   server.kill();
   EXPECT_TRUE(client.waitForEnds(1));
@@ -73,15 +73,15 @@ TEST_P(OutputEnd, IsToldWhenTheServerDiesAndALaterStartWorks) {
   expectAToneAsBefore(2);
 }
 
-TEST_P(OutputEnd, IsToldWhenTheServerHasDiedBeforeThePress) {
+TEST_P(OutputEnd, IsReportedWhenTheServerDiedBeforeThePress) {
   startOutput();
   server.kill();
-  // The main thread has not run since, so that nobody has told it.
+  // The main thread has not run since, so it does not know yet.
   pressShortly(1);
   client.expectEnds(1);
 }
 
-TEST_P(OutputEnd, OfAPressOnAHungServerIsToldInTimeAndALaterStartWorks) {
+TEST_P(OutputEnd, OfAPressOnAHungServerIsReportedAfterThreeSeconds) {
   startOutput();
   server.suspend();
   pressShortly(1);
@@ -90,20 +90,20 @@ TEST_P(OutputEnd, OfAPressOnAHungServerIsToldInTimeAndALaterStartWorks) {
   expectAToneAsBefore(2);
 }
 
-/// The server has the time of the sound and three seconds.
-TEST_P(OutputEnd, IsToldInTimeWhenTheServerHangsWhilePlayingAndALaterPressWorks) {
+/// The timeout is the duration of the sound plus three seconds.
+TEST_P(OutputEnd, IsReportedInTimeWhenTheServerHangsWhilePlaying) {
   startAndPlay();
   const MonitorRecording recording(server, loudspeakers, 44100);
   ASSERT_TRUE(client.pumpUntil([&] { return recording.soundsSince(0); }));
   server.suspend();
   expectEndAfter(23000ms);
   server.resume();
-  // What the server still answers about the first sound finds nobody, and does no harm.
+  // Late answers of the server about the first sound are ignored.
   EXPECT_TRUE(forgets("sink-inputs"));
   expectAToneAsBefore(2);
 }
 
-TEST_P(OutputEnd, OfATonePressedAgainOnAHungServerIsToldAtOnce) {
+TEST_P(OutputEnd, OfAReplacedToneOnAHungServerIsReportedAtOnce) {
   startAndPlay();
   server.suspend();
   pressShortly(2);
@@ -114,7 +114,7 @@ TEST_P(OutputEnd, OfATonePressedAgainOnAHungServerIsToldAtOnce) {
   client.expectEnds(3);
 }
 
-TEST_P(OutputEnd, IsToldWhenTheProgramEndsOnAHungServer) {
+TEST_P(OutputEnd, IsReportedWhenTheProgramEndsOnAHungServer) {
   startAndPlay();
   server.suspend();
   pressShortly(2);
@@ -138,7 +138,7 @@ TEST_P(OutputStart, FailsWithoutAServerAndWorksOnceThereIsOne) {
   expectAToneAsBefore(1);
 }
 
-TEST_P(OutputStart, WaitsForNoServerThatHangs) {
+TEST_P(OutputStart, DoesNotWaitForAHungServer) {
   addLoudspeakers();
   server.suspend();
   EXPECT_FALSE(client.startOutput());

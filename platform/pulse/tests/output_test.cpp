@@ -12,7 +12,7 @@ namespace {
 constexpr double toneSeconds = 1.05;
 constexpr double peak = 0.22;
 
-/// A sound as the loudspeakers play it, and the buffers that were pressed for it.
+/// Records what the loudspeakers play.
 class OutputSound : public PulseTest {
  protected:
   void startRecording(const AudioFormat& format = {44100.0, 1}) {
@@ -22,13 +22,13 @@ class OutputSound : public PulseTest {
     recording.emplace(server, loudspeakers, rate, format.channelCount);
   }
 
-  /// What is recorded of a press, with the silence before and after it.
+  /// The recording of one tone, with the silence before and after it.
   std::vector<float> recordPress(std::vector<float> samples) {
     const std::size_t from = recording->size();
     client.press(++pressed, std::move(samples));
     return recordEnd(from, 0.0F);
   }
-  /// The end can be told before the recorder has heard the sound, which is louder than `level`.
+  /// The end can be reported before the recorder has the sound, which is louder than `level`.
   std::vector<float> recordEnd(std::size_t from, float level) {
     EXPECT_TRUE(client.waitForEnds(pressed));
     EXPECT_TRUE(client.pumpUntil(
@@ -41,7 +41,7 @@ class OutputSound : public PulseTest {
     const std::size_t begin = firstSound(samples);
     return samples.subspan(begin, std::max(begin, endOfSound(samples)) - begin);
   }
-  /// But for the first sample, which is 0 like the silence before it.
+  /// Without the first sample, which is 0 like the silence before it.
   static std::span<const float> soundOf(std::span<const float> tone) { return tone.subspan(1); }
 
   std::optional<MonitorRecording> recording;
@@ -49,7 +49,7 @@ class OutputSound : public PulseTest {
   int pressed = 0;
 };
 
-TEST_P(OutputSound, EverySampleOfTheToneArrivesUnchangedBetweenSilences) {
+TEST_P(OutputSound, PlaysEverySampleOfTheToneUnchanged) {
   startRecording();
   const auto tone = toneBuffer(110.0, toneSampleRate);
   expectNoFault([&]() -> std::string {
@@ -62,10 +62,9 @@ TEST_P(OutputSound, EverySampleOfTheToneArrivesUnchangedBetweenSilences) {
 
 class OutputPitch : public OutputSound {
  protected:
-  /// From the first to the last zero that a sine rises through. Between two samples, of which a
-  /// period has eleven or more, it is straight enough to be off by 0.001 rad, and the tone itself
-  /// is off by five roundings of its phase of up to 28 000 rad, which are 0.008 rad: of the 0.84 s
-  /// of a tone, together less than 0.05 cent.
+  /// From the first to the last rising zero crossing of a sine. A period has eleven samples or
+  /// more, so linear interpolation is off by at most 0.001 rad. Five roundings of the tone's phase
+  /// of up to 28 000 rad are 0.008 rad. Together this is less than 0.05 cent of 0.84 s of tone.
   static double frequencyOf(std::span<const float> sine, double rate) {
     std::vector<double> zeros;
     for (std::size_t i = 1; i < sine.size(); ++i) {
@@ -80,7 +79,7 @@ class OutputPitch : public OutputSound {
   std::string pitchFault(double hertz) {
     const auto recorded = recordPress(toneBuffer(hertz, toneSampleRate));
     const auto tone = withoutSilence(recorded);
-    // A converter of rates rings before and after a sound for less than two hundred frames.
+    // A resampler rings for less than 200 frames before and after a sound.
     const double longer = static_cast<double>(tone.size()) - toneSeconds * rate;
     if (!(std::abs(longer) <= 200.0)) return std::to_string(longer) + " frames too long";
     const auto plateau = tone.subspan(rate * 10 / 100, rate * 84 / 100);
@@ -92,22 +91,22 @@ class OutputPitch : public OutputSound {
   }
 };
 
-TEST_P(OutputPitch, OfTheToneIsKeptOnStereoLoudspeakersOfAnotherRate) {
+TEST_P(OutputPitch, IsKeptOnStereoLoudspeakersOfAnotherRate) {
   startRecording({48000.0, 2});
-  // The lowest string of a bass, and the highest of a piano.
+  // The lowest string of a bass and the highest of a piano.
   for (const double hertz : {30.86770632850775, 4186.009044809578}) {
     expectNoFault([&] { return pitchFault(hertz); });
   }
 }
 
-/// The server takes less, and the press waits for no timer, because the clock stands still.
+/// The latency of the server is less, and with a stopped clock no timer delays the tone.
 TEST_P(OutputSound, FollowsThePressWithinATenthOfASecond) {
   startOutput();
   ASSERT_NO_FATAL_FAILURE(pressUntilTheServerPlays(1));
   EXPECT_LT(latencyOf("sinks", loudspeakers, "sink-inputs"), 0.1);
 }
 
-TEST_P(OutputSound, OfAnotherPressEndsTheFirstAtOnceAndIsWhole) {
+TEST_P(OutputSound, OfAnotherPressCutsOffTheFirstAtOnce) {
   startRecording();
   constexpr float level = 0.1F;
   const std::vector<float> endless(30 * 44100, level);

@@ -83,9 +83,9 @@ void Client::prompt(const std::function<void()>& call) {
 }
 
 void Client::advance(std::chrono::milliseconds duration) {
-  waitForTheLoop();  // It arms its timers at the time before.
+  waitForTheLoop();  // So that it arms its timers before the clock moves.
   testClock().advance(duration);
-  // It looks at them between two jobs.
+  // It calls timers between two jobs.
   for (int job = 0; job < 2; ++job) waitForTheLoop();
   mainQueue.pump();
 }
@@ -128,7 +128,7 @@ bool Client::pumpUntil(const std::function<bool()>& condition) {
 std::optional<bool> Client::ask() {
   const auto outcome = std::make_shared<std::optional<bool>>();
   prompt([&] { permission->requestRecordPermission([outcome](bool ok) { *outcome = ok; }); });
-  EXPECT_FALSE(outcome->has_value()) << "the completion came within the request";
+  EXPECT_FALSE(outcome->has_value()) << "the completion was called within the request";
   pumpUntil([outcome] { return outcome->has_value(); });
   return *outcome;
 }
@@ -166,7 +166,7 @@ bool Client::hear(std::uint32_t room, std::size_t count) {
 }
 
 bool Client::finds(const AudioFormat& format) {
-  // PipeWire does not always tell of a new default: the program asks again by itself.
+  // PipeWire does not always report a new default; the program asks again after a delay.
   testClock().run();
   const bool found = pumpUntil([&] { return input->inputFormat() == format; });
   testClock().stop();
@@ -204,10 +204,10 @@ void PulseTest::setDefaultSource(const std::string& name) {
       if (client.defaultSource() == name) return;
       std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
-    std::cout << "PipeWire does not tell this client of the default " << name << "\n";
+    std::cout << "PipeWire does not report to this client the default " << name << "\n";
     client.reconnect();
   }
-  FAIL() << "no connection is told of the default " << name;
+  FAIL() << "no connection reports the default " << name;
 }
 
 void PulseTest::addMicrophone(const std::string& name, const AudioFormat& format) {

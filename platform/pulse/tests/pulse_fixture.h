@@ -30,14 +30,14 @@ inline void PrintTo(AudioServer::Kind kind, std::ostream* out) {
 
 }  // namespace support
 
-/// Keeps what a tap was given, for the test's thread to look at.
+/// Keeps the buffers of a tap for the test's thread.
 class Recording {
  public:
   AudioInput::Tap tap();
-  /// All but the first `from` of those that have been kept since the last `take`.
+  /// The buffers since the last `take`, without the first `from`.
   std::vector<RecordedBuffer> buffers(std::size_t from = 0) const;
   std::size_t size() const;
-  /// Gives all that has been kept to `look`, and calls `measure` before anything is kept again.
+  /// Passes all buffers to `look`, drops them, and calls `measure` before any other is kept.
   template <class Look, class Measure>
   auto withoutAny(const Look& look, const Measure& measure) {
     const std::lock_guard held(lock);
@@ -45,7 +45,7 @@ class Recording {
     kept = {};
     return measure();
   }
-  /// Gives away all that has been kept.
+  /// Moves all buffers out.
   std::vector<RecordedBuffer> take();
 
  private:
@@ -53,7 +53,7 @@ class Recording {
   std::vector<RecordedBuffer> kept;
 };
 
-/// Keeps which buffers' ends have been told, in order, and on which thread: "1 on corvane.pulse".
+/// Keeps the reported ends of buffers in order, with their thread: "1 on corvane.pulse".
 class Ends {
  public:
   AudioOutput::Ended of(int buffer);
@@ -64,52 +64,51 @@ class Ends {
   std::vector<std::string> all;
 };
 
-/// This program as the engine uses it, with the test's thread as the main thread. Derived tests
-/// have a private home or server before it.
+/// The adapters as the engine uses them, with the test's thread as the main thread. Tests declare
+/// their private home or server before it.
 class Client {
  public:
   static constexpr std::uint32_t bufferFrames = 4096;
-  /// A busy main thread becomes visible to the user from a tenth of a second on. That it waits for
-  /// no server is shown where a server hangs while the clock stands still: it would wait for ever.
+  /// The user notices a main thread that is busy for longer. Tests with a hung server and a stopped
+  /// clock show that it does not wait: it would wait forever.
   static constexpr std::chrono::milliseconds longestJob{100};
 
   Client();
-  /// Fails the test when something has kept the main thread busy, destruction included.
+  /// Fails the test if a job, or destruction, took longer than `longestJob`.
   ~Client();
   void begin();
-  /// Ends the program's audio, after which nothing can be told any more.
+  /// Destroys the adapters; nothing is reported afterwards.
   void end();
 
-  /// Calls on the main thread, which it may not keep busy.
+  /// Makes a call of the main thread, which may not take long.
   void prompt(const std::function<void()>& call);
-  /// Moves the clock. When it returns, what is due has been done.
+  /// Moves the clock. When this returns, all due timers have run.
   void advance(std::chrono::milliseconds duration);
   bool pumpUntil(const std::function<bool()>& condition);
-  /// Returns once the loop has run every job before.
+  /// Returns once the loop has run all earlier jobs.
   void waitForTheLoop();
-  /// The default source as the server tells it to this program; empty without a server.
+  /// The default source as the server reports it to this client; empty without a server.
   std::string defaultSource();
   void reconnect();
 
-  /// Asks for permission; the outcome.
+  /// Requests permission; the outcome.
   std::optional<bool> ask();
-  /// Starts recording, in the device's own format unless told otherwise; `outcome` is how the
-  /// start ends.
+  /// Starts recording, by default in the device's own format; sets `outcome` when the start ends.
   void start(std::optional<bool>& outcome, const AudioFormat& format);
   void start(std::optional<bool>& outcome) { start(outcome, input->inputFormat()); }
-  /// The same and waits; nothing when there is no format or no end.
+  /// Starts and waits for the outcome; nothing without a format or an outcome.
   std::optional<bool> listen();
   void stop();
-  /// Pumps until `count` buffers of the coded signal of `room` have come since now.
+  /// Pumps until `count` more buffers of the coded signal of `room` have arrived.
   bool hear(std::uint32_t room, std::size_t count);
-  /// Whether the device has this format, in time.
+  /// Waits until the device has this format; false if it never has.
   bool finds(const AudioFormat& format);
 
   bool startOutput();
   void press(int buffer, std::vector<float> samples);
   bool waitForEnds(int count);
-  /// Waits for the ends of buffers 1 to `count`, ends the program's audio, and fails unless each
-  /// end was told once, in order, on the loop's thread.
+  /// Waits for the ends of buffers 1 to `count`, destroys the adapters, and fails unless each end
+  /// was reported once, in order, on the loop's thread.
   void expectEnds(int count);
 
   Recording recording;
@@ -121,7 +120,7 @@ class Client {
   std::optional<PulseAudioOutput> output;
 };
 
-/// A client and a server of either kind.
+/// A client and a server of the parameter's kind.
 class PulseTest : public testing::TestWithParam<support::AudioServer::Kind> {
  protected:
   static constexpr AudioFormat stereo{48000.0, 2};
@@ -132,7 +131,7 @@ class PulseTest : public testing::TestWithParam<support::AudioServer::Kind> {
 
   bool onPipeWire() const { return GetParam() == support::AudioServer::Kind::pipeWire; }
   /// Returns once the server reports it to the client too. PipeWire 0.3 sometimes stops reporting
-  /// changes to one client: that is printed, and the client connects anew, at most ten times.
+  /// changes to one client: that is printed, and the client reconnects, at most ten times.
   void setDefaultSource(const std::string& name);
   void addMicrophone(const std::string& name = "mic", const AudioFormat& format = stereo);
   /// Plays the coded signal of `room` to a microphone of the server, for `seconds`.
@@ -146,18 +145,18 @@ class PulseTest : public testing::TestWithParam<support::AudioServer::Kind> {
   /// Adds the loudspeakers and starts the output.
   void startOutput(const AudioFormat& format = {44100.0, 1});
   void addLoudspeakers(const AudioFormat& format = {44100.0, 1});
-  /// Twenty seconds of sound: as good as endless. Waits until the server plays it.
+  /// Plays twenty seconds of sound and waits until the server plays it.
   void pressUntilTheServerPlays(int buffer);
 
-  /// How many streams of a kind, "source-outputs" or "sink-inputs", this program has there.
+  /// The number of this program's streams of a kind, "source-outputs" or "sink-inputs".
   std::ptrdiff_t streams(const char* kind);
   bool forgets(const char* kind);
-  /// How long, in s, the server keeps the sound of this program's stream, which is in the list
-  /// `kind`, on its way from or to a device in the list `devices`.
+  /// The server's latency, in s, between this program's stream, in the list `kind`, and a device in
+  /// the list `devices`.
   double latencyOf(const char* devices, const std::string& device, const char* kind);
 
-  /// Measures until `faultOf` finds nothing, and again, ten times in all, where the server says
-  /// that it has lost sound meanwhile.
+  /// Fails if `faultOf` finds a fault. Repeats it, ten times at most, when the server reports that
+  /// it lost sound meanwhile.
   void expectNoFault(const std::function<std::string()>& faultOf);
 
   double seconds = 60.0;

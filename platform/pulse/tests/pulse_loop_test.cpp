@@ -17,13 +17,13 @@
 namespace corvane {
 namespace {
 
-TEST(PulseLoop, RunsWhatWasSubmittedInOrderBeforeItEnds) {
+TEST(PulseLoop, RunsSubmittedJobsInOrderBeforeItEnds) {
   std::vector<int> ran;
   {
     PulseLoop loop{testClock()};
     loop.async([&] {
       ran.push_back(1);
-      // Submitted by a job, so it may come after the end was.
+      // Submitted by a job, perhaps after the destructor's own job.
       loop.async([] {});
     });
     loop.async([&] { ran.push_back(2); });
@@ -32,7 +32,7 @@ TEST(PulseLoop, RunsWhatWasSubmittedInOrderBeforeItEnds) {
   EXPECT_THAT(ran, testing::ElementsAre(1, 2, 3));
 }
 
-TEST(PulseLoop, HasOneThreadThatCarriesItsNameAndIsUrgent) {
+TEST(PulseLoop, HasOneNamedUrgentThread) {
   int urgent = 0;
   std::thread([&urgent] {
     beUrgent("like");
@@ -57,7 +57,7 @@ TEST(PulseLoop, HasOneThreadThatCarriesItsNameAndIsUrgent) {
   EXPECT_FALSE(pthread_equal(first, pthread_self()));
 }
 
-TEST(PulseLoop, LeavesSignalsToTheOtherThreads) {
+TEST(PulseLoop, BlocksSignalsOnItsThread) {
   sigset_t blocked;
   sigemptyset(&blocked);
   {
@@ -70,9 +70,9 @@ TEST(PulseLoop, LeavesSignalsToTheOtherThreads) {
   EXPECT_FALSE(sigismember(&here, SIGTERM));
 }
 
-/// It refuses to look at more descriptors than a program may have, which the administrator may
-/// change while the program runs.
-TEST(PulseLoop, RunsItsJobsWhileTheSystemRefusesToWaitForAnything) {
+/// poll fails with more descriptors than the limit of the program, which the administrator may
+/// lower while the program runs.
+TEST(PulseLoop, RunsJobsWhilePollFails) {
   PulseLoop loop{testClock()};
   const auto runsAJob = [&loop] {
     const auto ran = std::make_shared<std::promise<void>>();
@@ -91,7 +91,7 @@ TEST(PulseLoop, RunsItsJobsWhileTheSystemRefusesToWaitForAnything) {
   EXPECT_TRUE(second);
 }
 
-TEST(PulseLoop, KeepsNothingOfAJobThatHasRun) {
+TEST(PulseLoop, DestroysJobsThatHaveRun) {
   const auto owned = std::make_shared<int>();
   {
     PulseLoop loop{testClock()};

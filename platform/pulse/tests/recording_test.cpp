@@ -17,14 +17,14 @@ using testing::HasSubstr;
 
 class Recorded : public PulseTest {
  protected:
-  /// Of all that has come since the last look.
+  /// Of all buffers since the last call.
   std::string faults(const AudioFormat& format) {
     std::string found;
     Joints joints;
     bool gapExpected = true;
     for (const RecordedBuffer& buffer : client.recording.take()) {
       found += joints.in(buffer);
-      // Before the player begins there is silence.
+      // Silence precedes the player.
       if (!buffer.holdsSilence()) found += buffer.faultAgainst(1);
       if (buffer.afterGap != std::exchange(gapExpected, false)) found += " gap";
       if (buffer.frames != Client::bufferFrames) found += " length";
@@ -55,7 +55,7 @@ class Recorded : public PulseTest {
   int microphones = 0;
 };
 
-/// One after the other on one server.
+/// All formats in turn on one server.
 TEST_P(Recorded, SoundOfEveryDeviceArrivesUnchangedInWholeBuffers) {
   for (const double rate : {44100.0, 48000.0, 96000.0}) {
     for (const std::uint32_t channels : {1U, 2U, 8U}) {
@@ -64,7 +64,7 @@ TEST_P(Recorded, SoundOfEveryDeviceArrivesUnchangedInWholeBuffers) {
   }
 }
 
-TEST_P(Recorded, ANoteOfANarrowBandHeadsetIsNamed) {
+TEST_P(Recorded, ANoteOfANarrowBandHeadsetIsDetected) {
   constexpr std::uint32_t own = 8000;
   addMicrophone("headset", {own, 1});
   std::vector<float> string(30 * own);
@@ -90,15 +90,15 @@ TEST_P(Recorded, ANoteOfANarrowBandHeadsetIsNamed) {
   }));
 }
 
-/// Unasked, PulseAudio collects two seconds before it hands anything out, and PipeWire 171 ms.
-TEST_P(Recorded, SoundArrivesWhileItIsMadeAndNotInHeaps) {
+/// By default PulseAudio collects two seconds before it delivers, and PipeWire 171 ms.
+TEST_P(Recorded, SoundArrivesWithLowLatency) {
   server.addMicrophone("mic", 48000, 2, support::AudioServer::Pace::lazy);
   ASSERT_EQ(client.ask(), true);
   ASSERT_EQ(client.listen(), true);
   EXPECT_LE(latencyOf("sources", "mic", "source-outputs"), 2048.0 / 48000.0);
 }
 
-TEST_P(Recorded, SoundIsShownInTheMixerAsWhatItIs) {
+TEST_P(Recorded, MixersShowNameIconAndRole) {
   addMicrophone();
   server.pactl({"set-source-volume", "mic", "37%"});
   const std::string volume = server.pactl({"get-source-volume", "mic"});
@@ -116,7 +116,7 @@ TEST_P(Recorded, SoundIsShownInTheMixerAsWhatItIs) {
   EXPECT_THAT(shown, HasSubstr("media.name = \"Tuning\""));
   EXPECT_THAT(shown, HasSubstr("media.role = \"production\""));
   EXPECT_THAT(shown, HasSubstr("filter.suppress = \"echo-cancel\""));
-  // The volume is the user's.
+  // The volume belongs to the user.
   EXPECT_EQ(server.pactl({"get-source-volume", "mic"}), volume);
 }
 
@@ -130,7 +130,7 @@ TEST_P(Restart, SoundFromBeforeAndAfterAStopIsNeverJoined) {
     client.stop();
     setDefaultSource(here == 1 ? "mic" : "other");
     client.recording.take();
-    // No multiple of the servers' fragments, so that a stop always finds a part of a buffer.
+    // Not a multiple of the servers' fragments, so that each stop interrupts a buffer.
     client.input->installTap(3000, stereo, client.recording.tap());
     client.input->start([](bool) {});
     ASSERT_TRUE(client.pumpUntil([this] { return client.recording.size() > 2; }));
@@ -140,7 +140,7 @@ TEST_P(Restart, SoundFromBeforeAndAfterAStopIsNeverJoined) {
   }
 }
 
-TEST_P(Restart, AfterAStopTheTapIsNotCalledAndIsGone) {
+TEST_P(Restart, AfterAStopTheTapIsNotCalledAndIsDestroyed) {
   listenToMicrophone();
   client.stop();
   std::atomic<bool> stopped = false;
@@ -150,7 +150,7 @@ TEST_P(Restart, AfterAStopTheTapIsNotCalledAndIsGone) {
     const auto owned = std::make_shared<int>();
     stopped = false;
     calls = 0;
-    // Buffers of one frame, so that the tap runs nearly all the time and stop meets it running.
+    // Buffers of one frame, so that the tap is running at nearly any time when stop is called.
     client.input->installTap(1, client.input->inputFormat(), [&, owned](const AudioBuffer&) {
       late += stopped ? 1 : 0;
       ++calls;
@@ -159,27 +159,27 @@ TEST_P(Restart, AfterAStopTheTapIsNotCalledAndIsGone) {
     ASSERT_TRUE(client.pumpUntil([&calls, i] { return calls > 300 * i; }));
     client.input->stop();
     stopped = true;
-    // The test's own and the installed tap's; the recording has let go of its copy.
+    // The test's and the installed tap's; the recording has released its copy.
     EXPECT_EQ(owned.use_count(), 2);
   }
   EXPECT_EQ(late, 0);
 }
 
-TEST_P(Restart, AStartThatIsStoppedNeverTellsItsOutcomeNorTheNextOnesInItsPlace) {
+TEST_P(Restart, AStoppedStartReportsNoOutcome) {
   listenToMicrophone();
   client.stop();
   std::optional<bool> first;
   std::optional<bool> second;
   client.recording.take();
   client.start(first);
-  // Sound comes only once the start has succeeded, and the main thread has not been told yet.
+  // Sound proves that the start has succeeded, and the main thread does not know yet.
   support::waitFor("sound", [this] { return client.recording.size() > 0; });
   client.stop();
   server.suspend();
   client.start(second);
   client.mainQueue.pump();
   EXPECT_FALSE(first.has_value());
-  EXPECT_FALSE(second.has_value()) << "the server has not even heard of the second start";
+  EXPECT_FALSE(second.has_value()) << "the suspended server cannot know the second start";
   server.resume();
   EXPECT_TRUE(client.pumpUntil([&second] { return second.has_value(); }));
   EXPECT_FALSE(first.has_value());

@@ -16,7 +16,7 @@ namespace {
 
 using support::AudioServer;
 
-/// A port of this machine that nobody listens on.
+/// A free port of this machine.
 std::uint16_t freePort() {
   const int listener = socket(AF_INET, SOCK_STREAM, 0);
   sockaddr_in address{};
@@ -30,8 +30,8 @@ std::uint16_t freePort() {
   return ntohs(address.sin_port);
 }
 
-/// A server that lets in who knows its secret. Over a socket of the same user PulseAudio asks for
-/// none, so this is by TCP; PipeWire's answer to PulseAudio's clients knows no secret at all.
+/// A server that requires a cookie. PulseAudio requires none on a socket of the same user, so this
+/// one uses TCP; pipewire-pulse does not support cookies.
 class Refusal : public testing::Test {
  protected:
   Refusal() {
@@ -61,14 +61,14 @@ class Refusal : public testing::Test {
   std::filesystem::path ours = server.home() / "ours";
 };
 
-TEST_F(Refusal, StaysHoweverOftenItIsRead) {
+TEST_F(Refusal, StaysAfterRepeatedRequests) {
   for (int i = 0; i < 3; ++i) {
     EXPECT_EQ(client.ask(), false);
     expectDenied();
   }
 }
 
-TEST_F(Refusal, EndsByItselfAfterTheUserHasAllowedIt) {
+TEST_F(Refusal, EndsAfterARefreshOnceAllowed) {
   ASSERT_EQ(client.ask(), false);
   letIn();
   client.permission->refresh();
@@ -78,14 +78,14 @@ TEST_F(Refusal, EndsByItselfAfterTheUserHasAllowedIt) {
   EXPECT_EQ(client.listen(), true);
 }
 
-TEST_F(Refusal, AfterAnAbsenceIsNews) {
+TEST_F(Refusal, AfterAnAbsenceIsReported) {
   const std::string theirs = getenv("PULSE_SERVER");
   setenv("PULSE_SERVER", "unix:/nowhere", 1);
   int news = 0;
   client.input->watch([&news] { ++news; });
   ASSERT_EQ(client.ask(), true);
   setenv("PULSE_SERVER", theirs.c_str(), 1);
-  // It is sought by itself, ever less often.
+  // The connection is retried at growing intervals.
   EXPECT_TRUE(client.pumpUntil([&] {
     client.advance(std::chrono::seconds(1));
     return news > 0;
@@ -94,7 +94,7 @@ TEST_F(Refusal, AfterAnAbsenceIsNews) {
   expectDenied();
 }
 
-TEST_F(Refusal, LeavesNoLoudspeakersUntilItEnds) {
+TEST_F(Refusal, StopsTheOutputUntilItEnds) {
   ASSERT_EQ(client.ask(), false);
   EXPECT_FALSE(client.startOutput());
   EXPECT_FALSE(client.output->isRunning());
@@ -102,7 +102,7 @@ TEST_F(Refusal, LeavesNoLoudspeakersUntilItEnds) {
   EXPECT_TRUE(client.pumpUntil([this] { return client.startOutput(); }));
 }
 
-/// A real server behind one that refuses every recording and nothing else.
+/// A real server behind a proxy that refuses every recording and nothing else.
 class RefusedRecording : public PulseTest {
  protected:
   void SetUp() override {
@@ -131,7 +131,7 @@ class RefusedRecording : public PulseTest {
   std::unique_ptr<support::ChildProcess> sandbox;
 };
 
-TEST_P(RefusedRecording, IsADenialThatLeavesTheToneAlone) {
+TEST_P(RefusedRecording, IsADenialThatDoesNotAffectTones) {
   for (int press = 1; press <= 8; ++press) {
     client.permission->refresh();
     expect(RecordPermission::denied);
@@ -144,7 +144,7 @@ TEST_P(RefusedRecording, IsADenialThatLeavesTheToneAlone) {
   EXPECT_EQ(refused(), 1);
 }
 
-TEST_P(RefusedRecording, IsTriedAgainWhenAskedForAndEndsOnceItIsAllowed) {
+TEST_P(RefusedRecording, IsRetriedByRefreshAndEndsOnceAllowed) {
   int changes = 0;
   client.input->watch([&changes] { ++changes; });
   const auto askLater = [this] {
@@ -166,7 +166,7 @@ TEST_P(RefusedRecording, IsTriedAgainWhenAskedForAndEndsOnceItIsAllowed) {
   EXPECT_EQ(client.listen(), true);
 }
 
-TEST_P(RefusedRecording, MayBeAnsweredByStoppingTheInput) {
+TEST_P(RefusedRecording, MayStopTheInputWhenReported) {
   client.connection->allowRecording();
   bool told = false;
   client.input->watch([this, &told] {

@@ -7,7 +7,7 @@
 namespace corvane {
 namespace {
 
-/// Sources as a server describes them, of which `defaultSource` is the default.
+/// Sources as a server describes them; `defaultSource` is the default.
 class ServerSurveyTest : public testing::Test {
  protected:
   enum class Monitor { no, ofASink, byItsClass };
@@ -42,7 +42,7 @@ class ServerSurveyTest : public testing::Test {
   std::optional<ServerSurvey> survey;
 };
 
-TEST_F(ServerSurveyTest, DefaultSourceTellsItsOwnFormat) {
+TEST_F(ServerSurveyTest, DefaultSourceGivesTheFormat) {
   begin("mic");
   add("other", Monitor::no, 2);
   add("mic");
@@ -50,7 +50,7 @@ TEST_F(ServerSurveyTest, DefaultSourceTellsItsOwnFormat) {
   EXPECT_EQ(survey->facts().deviceOrder.map[0], PA_CHANNEL_POSITION_MONO);
 }
 
-TEST_F(ServerSurveyTest, WithoutSourcesButMonitorsThereIsNoFormatAtAll) {
+TEST_F(ServerSurveyTest, MonitorsAloneGiveNoFormat) {
   for (const Monitor monitor : {Monitor::ofASink, Monitor::byItsClass}) {
     begin("room.monitor");
     EXPECT_EQ(survey->facts(), ServerFacts{});
@@ -59,14 +59,14 @@ TEST_F(ServerSurveyTest, WithoutSourcesButMonitorsThereIsNoFormatAtAll) {
   }
 }
 
-TEST_F(ServerSurveyTest, MonitorThatTheUserChoseBesideAMicrophoneIsFollowed) {
+TEST_F(ServerSurveyTest, MonitorChosenBesideAMicrophoneIsUsed) {
   begin("room.monitor");
   add("room.monitor", Monitor::ofASink);
   add("mic", Monitor::no, 2);
   expectFormats({44100.0, 1}, theirs);
 }
 
-TEST_F(ServerSurveyTest, MicrophoneThatIsNotYetTheDefaultIsNotConclusive) {
+TEST_F(ServerSurveyTest, MicrophoneWithoutADefaultIsInconclusive) {
   for (const char* name : {static_cast<const char*>(nullptr), "@DEFAULT_SOURCE@"}) {
     begin(name);
     EXPECT_TRUE(survey->isConclusive());
@@ -78,7 +78,7 @@ TEST_F(ServerSurveyTest, MicrophoneThatIsNotYetTheDefaultIsNotConclusive) {
   EXPECT_TRUE(survey->isConclusive());
 }
 
-TEST_F(ServerSurveyTest, ARateThatIsTooLowToFindAPitchInIsMultiplied) {
+TEST_F(ServerSurveyTest, ARateTooLowForDetectionIsMultiplied) {
   struct Rates {
     std::uint32_t own;
     double asked;
@@ -97,7 +97,7 @@ TEST_F(ServerSurveyTest, InvalidFormatCountsAsNone) {
   expectFormats({}, theirs);
 }
 
-TEST(ServerFacts, OrderOfTheChannelsIsPartOfTheFacts) {
+TEST(ServerFacts, ChannelOrderIsCompared) {
   ServerFacts a;
   pa_channel_map_init_stereo(&a.deviceOrder);
   ServerFacts b = a;

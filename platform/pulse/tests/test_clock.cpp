@@ -41,7 +41,7 @@ std::shared_ptr<const Clock> clockOfTests() {
 
 }  // namespace corvane
 
-/// Takes the place of libpulse's own, for libpulse as well.
+/// Replaces libpulse's own function, for libpulse itself too.
 pa_usec_t pa_rtclock_now() {
   const auto now = corvane::testClock().now().time_since_epoch();
   return static_cast<pa_usec_t>(std::chrono::duration_cast<std::chrono::microseconds>(now).count());

@@ -7,8 +7,8 @@
 
 namespace corvane {
 
-/// The clock of the adapter, and of libpulse in this program. It stands still, so that a server has
-/// all the time that it needs to answer, until a test moves it or lets it run. Any thread.
+/// The clock of the adapter, and of libpulse in this program. It is stopped, so that a slow server
+/// causes no timeout, until a test moves it or lets it run. Any thread.
 class TestClock final : public Clock {
  public:
   Time now() const override;
@@ -18,9 +18,9 @@ class TestClock final : public Clock {
 
  private:
   mutable std::mutex lock;
-  Time time = Time{} + std::chrono::hours(1);  ///< under `lock`, as is the rest
+  Time time = Time{} + std::chrono::hours(1);  ///< under `lock`, as the rest
   bool running = false;
-  Time begun;  ///< of the last `run`, as the system has it
+  Time begun;  ///< of the last `run`, in the system's time
 };
 
 /// The one clock of this program.

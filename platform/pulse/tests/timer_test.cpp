@@ -15,7 +15,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A timer, and how often its job has been called.
+/// A timer that counts the calls of its job.
 class TimerTest : public testing::Test {
  protected:
   int callsAfter(std::chrono::milliseconds time) {
@@ -45,7 +45,7 @@ TEST_F(TimerTest, CallsOnceAfterTheDelay) {
   EXPECT_EQ(callsAfter(60ms), 1);
 }
 
-TEST_F(TimerTest, ArmedAnewForgetsTheJobAndTheDelayBefore) {
+TEST_F(TimerTest, RearmingReplacesJobAndDelay) {
   timer->arm(10ms, fail());
   clock.advance(10ms);
   timer->arm(30ms, count());
@@ -53,7 +53,7 @@ TEST_F(TimerTest, ArmedAnewForgetsTheJobAndTheDelayBefore) {
   EXPECT_EQ(callsAfter(1ms), 1);
 }
 
-TEST_F(TimerTest, DisarmedOrDestroyedCallsNobody) {
+TEST_F(TimerTest, DisarmedOrDestroyedIsNotCalled) {
   timer->arm(10ms, fail());
   timer->disarm();
   EXPECT_EQ(timers.next(), std::nullopt);
@@ -63,7 +63,7 @@ TEST_F(TimerTest, DisarmedOrDestroyedCallsNobody) {
   callsAfter(10ms);
 }
 
-TEST_F(TimerTest, SeveralAreCalledInTheOrderOfTheirDelaysAndMayDestroyThemselves) {
+TEST_F(TimerTest, TimersRunInOrderAndMayDestroyThemselves) {
   Timer other(timers);
   timer->arm(20ms, [this] {
     EXPECT_EQ(calls, 1);

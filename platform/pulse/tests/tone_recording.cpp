@@ -24,7 +24,7 @@ MonitorRecording::MonitorRecording(const support::AudioServer& server,
                 "--rate=" + std::to_string(rate), "--latency-msec=10",
                 "--device=" + loudspeakers + ".monitor"},
                file) {
-  // What a server hands out first may be from before it had heard of the wish for a low latency.
+  // The first data may predate the request for low latency.
   support::waitFor("the monitor to be recorded", [this, rate] { return size() > rate / 4; });
 }
 

@@ -10,19 +10,19 @@
 
 namespace corvane {
 
-/// What loudspeakers play, from before the first sound on, recorded by a program of its own.
+/// Records with another program what loudspeakers play, from before the first sound.
 class MonitorRecording {
  public:
   /// `rate` and `channels` are the loudspeakers' own, so that nothing is resampled or mixed.
-  /// Returns once it records.
+  /// Returns once it is recording.
   MonitorRecording(const support::AudioServer& server, const std::string& loudspeakers,
                    std::uint32_t rate, std::uint32_t channels = 1);
 
-  /// Frames so far. The server has played at least these.
+  /// Frames so far; the server has played at least as many.
   std::size_t size() const;
-  /// All of the first channel so far.
+  /// The first channel so far.
   std::vector<float> samples() const;
-  /// True when there is sound louder than `level` at or after `frame`.
+  /// True if there is sound louder than `level` at or after `frame`.
   bool soundsSince(std::size_t frame, float level = 0.0F) const;
   /// The silence at the end, in frames.
   std::size_t silence() const;
@@ -33,9 +33,9 @@ class MonitorRecording {
   support::ChildProcess recorder;
 };
 
-/// The first frame of sound; the size when there is none.
+/// The first frame of sound; the size if there is none.
 std::size_t firstSound(std::span<const float> samples);
-/// The frame after the last sound; 0 when there is none.
+/// The frame after the last sound; 0 if there is none.
 std::size_t endOfSound(std::span<const float> samples);
 
 }  // namespace corvane

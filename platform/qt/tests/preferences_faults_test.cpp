@@ -38,7 +38,7 @@ class PreferencesFaults : public SettingsFolderTest {
     EXPECT_THAT(preferences.string("tuner.instrument"), Optional(std::string("bass")));
   }
 
-  /// A run of the program that chooses something, which it keeps whether or not it can save it.
+  /// A run of the program with one choice, which it keeps even if it cannot be saved.
   void choose(double a4) const {
     QtPreferences preferences(path);
     preferences.setNumber("tuner.a4", a4);
@@ -47,7 +47,7 @@ class PreferencesFaults : public SettingsFolderTest {
   }
 };
 
-/// Runs `body` as another program, whose failures are those of the test.
+/// Runs `body` in another process, whose failures fail the test.
 template <class Body>
 pid_t startProgram(Body body) {
   const pid_t program = fork();
@@ -65,7 +65,7 @@ int statusOf(pid_t program) {
   return status;
 }
 
-TEST_F(PreferencesFaults, AnEmptyOrCorruptFileHoldsNothingAndTakesTheNextChoice) {
+TEST_F(PreferencesFaults, AnEmptyOrCorruptFileIsReplacedByTheNextChoice) {
   for (const QByteArray& content :
        {QByteArray(""), QByteArray("\x00\xff[[[\n=\n\x7f garbage", 18)}) {
     write(content);
@@ -75,7 +75,7 @@ TEST_F(PreferencesFaults, AnEmptyOrCorruptFileHoldsNothingAndTakesTheNextChoice)
   }
 }
 
-TEST_F(PreferencesFaults, WhatIsStillWholeInADamagedFileIsKept) {
+TEST_F(PreferencesFaults, WhatIsStillReadableInADamagedFileIsKept) {
   write(QByteArray("\x00\xff[[[\n=\n", 8) + saved + "tuner.left=\x01\ntuner.tun");
   expectSavedChoices();
   {
@@ -85,14 +85,14 @@ TEST_F(PreferencesFaults, WhatIsStillWholeInADamagedFileIsKept) {
   EXPECT_EQ(read(), saved + "tuner.left=true\n");
 }
 
-TEST_F(PreferencesFaults, AFolderInItsPlaceIsLeftAlone) {
+TEST_F(PreferencesFaults, AFolderInItsPlaceIsNotChanged) {
   ASSERT_TRUE(QDir(path).mkpath("inside"));
   choose(415.0);
   EXPECT_TRUE(QDir(path + "/inside").exists());
   EXPECT_EQ(files(), QStringList());
 }
 
-TEST_F(PreferencesFaults, APipeInItsPlaceHoldsNobodyUp) {
+TEST_F(PreferencesFaults, APipeInItsPlaceDoesNotBlock) {
   ASSERT_EQ(mkfifo(path.toLocal8Bit().constData(), 0600), 0);
   choose(415.0);
   EXPECT_TRUE(std::filesystem::is_fifo(path.toStdString()));
@@ -109,7 +109,7 @@ TEST_F(PreferencesFaults, ALinkInItsPlaceIsFollowed) {
   }
 }
 
-/// The superuser may read and write everything, so the program becomes somebody else.
+/// Root may read and write everything, so the process changes its user.
 class OfAnotherUser : public PreferencesFaults {
  protected:
   void asAnybody(const std::function<void()>& body) {
@@ -130,7 +130,7 @@ class OfAnotherUser : public PreferencesFaults {
   }
 };
 
-TEST_F(OfAnotherUser, AnUnreadableFileIsNotReplacedByWhatTheProgramFallsBackTo) {
+TEST_F(OfAnotherUser, AnUnreadableFileIsNotReplacedByDefaults) {
   write(saved);
   permit(path, 0200);
   asAnybody([this] {
@@ -142,7 +142,7 @@ TEST_F(OfAnotherUser, AnUnreadableFileIsNotReplacedByWhatTheProgramFallsBackTo) 
   expectSavedChoices();
 }
 
-TEST_F(OfAnotherUser, AReadOnlyFileOrFolderIsReadAndLeftAsItIs) {
+TEST_F(OfAnotherUser, AReadOnlyFileOrFolderIsReadAndNotChanged) {
   write(saved);
   const QString inside = folder.filePath("corvane");
   for (const auto& [file, readOnly, usual] : {std::tuple(path, 0400, 0600), {inside, 0500, 0700}}) {
@@ -157,8 +157,8 @@ TEST_F(OfAnotherUser, AReadOnlyFileOrFolderIsReadAndLeftAsItIs) {
   }
 }
 
-/// Lets this program mount disks: without root in a user namespace, in which it stays who it was,
-/// because a user who is not mapped there cannot create files.
+/// Lets this process mount disks: without root in a user namespace that maps its own user, since an
+/// unmapped user cannot create files.
 bool mayMount() {
   if (unshare(CLONE_NEWNS) == 0) return true;
   const std::string user = std::to_string(geteuid());
@@ -170,15 +170,14 @@ bool mayMount() {
   return true;
 }
 
-/// Puts a disk of four blocks, `full` of which are taken by nothing of ours, at `folder`, visible
-/// to this program only.
+/// Mounts a disk of four blocks at `folder`, visible to this process only.
 bool mountSmallDisk(const QString& folder) {
   if (!mayMount()) return false;
   return mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
          mount("small", folder.toLocal8Bit().constData(), "tmpfs", 0, "size=16k") == 0;
 }
 
-TEST_F(PreferencesFaults, AFullDiskCostsNothingThatWasSaved) {
+TEST_F(PreferencesFaults, AFullDiskLosesNoSavedChoice) {
   constexpr int notPermitted = 77;
   const pid_t program = startProgram([this] {
     const QString disk = folder.filePath("corvane");
@@ -193,14 +192,14 @@ TEST_F(PreferencesFaults, AFullDiskCostsNothingThatWasSaved) {
       ASSERT_EQ(utimensat(AT_FDCWD, disk.toLocal8Bit().constData(), longAgo.data(), 0), 0);
       const auto untouched = QFileInfo(disk).lastModified();
       preferences.setNumber("tuner.a4", 432.0);
-      // A second file has been made, for which there was no room, and is gone.
+      // The second file was created, did not fit, and was removed.
       EXPECT_TRUE(eventually([&] {
         return QFileInfo(disk).lastModified() != untouched &&
                files() == QStringList({"ballast", "corvane.conf"});
       }));
       EXPECT_EQ(read(), saved);
       ballast.remove();
-      EXPECT_TRUE(saves("tuner.a4=432")) << "it is tried again as soon as there is room";
+      EXPECT_TRUE(saves("tuner.a4=432")) << "it is retried once there is room";
     }
     EXPECT_THAT(QtPreferences(path).string("tuner.instrument"), Optional(std::string("bass")));
   });
@@ -211,7 +210,7 @@ TEST_F(PreferencesFaults, AFullDiskCostsNothingThatWasSaved) {
   EXPECT_EQ(status, 0);
 }
 
-TEST_F(PreferencesFaults, OfTwoProgramsThatWriteAtOnceEachKeepsItsChoices) {
+TEST_F(PreferencesFaults, OfTwoProgramsThatWriteAtOnceBothAreSaved) {
   write(saved);
   const auto writer = [this](const char* key) {
     return startProgram([this, key] {
@@ -235,7 +234,7 @@ TEST_F(PreferencesFaults, OfTwoProgramsThatWriteAtOnceEachKeepsItsChoices) {
   EXPECT_EQ(files(), QStringList("corvane.conf"));
 }
 
-/// As the tuner does.
+/// As the engine does.
 void save(QtPreferences& preferences, const char* instrument, const char* tuning) {
   preferences.setString("tuner.instrument", instrument);
   preferences.setString("tuner.tuning", tuning);
@@ -258,7 +257,7 @@ TEST_F(PreferencesFaults, OfTwoProgramsTheLastChoiceWinsAsAWhole) {
   EXPECT_EQ(read(), "[General]\ntuner.instrument=bass\ntuner.tuning=b5-dropa\n");
 }
 
-TEST_F(PreferencesFaults, WhatHasTheNameOfTheSecondFileIsNeverOpened) {
+TEST_F(PreferencesFaults, AnythingNamedLikeTheSecondFileIsNeverOpened) {
   const QString second = path + ".new";
   const QString target = folder.filePath("target");
   QFile theirs(target);
@@ -267,14 +266,14 @@ TEST_F(PreferencesFaults, WhatHasTheNameOfTheSecondFileIsNeverOpened) {
   choose(415.0);
   EXPECT_EQ(theirs.size(), 6);
   EXPECT_EQ(read(), "[General]\ntuner.a4=415\n");
-  // A pipe: to open it would wait for ever.
+  // Opening a pipe would wait forever.
   ASSERT_EQ(mkfifo(second.toLocal8Bit().constData(), 0600), 0);
   choose(432.0);
   EXPECT_EQ(read(), "[General]\ntuner.a4=432\n");
   EXPECT_EQ(files(), QStringList("corvane.conf"));
 }
 
-/// A program that counts as fast as it can save, and tells each number once it is saved.
+/// A process that saves increasing numbers as fast as it can, and reports each once saved.
 pid_t startCounter(const QString& path, int from, std::array<int, 2>& told) {
   if (pipe(told.data()) != 0) return -1;
   const pid_t program = startProgram([&] {
@@ -290,7 +289,7 @@ pid_t startCounter(const QString& path, int from, std::array<int, 2>& told) {
   return program;
 }
 
-TEST_F(PreferencesFaults, AProgramThatIsKilledWhileItWritesLosesNothingThatItHasSaved) {
+TEST_F(PreferencesFaults, AProgramThatIsKilledWhileItWritesLosesNoSavedChoice) {
   write(saved);
   constexpr int rounds = 100;
   int counted = 0;
@@ -298,7 +297,7 @@ TEST_F(PreferencesFaults, AProgramThatIsKilledWhileItWritesLosesNothingThatItHas
     std::array<int, 2> told{};
     const pid_t counter = startCounter(path, counted + 1, told);
     ASSERT_EQ(::read(told[0], &counted, sizeof counted), static_cast<ssize_t>(sizeof counted));
-    // Somewhere within the next save, each time at another place.
+    // At a different moment of the next save each time.
     usleep(static_cast<useconds_t>(37 * round % 1000));
     kill(counter, SIGKILL);
     statusOf(counter);

@@ -14,7 +14,7 @@
 namespace corvane {
 namespace {
 
-TEST(QtMainQueue, RunsJobsOfAnyThreadLaterOnTheMainThreadInTheirOrder) {
+TEST(QtMainQueue, RunsJobsOfAnyThreadInOrderOnTheMainThread) {
   QtMainQueue queue;
   std::vector<int> ran;
   std::vector<QThread*> threads;
@@ -34,7 +34,7 @@ TEST(QtMainQueue, RunsJobsOfAnyThreadLaterOnTheMainThreadInTheirOrder) {
   EXPECT_THAT(threads, testing::Each(QCoreApplication::instance()->thread()));
 }
 
-TEST(QtMainQueue, ReleasedLastByAnotherThreadItRunsNothingMore) {
+TEST(QtMainQueue, ReleasedByAnotherThreadRunsNoMoreJobs) {
   int ran = 0;
   std::thread other([&ran, last = std::make_shared<QtMainQueue>()]() mutable {
     last->async([&ran] { ++ran; });
@@ -46,7 +46,7 @@ TEST(QtMainQueue, ReleasedLastByAnotherThreadItRunsNothingMore) {
   EXPECT_EQ(ran, 0);
 }
 
-TEST(QtMainQueue, NoJobAfterTheFirstAllocatesOnTheThreadThatSubmitsIt) {
+TEST(QtMainQueue, OnlyTheFirstJobAllocatesWhenSubmitted) {
   QtMainQueue queue;
   constexpr int jobs = 100;
   std::atomic<int> ran = 0;
@@ -64,7 +64,7 @@ TEST(QtMainQueue, NoJobAfterTheFirstAllocatesOnTheThreadThatSubmitsIt) {
     allocations = allocationsOfThisThread() - afterTheFirst;
   });
   EXPECT_TRUE(eventually([&] { return ran == jobs; }));
-  ran = jobs;  // Or the thread would wait for ever.
+  ran = jobs;  // Otherwise the thread would wait forever.
   ran.notify_one();
   detection.join();
   EXPECT_EQ(allocations, 0U);

@@ -23,7 +23,7 @@ class QtPreferencesTest : public SettingsFolderTest {
   }
 };
 
-TEST_F(QtPreferencesTest, EveryTypeSurvivesARestartInEveryLanguage) {
+TEST_F(QtPreferencesTest, EveryTypeIsRestoredInEveryLanguage) {
   QDir(folder.path()).rmdir("corvane");
   expectNothingStored();
   QLocale::setDefault(QLocale(QLocale::German));
@@ -44,7 +44,7 @@ TEST_F(QtPreferencesTest, EveryTypeSurvivesARestartInEveryLanguage) {
             "[General]\nother=false\ntuner.a4=441.5\ntuner.instrument=bass\ntuner.left=true\n");
 }
 
-TEST_F(QtPreferencesTest, ANumberComesBackToTheLastBit) {
+TEST_F(QtPreferencesTest, ANumberIsRestoredToTheLastBit) {
   for (const double value : {377.0, std::nextafter(440.0, 441.0), 1.0 / 3.0, 559.9999999999999}) {
     {
       QtPreferences(path).setNumber("tuner.a4", value);
@@ -65,7 +65,7 @@ TEST_F(QtPreferencesTest, AValueOfAnotherTypeReadsAsAbsent) {
   }
 }
 
-TEST_F(QtPreferencesTest, AFileLargerThanAnySettingsIsLeftAsItIs) {
+TEST_F(QtPreferencesTest, ATooLargeFileIsNotChanged) {
   constexpr int largest = 64 * 1024;
   const QByteArray begin = "[General]\ntuner.left=true\n";
   const QByteArray fits = begin + QByteArray(largest - begin.size(), 'x');
@@ -80,7 +80,7 @@ TEST_F(QtPreferencesTest, AFileLargerThanAnySettingsIsLeftAsItIs) {
   EXPECT_TRUE(read() == isTooLarge);
 }
 
-TEST_F(QtPreferencesTest, TheFileLiesInTheUsersConfigurationFolder) {
+TEST_F(QtPreferencesTest, TheFileIsInTheConfigurationFolder) {
   const QByteArray before = qgetenv("XDG_CONFIG_HOME");
   qputenv("XDG_CONFIG_HOME", "/their/folder");
   EXPECT_EQ(QtPreferences::defaultPath(), "/their/folder/corvane/corvane.conf");

@@ -16,7 +16,7 @@
 namespace corvane {
 namespace {
 
-/// Takes the desktop's place, so that no browser starts.
+/// Replaces the desktop, so that no browser starts.
 class Desktop : public QObject {
   Q_OBJECT
  public:
@@ -48,7 +48,7 @@ TEST(QtUrlOpener, OpensWebPagesAndFilesAndNothingElse) {
   EXPECT_EQ(desktop.opened, addresses);
 }
 
-/// Programs that only note how they were started, on a desktop that has no others.
+/// A desktop with only fake programs, which record how they were started.
 class Installed : public testing::Test {
  protected:
   Installed() { qputenv("PATH", folder.path().toLocal8Bit()); }
@@ -78,7 +78,7 @@ class Installed : public testing::Test {
   QString note = folder.filePath("note");
 };
 
-TEST_F(Installed, SettingsOfSoundAreTheDesktopsOwnOrElseAMixer) {
+TEST_F(Installed, SoundSettingsAreTheDesktopsOrAMixer) {
   EXPECT_FALSE(opens());
   install("pavucontrol");
   expectStarted("GNOME", "pavucontrol");

@@ -11,7 +11,7 @@
 
 namespace corvane {
 
-/// A user's configuration folder that is gone after the test, and the settings in it.
+/// A temporary configuration folder with a settings file.
 class SettingsFolderTest : public testing::Test {
  protected:
   SettingsFolderTest() { QDir(folder.path()).mkdir("corvane"); }
@@ -26,7 +26,7 @@ class SettingsFolderTest : public testing::Test {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
   }
 
-  /// Lets the program run until the file holds the line.
+  /// Runs the event loop until the file contains the line.
   bool saves(const QByteArray& line) const {
     return eventually([&] { return read().contains('\n' + line + '\n'); });
   }

@@ -22,7 +22,7 @@ TEST(SettingsText, ReadsOnlyWholeLinesOfTheGeneralGroup) {
   }
 }
 
-TEST(SettingsText, IsReadBackTheSameOnceItHasBeenWritten) {
+TEST(SettingsText, ParsesToTheSameValuesOnceFormatted) {
   for (int byte = 0; byte < 256; ++byte) {
     const char c = static_cast<char>(byte);
     const QByteArray text = QByteArray("a") + c + "b=c" + c + "d\ntuner.a4=440" + c;
@@ -31,7 +31,7 @@ TEST(SettingsText, IsReadBackTheSameOnceItHasBeenWritten) {
   }
 }
 
-TEST(SettingsText, IsPlainWhereItCannotBeTakenForAnythingElse) {
+TEST(SettingsText, IsPlainWithoutSpecialCharacters) {
   for (const auto* const text : {"tuner.a4", "g6-standard", "1e+20", "true", "a_b", "azAZ09"}) {
     EXPECT_TRUE(isPlain(text)) << text;
   }

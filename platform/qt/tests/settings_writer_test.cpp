@@ -18,7 +18,7 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-/// Stands between the program and the system, which it makes slow and whose calls it counts.
+/// Intercepts system calls, counts them and can make the disk slow.
 struct SlowDisk {
   void setBusy(bool now) {
     const std::lock_guard held(lock);
@@ -34,8 +34,8 @@ struct SlowDisk {
   std::condition_variable changed;
   bool isBusy = false;  ///< `fsync` waits until it is not
   int syncs = 0;        ///< begun
-  int lockings = 0;     ///< tried
-  int givenUp = 0;      ///< waits that nobody ended
+  int lockings = 0;     ///< attempts
+  int givenUp = 0;      ///< waits that timed out
 };
 
 SlowDisk disk;
@@ -43,7 +43,7 @@ SlowDisk disk;
 }  // namespace
 }  // namespace corvane
 
-/// The linker sends the program's calls to these and theirs to the system.
+/// `--wrap` links the program's calls to these functions and __real_ to the system.
 extern "C" int __real_fsync(int file);
 extern "C" int __wrap_fsync(int file) {
   using namespace corvane;
@@ -67,7 +67,7 @@ class SettingsWriterTest : public SettingsFolderTest {
  protected:
   SettingsWriterTest() { disk.syncs = disk.lockings = disk.givenUp = 0; }
 
-  /// As another program that writes; closing it lets go.
+  /// Holds the lock like another program that writes; closing releases it.
   int holdTheFolder() const {
     const int theirs = open(folder.filePath("corvane").toLocal8Bit().constData(), O_RDONLY);
     EXPECT_EQ(__real_flock(theirs, LOCK_EX), 0);
@@ -79,7 +79,7 @@ class SettingsWriterTest : public SettingsFolderTest {
   }
 };
 
-TEST_F(SettingsWriterTest, ADiskThatIsSlowDoesNotHoldTheMainThread) {
+TEST_F(SettingsWriterTest, ASlowDiskDoesNotBlockTheMainThread) {
   disk.setBusy(true);
   QtPreferences preferences(path);
   Clock::duration longest{0};
@@ -98,7 +98,7 @@ TEST_F(SettingsWriterTest, ADiskThatIsSlowDoesNotHoldTheMainThread) {
   EXPECT_EQ(disk.count(&SlowDisk::givenUp), 0) << "the main thread waited for the disk";
 }
 
-TEST_F(SettingsWriterTest, OfWhatIsChosenWhileTheDiskIsBusyTheLastIsWritten) {
+TEST_F(SettingsWriterTest, OfChoicesOnABusyDiskTheLastIsWritten) {
   disk.setBusy(true);
   {
     SettingsWriter writer{SettingsFile(path)};
@@ -112,7 +112,7 @@ TEST_F(SettingsWriterTest, OfWhatIsChosenWhileTheDiskIsBusyTheLastIsWritten) {
   EXPECT_EQ(disk.count(&SlowDisk::syncs), 2);
 }
 
-TEST_F(SettingsWriterTest, WithoutAChangeItDoesNotWrite) {
+TEST_F(SettingsWriterTest, DoesNotWriteWithoutAChange) {
   write("a=1");
   {
     SettingsWriter writer{SettingsFile(path)};
@@ -122,20 +122,20 @@ TEST_F(SettingsWriterTest, WithoutAChangeItDoesNotWrite) {
   EXPECT_EQ(read(), "a=1");
 }
 
-TEST_F(SettingsWriterTest, WhileAnotherProgramHoldsTheFileNobodyWaitsAndNothingIsLost) {
+TEST_F(SettingsWriterTest, RetriesWhileAnotherProgramHoldsTheFile) {
   const int theirs = holdTheFolder();
   QtPreferences preferences(path);
   const auto begun = Clock::now();
   preferences.setNumber("a", 1);
   ASSERT_TRUE(eventually([] { return disk.count(&SlowDisk::lockings) >= 6; }));
-  // Ever less often: 10, 20, 40, 80 and 160 ms between the six; a slow machine takes longer.
+  // 10, 20, 40, 80 and 160 ms between the six attempts; a slow machine takes longer.
   EXPECT_GE(Clock::now() - begun, 310ms);
   EXPECT_EQ(read(), "");
   close(theirs);
   EXPECT_TRUE(saves("a=1"));
 }
 
-TEST_F(SettingsWriterTest, TheEndWaitsForAnotherProgramForASecond) {
+TEST_F(SettingsWriterTest, WaitsAtTheEndForAnotherProgram) {
   const int theirs = holdTheFolder();
   const auto begun = Clock::now();
   {
