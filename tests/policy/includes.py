@@ -41,7 +41,6 @@ EXTRA = {
     "platform/qt/settings_file.cpp": {"posix"},
     "ui/app/dark_frame.cpp": {"xcb"},
     "ui/app/session_bus.cpp": {"posix"},
-    "ui/speech/speech.cpp": {"ui/model/tuner_model.h"},
 }
 # Folders whose types the QML of a folder may use.
 QML_ALLOWED = {
