@@ -85,7 +85,7 @@ def feed(channels: int = 1, frames: int | None = None, rate: int = 2, odd: int =
 
 RESET = b"\5"
 DETECT = b"\6"
-DONE = b"\0\0"  # of a detection: nothing comes meanwhile, and there is a reading
+DONE = b"\0\0"  # a detection with a reading and without concurrent sound
 
 
 def meanwhile(action: bytes) -> bytes:

@@ -10,16 +10,16 @@ from typing import NamedTuple
 from .microphone import RATE
 
 BLOCK, HOP = 8192, 4096
-STEP = 64  # frames between the phases that are tried
-SOON = 1.0  # seconds: no string of a sequence is shorter
+STEP = 64  # frames between the phases
+SOON = 1.0  # seconds; every string of a sequence is longer
 NAMES = ("C", "C♯", "D", "D♯", "E", "F", "F♯", "G", "G♯", "A", "A♯", "B")
 
 
 class Needed(NamedTuple):
     """For one string, in seconds from its onset."""
 
-    whole: float  # to the end of the first block that is all of it
-    named: float  # to the end of the first block in which the detector finds it
+    whole: float  # to the end of the first block of this string alone
+    named: float  # to the end of the first block that names it
 
 
 def needed(replay: pathlib.Path, sound: array.array,
@@ -36,7 +36,7 @@ def _needed(blocks: list[tuple[int, int | None]], key: int, begin: int) -> Neede
     whole = next(end for end, _ in after if end - BLOCK >= begin)
     named = next((end for end, found in after if found == key), None)
     if named is None:
-        raise RuntimeError(f"no block names the string {key} that begins at frame {begin}")
+        raise RuntimeError(f"no block names the string {key} at frame {begin}")
     return Needed((whole - begin) / RATE, (named - begin) / RATE)
 
 

@@ -13,20 +13,20 @@ from .microphone import RATE, PipedRoom, silence
 from .picture import Shape
 from .subject import NOTE, Subject, moment_when
 
-LEARN_SECONDS = 1.2  # the name of a string is read from the screen this long after its onset
+LEARN_SECONDS = 1.2  # from the onset of a string to reading its name from the screen
 STRING_SECONDS = 1.0
 # The golden section spreads any number of onsets evenly over the period of the blocks.
 SPREAD = (5 ** 0.5 - 1) / 2
-AUDIBLE = 0.01  # of the loudest sample: what comes before is the sampler's own silence
+AUDIBLE = 0.01  # of the loudest sample; skips the sampler's initial silence
 
 
 class Delays(NamedTuple):
     """In milliseconds, ascending, without strings that were never shown."""
 
     values: list[float]
-    own: list[float]  # less what the blocks themselves take, string by string
+    own: list[float]  # the program's share, by string
     onsets: int
-    late_blocks: int  # onsets whose first block that is all of the string does not yet name it
+    late_blocks: int  # onsets whose first block of this string alone does not name it
 
 
 def at(values: list[float], share: float) -> float:

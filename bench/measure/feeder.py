@@ -8,7 +8,7 @@ import time
 
 RATE = 48000
 BYTES_PER_FRAME = 4
-CHUNK_FRAMES = 2048  # what the tuner asks a sound card for
+CHUNK_FRAMES = 2048  # the tuner's fragment size
 LEAD_SECONDS = 0.1
 
 

@@ -26,8 +26,8 @@ def measure(subject: Subject, room: PipedRoom, seconds: float) -> Frames:
         shown = _changes(subject, seconds)
         room.hear_no_more()
     expected = math.floor(seconds * RATE / HOP)
-    if shown > expected + 1:  # one more may begin or end within the time
-        raise RuntimeError(f"{shown} levels were seen of {expected} blocks")
+    if shown > expected + 1:  # one more may be partly within the time
+        raise RuntimeError(f"{shown} levels seen for {expected} blocks")
     return Frames(min(shown, expected), expected)
 
 

@@ -14,7 +14,7 @@ SETTLE_SECONDS = 8
 
 class Load(NamedTuple):
     percent: float  # of one processor
-    wakeups: dict[str, float]  # a second, by the name of the thread
+    wakeups: dict[str, float]  # per second, by thread name
 
     @property
     def all_wakeups(self) -> float:

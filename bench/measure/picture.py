@@ -46,7 +46,7 @@ class Shape:
     SAME = 0.1
 
     def __init__(self, pixels: bytes):
-        brightness = pixels[1::BYTES_PER_PIXEL]  # green, which every colour of a note has
+        brightness = pixels[1::BYTES_PER_PIXEL]  # green, a part of every note colour
         middle = (min(brightness) + max(brightness)) // 2
         table = bytes(1 if value > middle else 0 for value in range(256))
         self._mask = int.from_bytes(brightness.translate(table), "little")

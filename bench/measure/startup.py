@@ -36,11 +36,11 @@ def _learn(subject: Subject) -> tuple[bytes, Shape]:
 
 def _start_once(subject: Subject, button: bytes, shape: Shape) -> tuple[float, float]:
     if moment_when(lambda: subject.pixels(PLAY_BUTTON) != button) is None:
-        raise RuntimeError("the window of the last run is still there")
+        raise RuntimeError("the previous window still exists")
     start = time.monotonic()
     with subject.running():
         frame = moment_when(lambda: subject.pixels(PLAY_BUTTON) == button)
         reading = moment_when(lambda: Shape(subject.pixels(NOTE)).is_like(shape))
     if frame is None or reading is None:
-        raise RuntimeError("the window did not come, or heard nothing")
+        raise RuntimeError("the window did not appear, or heard nothing")
     return frame - start, reading - start

@@ -9,7 +9,7 @@ class Work(NamedTuple):
     """Since the process began."""
 
     seconds: float  # of one processor
-    wakeups: dict[str, int]  # by the name of the thread
+    wakeups: dict[str, int]  # by thread name
 
     def since(self, earlier: "Work") -> "Work":
         return Work(self.seconds - earlier.seconds,

@@ -30,7 +30,7 @@ TEST_F(PitchCaptureBlocks, FirstTwoBuffersGiveOneBlockThenOneEach) {
     expectBlocksOfTheRamp(number);
   }
   probe.consumeRamp(4095);
-  EXPECT_EQ(blocks(), 3U) << "exactly half a block is kept";
+  EXPECT_EQ(blocks(), 3U) << "half a block is kept";
   probe.consumeRamp(1);
   expectBlocksOfTheRamp(4);
 }

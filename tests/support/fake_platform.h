@@ -181,7 +181,7 @@ class FakeUrlOpener final : public UrlOpener {
   std::vector<std::string> opened;
 };
 
-/// A fake platform for an engine, and a way to send it readings.
+/// A fake platform for an engine.
 struct World {
   std::shared_ptr<ManualClock> clock = std::make_shared<ManualClock>();
   std::shared_ptr<ManualMainQueue> mainQueue = std::make_shared<ManualMainQueue>();

@@ -13,7 +13,7 @@ import sys
 import threading
 
 FRAME = struct.Struct(">5I")  # length, channel, offset (two words), flags
-CONTROL = 0xFFFFFFFF  # the channel of what is no sound
+CONTROL = 0xFFFFFFFF  # the channel of control packets
 ERROR, CREATE_RECORD_STREAM, AUTH = 0, 5, 8
 ACCESS_DENIED = 1
 

@@ -63,7 +63,7 @@ void waitFor(const std::string& what, const std::function<bool()>& condition) {
   const auto deadline = std::chrono::steady_clock::now() + longestWait;
   while (!condition()) {
     if (std::chrono::steady_clock::now() > deadline) {
-      throw std::runtime_error("waited in vain for " + what);
+      throw std::runtime_error("timed out waiting for " + what);
     }
     std::this_thread::sleep_for(std::chrono::milliseconds(5));
   }

@@ -47,7 +47,7 @@ def programs_of(root: str) -> list[str]:
         try:
             if f"={root}/".encode() in (process / "environ").read_bytes():
                 found.append((process / "comm").read_text().strip())
-        except OSError:  # It ended meanwhile, or is another user's.
+        except OSError:  # Ended, or another user's.
             continue
     return found
 

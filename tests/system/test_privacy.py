@@ -117,7 +117,7 @@ def lay_decoys(folder: pathlib.Path) -> None:
     for name in DECOYS:
         decoy = folder / name
         decoy.parent.mkdir(parents=True, exist_ok=True)
-        decoy.write_text("this is no code, and whoever loads it fails\n")
+        decoy.write_text("not code; loading it fails\n")
 
 
 if __name__ == "__main__":

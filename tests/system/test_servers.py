@@ -22,7 +22,7 @@ GUITAR_A, GUITAR_D = 45, 50
 # The default tone is the guitar's second string.
 TONE_HERTZ = 110.0
 SANDBOX = pathlib.Path(os.environ["CORVANE_SOURCE"], "tests/support/no_recordings.py")
-UNMEASURED_SECONDS = 1.35  # from the press of the button
+UNMEASURED_SECONDS = 1.35  # from the press
 
 
 class OnAServer:

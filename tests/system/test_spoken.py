@@ -19,7 +19,7 @@ BLOCK = re.compile(r"(?<=<!-- transcript -->\n```\n).*?(?=```\n)", re.DOTALL)
 E2 = 40
 # In cents, as a guitarist turns the peg between plucks.
 PLUCKS = (-40, -28, -16, -8, 0)
-WORDS_A_SECOND = 2  # of a meter
+WORDS_A_SECOND = 2  # per meter
 SILENCE = "Play a note"
 FLAT = re.compile(r"E2, (\d+) cents flat")
 IN_TUNE = "E2, in tune"

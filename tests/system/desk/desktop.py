@@ -11,7 +11,7 @@ from .processes import Processes
 from .waiting import EVENTUALLY_SECONDS, wait_until
 
 Size = tuple[int, int]  # in pixels
-SCREEN = (2560, 1440)  # room for a window that is far larger than the tuner needs
+SCREEN = (2560, 1440)  # room for a very large window
 
 _DESKTOP_VARIABLES = ("DISPLAY", "WAYLAND_DISPLAY", "XAUTHORITY", "SESSION_MANAGER", "LANGUAGE")
 _DESKTOP_PREFIXES = ("DBUS_", "AT_SPI_", "PULSE_", "PIPEWIRE_", "WIREPLUMBER_", "XDG_", "QT_",

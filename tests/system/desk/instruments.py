@@ -9,15 +9,15 @@ import wave
 
 SOUND_FONT = "/usr/share/sounds/sf2/TimGM6mb.sf2"
 SAMPLE_RATE = 48000
-PEAK = 0.5  # of full scale: a microphone near the instrument, with room left
+PEAK = 0.5  # of full scale, like a microphone near the instrument
 RELEASE_SECONDS = 0.2
 
 # The default tempo of a MIDI file is 120 beats a minute.
 TICKS_PER_BEAT = 500
 TICKS_PER_SECOND = 2 * TICKS_PER_BEAT
-VELOCITY = 100  # of 127: how hard it is played
+VELOCITY = 100  # of 127
 BEND_CENTRE = 8192
-BEND_CENTS = 200.0  # a synthesizer's bend range unless told otherwise: two semitones each way
+BEND_CENTS = 200.0  # the default bend range: two semitones each way
 
 STEEL_GUITAR = 25
 FINGERED_BASS = 33
@@ -79,7 +79,7 @@ def _midi(note: Note) -> bytes:
     0.025 cents."""
     bend = BEND_CENTRE + round(note.detune_cents / BEND_CENTS * BEND_CENTRE)
     if not 0 <= bend < 2 * BEND_CENTRE:
-        raise ValueError(f"{note.detune_cents} cents is more than a pitch bend can do")
+        raise ValueError(f"{note.detune_cents} cents exceed the pitch bend range")
     track = b"".join([
         _event(0, 0xC0, note.program),
         _event(0, 0xE0, bend & 0x7F, bend >> 7),

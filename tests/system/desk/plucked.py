@@ -5,8 +5,8 @@ import math
 import pathlib
 import wave
 
-SAMPLE_RATE = 24000  # enough for what a string sounds like, in half the time
-PARTIALS = (1.0, 0.6, 0.4, 0.25, 0.15)  # how loud each is
+SAMPLE_RATE = 24000  # sufficient for a string, and fast
+PARTIALS = (1.0, 0.6, 0.4, 0.25, 0.15)  # amplitudes
 PEAK = 0.4  # of full scale
 DECAY_SECONDS = 1.5  # to a third
 SECONDS = 1.2

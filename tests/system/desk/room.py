@@ -15,7 +15,7 @@ from .waiting import EVENTUALLY_SECONDS, wait_until
 
 SPEAKER = "room"
 MICROPHONE = "mic"
-PIECE = 4096  # bytes, which a pipe takes at once
+PIECE = 4096  # bytes, written to a pipe atomically
 REST_SECONDS = 0.25
 
 
@@ -113,7 +113,7 @@ class Room:
                 stdout=subprocess.PIPE) as recorder:
             try:
                 recording = Recording(recorder.stdout)
-                recording.quarter()  # From now on it is heard at once.
+                recording.quarter()  # Discard the delayed start.
                 yield recording
             finally:
                 recorder.terminate()

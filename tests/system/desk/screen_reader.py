@@ -33,9 +33,9 @@ STATES = {pyatspi.ROLE_RADIO_BUTTON: ("not selected", "selected"),
 class Change(NamedTuple):
     """A changed text on the screen."""
 
-    seconds: float  # of the monotonic clock, no earlier than the change
+    seconds: float  # monotonic clock, not before the change
     kind: str
-    of: str  # the item's name by then
+    of: str  # the item's name at that time
 
 
 class ScreenReader:
@@ -43,8 +43,8 @@ class ScreenReader:
     waits."""
 
     def __init__(self) -> None:
-        self.words: list[str] = []  # that were said
-        self.changes: list[Change] = []  # of which nothing is said
+        self.words: list[str] = []  # spoken
+        self.changes: list[Change] = []  # not spoken
         self._focused: pyatspi.Accessible | None = None
         self._answers: dict[str, Callable[[Atspi.Event], str]] = {
             FOCUS: self._on_focus, SHOWING: self._on_showing, CHECKED: self._on_checked,
@@ -71,7 +71,7 @@ class ScreenReader:
             self.wait_for(lambda: self.focused() != before)
             if self.focused() == name:
                 return
-        raise LookupError(f"the keyboard does not get to {name}")
+        raise LookupError(f"{name} did not get the focus")
 
     def focused(self) -> str:
         """The name of the focused item."""
@@ -97,7 +97,7 @@ class ScreenReader:
             pass
 
     def _hear(self, event: Atspi.Event) -> None:
-        with contextlib.suppress(GLib.Error):  # What it is of may have gone away since.
+        with contextlib.suppress(GLib.Error):  # The item may no longer exist.
             kind = event.type.removesuffix(":system")
             if kind in (NAME, DESCRIPTION):
                 self.changes.append(Change(time.monotonic(), kind, event.source.name))

@@ -13,7 +13,7 @@ from gi.repository import GLib
 
 from .waiting import EVENTUALLY_SECONDS, wait_until
 
-Reading = dict[str, str]  # the name of each item that has a description, by the latter
+Reading = dict[str, str]  # description of an item to its name
 
 VERDICTS = ("In tune", "Flat", "Sharp")
 # The roles of items in a list; Qt uses the second for items of any list.
@@ -93,7 +93,7 @@ class Window:
         try:
             return [Item(found, states) for found in self._all()
                     if (states := found.getState()).contains(pyatspi.STATE_SHOWING)]
-        except GLib.Error:  # An item went away while it was being asked.
+        except GLib.Error:  # An item disappeared during the query.
             return []
 
     def _wait_for_items(self) -> list[Item]:
