@@ -1,7 +1,9 @@
 #include "ui/controls/pressable.h"
 
+#include <QQuickWindow>
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace corvane {
 namespace {
@@ -20,11 +22,53 @@ bool presses(const QKeyEvent& event) {
 
 }  // namespace
 
+/// Receives the hover events of its window for all its pressables. Qt delivers a hover event before
+/// every frame, item by item until one accepts; this item is first, and searches the pressables only
+/// when the mouse has moved.
+class Pressable::HoverArea final : public QQuickItem {
+ public:
+  static HoverArea* of(const QQuickWindow& window) {
+    for (QQuickItem* const item : window.contentItem()->childItems()) {
+      if (auto* const area = dynamic_cast<HoverArea*>(item)) return area;
+    }
+    return new HoverArea(window.contentItem());
+  }
+
+  bool contains(const QPointF&) const override { return true; }
+
+  std::vector<Pressable*> all;
+
+ protected:
+  void hoverEnterEvent(QHoverEvent* event) override { search(event->position()); }
+  void hoverMoveEvent(QHoverEvent* event) override {
+    if (event->position() != event->oldPosF()) search(event->position());
+  }
+  void hoverLeaveEvent(QHoverEvent*) override {
+    for (Pressable* const each : all) each->setHovered(false);
+  }
+
+ private:
+  explicit HoverArea(QQuickItem* content) : QQuickItem(content) {
+    setAcceptHoverEvents(true);
+    setZ(0.5);  // Menus are above it.
+  }
+
+  void search(QPointF place) {
+    for (Pressable* const each : all) {
+      each->setHovered(each->isVisible() && each->isEnabled() &&
+                       each->contains(each->mapFromItem(this, place)));
+    }
+  }
+};
+
 Pressable::Pressable(QQuickItem* parent) : QQuickItem(parent) {
   // Qt sends unaccepted touch events as mouse events.
   setAcceptedMouseButtons(Qt::LeftButton);
-  setAcceptHoverEvents(true);
   setActiveFocusOnTab(true);
+}
+
+Pressable::~Pressable() {
+  moveTo(nullptr);
 }
 
 void Pressable::press() {
@@ -59,17 +103,6 @@ void Pressable::mouseUngrabEvent() {
 /// A finger that slides off within one frame sends no move before the release.
 void Pressable::touchUngrabEvent() {
   mouseUngrabEvent();
-}
-
-// The parent may handle it too.
-void Pressable::hoverEnterEvent(QHoverEvent* event) {
-  setHovered(true);
-  event->ignore();
-}
-
-void Pressable::hoverLeaveEvent(QHoverEvent* event) {
-  setHovered(false);
-  event->ignore();
 }
 
 void Pressable::keyPressEvent(QKeyEvent* event) {
@@ -109,7 +142,17 @@ void Pressable::itemChange(ItemChange change, const ItemChangeData& data) {
     setHovered(false);
     mouseUngrabEvent();
   }
+  if (change == ItemSceneChange) moveTo(data.window);
   QQuickItem::itemChange(change, data);
+}
+
+void Pressable::moveTo(QQuickWindow* window) {
+  if (hoverArea) std::erase(static_cast<HoverArea&>(*hoverArea).all, this);
+  hoverArea = nullptr;
+  if (window == nullptr) return;
+  HoverArea* const area = HoverArea::of(*window);
+  area->all.push_back(this);
+  hoverArea = area;
 }
 
 void Pressable::release() {

@@ -3,6 +3,7 @@
 #include <QtQml/qqmlregistration.h>
 
 #include <QBasicTimer>
+#include <QPointer>
 #include <QQuickItem>
 
 namespace corvane {
@@ -20,6 +21,7 @@ class Pressable : public QQuickItem {
 
  public:
   explicit Pressable(QQuickItem* parent = nullptr);
+  ~Pressable() override;
 
   bool isDown() const { return down; }        ///< a release now would be a click
   bool isHovered() const { return hovered; }  ///< by the mouse
@@ -46,8 +48,6 @@ class Pressable : public QQuickItem {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseUngrabEvent() override;
   void touchUngrabEvent() override;
-  void hoverEnterEvent(QHoverEvent* event) override;
-  void hoverLeaveEvent(QHoverEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
@@ -56,6 +56,8 @@ class Pressable : public QQuickItem {
   void itemChange(ItemChange change, const ItemChangeData& data) override;
 
  private:
+  class HoverArea;
+  void moveTo(QQuickWindow* window);
   void setDown(bool now);
   void setHovered(bool now);
   void setVisualFocus(bool now);
@@ -68,6 +70,7 @@ class Pressable : public QQuickItem {
   bool autoRepeat = false;
   int repeats = 0;  ///< clicks of the current press so far
   QBasicTimer repeat;
+  QPointer<QQuickItem> hoverArea;  ///< of its window
 };
 
 }  // namespace corvane

@@ -8,6 +8,8 @@ ScreenTest {
 
     function opened() {
         const list = makePart("controls/MenuList", {
+                parent: Window.contentItem,
+                z: 1, // as a menu has
                 entries: tuner.tunings,
                 width: 300,
                 height: 200
