@@ -23,8 +23,8 @@ bool presses(const QKeyEvent& event) {
 }  // namespace
 
 /// Receives the hover events of its window for all its pressables. Qt delivers a hover event before
-/// every frame, item by item until one accepts; this item is first, and searches the pressables only
-/// when the mouse has moved.
+/// every frame, item by item until one accepts; this item is first, and searches the pressables
+/// only when the mouse has moved.
 class Pressable::HoverArea final : public QQuickItem {
  public:
   static HoverArea* of(const QQuickWindow& window) {
