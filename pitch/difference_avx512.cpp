@@ -1,5 +1,5 @@
 // AVX-512 has its own loop, because the common one is limited by loads and additions here
-// (docs/decisions/0009-difference-in-lanes.md).
+// (docs/decisions/0009-one-lag-per-lane.md).
 
 #include "pitch/difference_avx512.h"
 
