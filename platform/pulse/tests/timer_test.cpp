@@ -83,11 +83,11 @@ TEST_F(TimerTest, ArmedByItsOwnJobCallsLater) {
 /// Input may rearm a timer that is due.
 TEST(TimersOfALoop, RunAfterInputOfTheSameIteration) {
   TestClock clock;
-  PulseLoop loop(clock);
   const int other = eventfd(1, EFD_CLOEXEC | EFD_NONBLOCK);
   std::string order;
   std::promise<void> called;
-  std::optional<Timer> timer;
+  std::optional<Timer> timer;  // Destroyed after the loop, whose last job resets it.
+  PulseLoop loop(clock);
   const std::function<void()> event = [&] { order += "event "; };
   loop.async([&] {
     timer.emplace(loop.timers());
