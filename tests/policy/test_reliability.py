@@ -79,7 +79,7 @@ class Reliability(unittest.TestCase):
         self.assertTrue(self.of_command().fault)
 
     def test_invalid_arguments_give_one_line(self) -> None:
-        command = pathlib.Path(__file__).with_name("reliability")
+        command = pathlib.Path(reliability.__file__).with_name("reliability")
         for arguments in (["0"], ["-1"], ["twenty"], [""], ["20", "commands"],
                           ["2", "with-commands", "3"]):
             with self.subTest(arguments):
