@@ -32,7 +32,7 @@ TEST_F(ApplySinkTest, ReleasingTheEngineWhileAResultIsInFlightAppliesNothing) {
   EXPECT_EQ(notifications, 0);
 }
 
-/// As much room as a job needs, and no more.
+/// Holds one job, without allocating.
 class OneJobQueue final : public MainQueue {
  public:
   void async(Job job) override { waiting = std::move(job); }

@@ -14,7 +14,7 @@
 
 namespace corvane {
 
-/// An engine in a world of fakes, on a thread that plays the main thread.
+/// An engine with a fake platform, on a thread that acts as the main thread.
 class EngineTest : public testing::Test {
  protected:
   void SetUp() override { makeEngine(); }
@@ -33,7 +33,7 @@ class EngineTest : public testing::Test {
   }
   void hearNothing() { hear(std::nullopt); }
 
-  /// As if the player had begun anew: a jump empties the smoothing.
+  /// With an empty history, after a jump.
   void hearAfresh(double frequency) {
     hear(frequency * 2.0);
     hear(frequency);

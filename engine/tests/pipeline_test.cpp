@@ -1,4 +1,4 @@
-// The way of a buffer with its real threads: a tap thread, the detection queue and a main thread.
+// The path of a buffer with real threads: tap, detection queue and main thread.
 
 #include "engine/tests/engine_fixture.h"
 #include "pitch/tests/threads.h"
@@ -68,7 +68,7 @@ TEST_F(Pipeline, ReleasingTheEngineWhileDetectionRunsCallsNothing) {
 TEST_F(Pipeline, TapMainThreadAndDetectionRunAgainstEachOther) {
   engine->start();
   const std::jthread tap([call = world.input->tap](const std::stop_token& ending) {
-    // Two notes by turns: the same reading again would notify nobody.
+    // Two notes in turn, because an equal reading notifies nobody.
     const std::vector notes{signals::sine(196.0, rate, 32768), signals::sine(147.0, rate, 32768)};
     for (std::size_t i = 0; !ending.stop_requested(); ++i) push(call, notes[i % 2]);
   });

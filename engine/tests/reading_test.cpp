@@ -43,7 +43,7 @@ class Reading : public EngineTest {
     double shown;
   };
 
-  /// Each row from an empty history on.
+  /// Each row starts with an empty history.
   void expectSmoothed(const std::vector<Smoothing>& rows) {
     for (const auto& [raw, shown] : rows) {
       makeEngine();
@@ -215,8 +215,7 @@ TEST_F(Reading, SilenceWhileNotListeningReadsMicrophoneOff) {
   EXPECT_EQ(engine->state().status, "Microphone off");
 }
 
-/// A frequency as far from one MIDI note as from another, to the last bit; nothing when rounding
-/// leaves none around the middle.
+/// A frequency exactly as far from one MIDI note as from another; nothing if rounding leaves none.
 std::optional<double> tie(std::int64_t lower, std::int64_t upper, double a4) {
   const auto distance = [a4](double f, std::int64_t midi) {
     return std::abs(centsBetween(f, targetFrequency(midi, a4)));

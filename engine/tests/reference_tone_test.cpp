@@ -107,8 +107,8 @@ TEST_F(ReferenceTone, PressingAgainRestartsItAndMovesTheSuppression) {
   expectPressPlays(targetFrequency(40, 440.0));
   EXPECT_TRUE(engine->state().playingReference);
 
-  // The end of the tone that was cut off clears the flag while the new one still sounds: the flag
-  // is no count. The suppression holds until its own end all the same.
+  // The end of the tone that was cut off clears the flag while the new one sounds, because the flag
+  // is not a count. The suppression lasts until its own end.
   endTone(0);
   EXPECT_FALSE(engine->state().playingReference);
   world.clock->time += std::chrono::milliseconds(1350) - std::chrono::nanoseconds(1);

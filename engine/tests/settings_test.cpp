@@ -158,7 +158,7 @@ TEST_F(Settings, AHighlightWithoutAStringIsDropped) {
   engine->setInstrument(Instrument::bass);
   EXPECT_EQ(engine->state().highlightedString, std::nullopt);
 
-  // The guitar lacks this one and shows its first, with a string that the bass then lacks.
+  // Not a guitar tuning: the first is shown, with a string that the bass lacks.
   engine->setInstrument(Instrument::guitar);
   engine->setTuningID("b5-standard");
   EXPECT_EQ(engine->tuning().id, "g6-standard");

@@ -13,7 +13,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using namespace std::chrono_literals;
 
-/// Readings come at the capture pipeline's rate, and the looks that the announcer asks for.
+/// Calls the announcer for each reading, at the pipeline's rate, and when it asked to be called.
 class AnnouncerTest : public testing::Test {
  protected:
   static constexpr Announcer::Time hop = 93ms;  // 4096 samples of 44 100 a second
@@ -33,7 +33,7 @@ class AnnouncerTest : public testing::Test {
     now = end;
   }
 
-  /// A note that is `cents` off; none is silence.
+  /// A note with this deviation; none is silence.
   void show(const char* note, double cents = 0.0) {
     shown.heard = note != nullptr;
     shown.note = note;
@@ -47,7 +47,7 @@ class AnnouncerTest : public testing::Test {
     for (const auto end = now + lasting; now < end; passTime(hop)) look();
   }
 
-  /// To the millisecond, and without another reading.
+  /// To the millisecond, without another reading.
   void expectSaidAfter(Announcer::Time time, const char* words) {
     look();
     passTime(time - 1ms);

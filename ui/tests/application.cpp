@@ -7,10 +7,10 @@
 namespace corvane {
 namespace {
 
-/// The application of all tests in this program: without a display, but drawn as the tuner is.
+/// The application of all tests in this program: offscreen, with the tuner's render settings.
 class Application final : public testing::Environment {
   void SetUp() override {
-    // A fork of a program with the toolkit's threads may hang: it starts anew instead.
+    // A fork of a program with Qt's threads may hang, so death tests start a new process.
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);

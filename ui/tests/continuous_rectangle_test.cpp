@@ -11,10 +11,11 @@ namespace {
 
 constexpr QRectF box(10, 20, 200, 120);
 
-/// Where a circle of radius 1 in a corner cuts the diagonal, from the corner along either side.
+/// Where a circle of radius 1 in a corner crosses the diagonal, measured from the corner along a
+/// side.
 constexpr double diagonalInset = 1.0 - std::numbers::sqrt2 / 2.0;
 
-/// As far from the edge as a test must be for the rounding of 64-bit floats not to decide.
+/// Far enough from the edge that the rounding of 64-bit floats cannot decide.
 constexpr double hair = 1e-6;
 
 TEST(ContinuousRectanglePath, CrossesTheDiagonalWhereACircleDoes) {
@@ -33,7 +34,7 @@ TEST(ContinuousRectanglePath, LeavesTheSideBeforeACircleDoes) {
   EXPECT_FALSE(continuousRectangle(box, 20).contains(box.topLeft() + QPointF(24, 0.03)));
 }
 
-/// `item` at `place`, seen through `clip` alone.
+/// `item` at `place`, clipped to `clip`.
 QImage painted(const ContinuousRectangle& item, QPointF place = {}, QRect clip = {0, 0, 80, 60}) {
   QImage image(80, 60, QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
@@ -50,7 +51,7 @@ TEST(ContinuousRectangle, PaintsAStripLikeTheWhole) {
   item.setProperty("radius", 10.0);
   item.setProperty("color", QColor(255, 0, 0, 100));
   item.setSize({70, 40.5});
-  const QPointF place(4, 5.25);  // not a whole pixel
+  const QPointF place(4, 5.25);  // between pixels
   const QImage whole = painted(item, place);
   for (int left = 0; left < 80; ++left) {
     const QRect strip(left, 0, 3, 60);

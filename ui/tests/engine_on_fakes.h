@@ -7,7 +7,7 @@
 
 namespace corvane {
 
-/// A real engine in a world of fakes.
+/// A real engine with a fake platform.
 struct EngineOnFakes {
   void hear(const std::optional<PitchDetector::Reading>& reading) {
     ApplySink(engine, world.mainQueue).deliver(reading);

@@ -5,7 +5,7 @@
 
 namespace corvane {
 
-/// The screen's own model on a real engine in a world of fakes, and the strings to pull in there.
+/// The screen's model on a real engine with a fake platform, which tests control.
 class FakeTuner : public TunerModel {
   Q_OBJECT
   Q_PROPERTY(bool listening READ listening)
@@ -20,13 +20,13 @@ class FakeTuner : public TunerModel {
   Q_INVOKABLE void hear(double frequency);  ///< a reading of so many Hz
   Q_INVOKABLE void hearNothing();
   Q_INVOKABLE void start() { engine->start(); }
-  /// Listens without a microphone, which puts a message on the screen.
+  /// Starts listening without a microphone, so that the message appears.
   Q_INVOKABLE void loseMicrophone();
   Q_INVOKABLE void findMicrophone();
   Q_INVOKABLE void endTone();
 
   bool listening() const { return engine->state().listening; }
-  /// How many pages the browser was asked for.
+  /// How many pages were opened.
   int opened() const { return static_cast<int>(world->urlOpener->opened.size()); }
   int tones() const { return static_cast<int>(world->output->played.size()); }
   int lockedString() const;  ///< -1 when none is

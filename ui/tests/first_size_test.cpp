@@ -9,7 +9,7 @@
 namespace corvane {
 namespace {
 
-/// A window of this size on the screen, which is not made smaller than `minimum`.
+/// A window of this size with a minimum size.
 QSize fitted(QSize size, QSize minimum = {}) {
   QWindow window;
   window.setMinimumSize(minimum);

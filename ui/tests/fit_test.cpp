@@ -5,7 +5,7 @@
 namespace corvane {
 namespace {
 
-/// Exact but for the last bits of the two sizes that are computed.
+/// Exact except for the last bits of the two computed sizes.
 void expectFit(double width, double height, const Fit& expected) {
   Fit fit = Fit::forSize(width, height);
   EXPECT_DOUBLE_EQ(fit.note, expected.note);

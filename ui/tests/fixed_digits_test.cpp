@@ -16,7 +16,7 @@ class FixedDigitsTest : public testing::Test {
     item.setProperty("font", font);
   }
 
-  /// In whole points, as it asks the screen for room.
+  /// The implicit width, in whole points.
   double widthOf(const QString& text) {
     item.setProperty("text", text);
     return item.implicitWidth();
@@ -41,7 +41,7 @@ TEST_F(FixedDigitsTest, OnlyDigitsAreAsWideAsTheWidest) {
   }
   ASSERT_GT(widest, 0.0);
   for (const QChar digit : QStringLiteral("0123456789")) {
-    // Ten of them, so that whole points cannot hide a difference.
+    // Ten digits, so that rounding to points cannot hide a difference.
     EXPECT_EQ(widthOf(QString(10, digit)), std::ceil(10.0 * widest)) << digit.digitValue();
   }
   EXPECT_EQ(widthOf("¢"), std::ceil(QFontMetricsF(font).horizontalAdvance(u'¢')));

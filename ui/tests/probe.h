@@ -12,8 +12,7 @@
 
 namespace corvane {
 
-/// What a QML test cannot do by itself: time that passes when the test says so, a key that is held
-/// down, a screen reader.
+/// What QML tests lack: controlled time, key repeat, a screen reader.
 class Probe : public QObject {
   Q_OBJECT
 
@@ -33,14 +32,14 @@ class Probe : public QObject {
     QCoreApplication::sendEvent(object, &event);
   }
 
-  /// Runs all that falls due in the next `ms`, however long the machine takes for it.
+  /// Advances the time by `ms` and runs what is due, independent of real time.
   Q_INVOKABLE static void runFor(int ms) {
     QEventLoop loop;
     QTimer::singleShot(ms, &loop, &QEventLoop::quit);
     loop.exec();
   }
 
-  /// As the keyboard repeats a key that is held down.
+  /// Sends the auto-repeat events of a held key.
   Q_INVOKABLE static void repeatKey(QWindow* window, int key) {
     for (const auto type : {QEvent::KeyRelease, QEvent::KeyPress}) {
       QKeyEvent event(type, key, Qt::NoModifier, {}, true);

@@ -1,4 +1,4 @@
-# The QML of the screen, in one program: each file of qml/ is a group of its tests.
+# One program; each file of qml/ is a test.
 find_package(Qt6 6.4 REQUIRED COMPONENTS QuickTest)
 
 add_executable(qml_tests qml_tests.cpp fake_tuner.h fake_tuner.cpp probe.h)

@@ -14,7 +14,7 @@ class Setup : public QObject {
 
  public slots:
   void applicationAvailable() {
-    // Drawn as the program draws.
+    // The program's render settings.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     qmlRegisterType<corvane::FakeTuner>("Corvane.Fakes", 1, 0, "FakeTuner");

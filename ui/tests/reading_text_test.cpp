@@ -27,7 +27,7 @@ TEST(CentsText, HasNoSignAtExactlyZeroAndTakesItBeforeRounding) {
 }
 
 TEST(CentsText, RoundsLikePrintf) {
-  // Halves that a 64-bit float holds exactly go to the even digit.
+  // Halves that are exact in a 64-bit float round to the even digit.
   EXPECT_EQ(centsText(true, 0.25), "+0.2 ¢");
   EXPECT_EQ(centsText(true, 0.75), "+0.8 ¢");
   EXPECT_EQ(centsText(true, -2399.96), "−2400.0 ¢");

@@ -56,7 +56,7 @@ TEST_F(SpeechTest, AnnouncesTheStateWhenActivatedAgain) {
   hearA2(-12.0);
   for (int visit = 0; visit < 2; ++visit) {
     const int before = wordChanges;
-    // After the pause between two changes of the texts an observer would change them at once.
+    // After the pause between two changes of texts an observer would change them at once.
     std::this_thread::sleep_for(std::chrono::milliseconds(500));
     hearNothing();
     hearA2(-12.0);
@@ -90,17 +90,17 @@ TEST_F(SpeechTest, ChangesTheMetersWordsTwiceASecondAtMost) {
     hearA2(nearer ? -30.0 : -45.0);
     return wordChanges >= 4;
   }));
-  // A slow machine takes longer; its clocks count whole milliseconds.
+  // At least, because of slow machines; minus the clock's resolution.
   EXPECT_GE(std::chrono::steady_clock::now() - begun, std::chrono::milliseconds(3 * 500 - 1));
 }
 
 using SpeechDeathTest = SpeechTest;
 
 TEST_F(SpeechDeathTest, SaysNothingUntilTheWindowIsActive) {
-  // In a program of its own, no window of which has been active.
+  // In a new process, whose windows have never been active.
   const auto test = [this] {
     QAccessible::setActive(true);
-    // A problem would be said at once, before the words of the meters change.
+    // A problem would be announced at once, before the texts of the meters change.
     loseTheMicrophone();
     EXPECT_TRUE(eventually([this] { return wordChanges > 0; }));
     EXPECT_THAT(said, testing::IsEmpty());

@@ -27,7 +27,7 @@ class TunerModelTest : public testing::Test, protected EngineOnFakes {
     return count;
   }
 
-  /// How often the readout, the cents, the frequency and the level are reported.
+  /// How often the signals of readout, cents, frequency and level are emitted.
   template <class Action>
   std::vector<int> reports(Action action) {
     std::vector<int> counts(4);
@@ -170,7 +170,7 @@ TEST_F(TunerModelTest, StopsAtAnInstrumentThatDoesNotExist) {
 }
 
 TEST_F(TunerModelTest, ChoosingATuningAlwaysReturnsToAutomaticStringChoice) {
-  for (const char* tuning : {"g6-dropd", "g6-dropd"}) {  // also the one that is chosen already
+  for (const char* tuning : {"g6-dropd", "g6-dropd"}) {  // the second time it is already chosen
     model.toggleLock(3);
     EXPECT_GT(countOf(&TunerModel::lockChanged, [&] { model.chooseTuning(tuning); }), 0);
     EXPECT_FALSE(model.locked());

@@ -24,8 +24,7 @@ class VectorItemTest : public testing::Test {
     window.show();
   }
 
-  /// How many pixels are not as black as the ground, inside and outside of the area, with the item
-  /// at this height in it.
+  /// The number of non-black pixels inside and outside of the area, with the item at this y.
   std::pair<int, int> inkInsideAndOutside(double y) {
     item.setY(y);
     const QImage image = window.grabWindow();
@@ -57,7 +56,7 @@ TEST_F(VectorItemTest, InheritsOpacity) {
   EXPECT_NEAR(qGray(window.grabWindow().pixel(80, 70)), 127.5, 0.5);
 }
 
-/// Counts how often it is painted.
+/// Counts its paint calls.
 class Probe : public VectorItem {
  public:
   Probe(QQuickItem* parent, QPointF place) : VectorItem(parent) {

@@ -9,7 +9,7 @@
 namespace corvane::sheet {
 namespace {
 
-/// The screen on a desktop whose windows have this colour, and its texts the other.
+/// The screen on a desktop with these window and text colours.
 QImage pictureOn(const QColor& window, const QColor& text) {
   const QPalette before = QGuiApplication::palette();
   QGuiApplication::setPalette(QPalette(text, window, window, window, window, text, window));
@@ -19,7 +19,7 @@ QImage pictureOn(const QColor& window, const QColor& text) {
 }
 
 TEST(Appearance, TheScreenIsDarkInALightAndInADarkAppearance) {
-  pictureOn(Qt::white, Qt::black);  // the first note that is drawn differs a little from all others
+  pictureOn(Qt::white, Qt::black);  // the first drawing of a note differs slightly from later ones
   const QImage onLight = pictureOn(Qt::white, Qt::black);
   EXPECT_EQ(onLight, pictureOn(Qt::black, Qt::white));
   EXPECT_EQ(onLight.pixelColor(0, 0).rgb(), TunerTheme::bg.rgb());

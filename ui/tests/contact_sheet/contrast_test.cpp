@@ -30,7 +30,7 @@ double contrast(const QColor& one, const QColor& other) {
   return (lighter + 0.05) / (darker + 0.05);
 }
 
-/// What is seen of `ink` on `ground`.
+/// The visible colour of `ink` on `ground`.
 QColor over(const QColor& ink, const QColor& ground) {
   const auto mixed = [&](float (QColor::*channel)() const) {
     return (ink.*channel)() * ink.alphaF() + (ground.*channel)() * (1.0F - ink.alphaF());
@@ -38,13 +38,13 @@ QColor over(const QColor& ink, const QColor& ground) {
   return QColor::fromRgbF(mixed(&QColor::redF), mixed(&QColor::greenF), mixed(&QColor::blueF));
 }
 
-/// A step of the picture's 8 bits for each layer.
+/// One step of 8 bits for each layer.
 bool isNear(const QColor& one, const QColor& other) {
   return std::abs(one.red() - other.red()) <= 2 && std::abs(one.green() - other.green()) <= 2 &&
          std::abs(one.blue() - other.blue()) <= 2;
 }
 
-/// A line of a table in the document.
+/// A row of a table in the document.
 struct Pair {
   QString what;
   QColor ink;
@@ -70,14 +70,14 @@ std::vector<Pair> pairsUnder(const QString& title) {
 
 class Contrast : public testing::Test {
  protected:
-  /// Every verdict, and what else comes up while the screen is used.
+  /// Every verdict, and every state of the controls.
   static std::vector<Scene> looks() {
     std::vector<Scene> found = scenes();
     std::erase_if(found, [](const Scene& scene) {
       return scene.area != QSize(480, 860) || scene.textZoom != 1.0;
     });
-    // With the keyboard at Help, the picker, the switch, which is on then, the tuning, whose list
-    // is open then, and the stepper, which is at the end of its range then.
+    // With the focus on Help, on the picker, on the switch turned on, on the tuning with its list
+    // open, and on the stepper at the end of its range.
     const auto addWithKeys = [&](int presses, int times, int key) {
       found.push_back(particularScenes().front());
       found.back().keys = tabs(presses);
@@ -92,7 +92,7 @@ class Contrast : public testing::Test {
     return found;
   }
 
-  /// Marks the line of what is seen; there must be one.
+  /// Marks the row of what is visible; there must be one.
   template <class Seen>
   static void find(std::vector<Pair>& known, const Seen& seen, const QString& name,
                    const Scene& scene) {
@@ -121,7 +121,7 @@ class Contrast : public testing::Test {
 TEST_F(Contrast, IsThatOfTheGuidelines) {
   EXPECT_DOUBLE_EQ(contrast(Qt::black, Qt::white), 21.0);
   EXPECT_DOUBLE_EQ(contrast(Qt::white, Qt::white), 1.0);
-  // The grey that the guidelines' own examples give as the lightest that passes on white.
+  // The lightest grey that passes on white in the guidelines' examples.
   EXPECT_NEAR(contrast(QColor("#767676"), Qt::white), 4.54, 0.005);
 }
 
@@ -155,7 +155,7 @@ TEST_F(Contrast, IsInTheDocumentForAllMarksOnTheScreen) {
   for (const Scene& scene : looks()) {
     for (const MarkSeen& mark : marksOf(scene)) find(marks, mark, mark.kind, scene);
   }
-  // A mark is looked at in its middle or at its left edge, and in a list at what is inside of it.
+  // A mark is sampled in its middle or at its left edge, in a list inside it.
   EXPECT_THAT(unseen(marks),
               testing::ElementsAre("needle on the band: flat", "needle on the band: sharp",
                                    "outline of a menu"));

@@ -1,8 +1,8 @@
 // contact_sheet update SET FOLDER: writes a picture of each state.
-// contact_sheet compare SET FOLDER SEEN: fails where a state looks different from its picture in
-// FOLDER, or has none; writes what it saw to SEEN.
-// SET is "all", "scales" for the few that are drawn for each QT_SCALE_FACTOR, "displays" for the
-// smallest and the largest display, or "screenshots" for those that software centres show.
+// contact_sheet compare SET FOLDER SEEN: fails if a state differs from its picture in FOLDER or has
+// none; writes what was drawn to SEEN.
+// SET is "all", "scales" (for each QT_SCALE_FACTOR), "displays" (the smallest and the largest), or
+// "screenshots" (for software centres).
 
 #include <QDir>
 #include <QFile>
@@ -22,7 +22,7 @@ QString fileIn(const QString& folder, const Scene& scene) {
   return folder + "/" + scene.name + ".png";
 }
 
-/// Of this minor version of Qt, where it rasterises a text of the scene otherwise than the others.
+/// The picture for this minor version of Qt, if it draws a text of the scene differently.
 QString goldenIn(const QString& folder, const Scene& scene) {
   const QString version = QString(qVersion()).section('.', 0, 1);
   const QString own = folder + "/" + scene.name + ".qt" + version + ".png";
@@ -43,7 +43,7 @@ int update(const std::vector<Scene>& set, const QString& folder) {
   return 0;
 }
 
-/// True when the scene looks as its picture; says on standard output how it differs.
+/// True if the scene equals its picture; prints the difference.
 bool looksTheSame(const Scene& scene, const QString& golden, const QString& seen) {
   const QImage shown = picture(scene);
   const QImage expected = QImage(goldenIn(golden, scene)).convertToFormat(shown.format());
@@ -82,7 +82,7 @@ int main(int argc, char** argv) {
   QGuiApplication app(argc, argv);
   QGuiApplication::setFont(QFont("DejaVu Sans"));
   const int status = run(QGuiApplication::arguments());
-  // Qt 6.4 on Wayland sometimes waits for ever for its event thread when the application ends.
+  // Qt 6.4 on Wayland can wait forever for its event thread when the application is destroyed.
   std::fflush(nullptr);
   std::_Exit(status);
 }

@@ -22,14 +22,14 @@
 namespace corvane::sheet {
 namespace {
 
-/// The time of all that moves: it stands still but for this.
+/// The clock of all animations, which the tests advance.
 class Arrival final : public QAnimationDriver {
  public:
   Arrival() { install(); }
   ~Arrival() override { uninstall(); }
 
   void complete() {
-    QCoreApplication::processEvents();  // begins and ends what moves
+    QCoreApplication::processEvents();  // starts and ends animations
     while (isRunning()) {
       time += 1000;
       advance();
@@ -58,7 +58,7 @@ class Stage : private EngineOnFakes {
   TunerModel& tuner() { return model; }
 
  private:
-  /// Of the locked string, or else of the middle one.
+  /// The locked string's, or the middle one's.
   double frequencyOff(double cents) const {
     const auto& strings = engine->tuning().strings;
     const auto middle = static_cast<std::int64_t>(strings.size() / 2);
@@ -85,7 +85,7 @@ class Shown {
     const int menuBar = screen->minimumHeight() - 680;
     screen->resize((scene.area + QSize(0, menuBar)) * scene.textZoom);
     screen->show();
-    // Where there is nothing to hover over: at the empty end of the menu bar.
+    // At the empty end of the menu bar, where nothing reacts to hovering.
     QCursor::setPos(screen->mapToGlobal(QPoint(screen->width() - 1, 0)));
     if (!scene.keys.empty()) {
       screen->requestActivate();
@@ -98,7 +98,7 @@ class Shown {
 
   QQuickWindow& window() { return *screen; }
 
-  /// The picture once everything that moves has arrived.
+  /// The picture after all animations.
   QImage atRest() {
     QImage last;
     QImage next = screen->grabWindow();
@@ -111,7 +111,7 @@ class Shown {
   }
 
  private:
-  /// As the program does it.
+  /// As in the program.
   void drawAsEnlarged() {
     QFont unfitted = font;
     unfitted.setHintingPreference(QFont::PreferNoHinting);
@@ -153,7 +153,7 @@ std::vector<QQuickItem*> visibleBelow(const QQuickItem& item) {
   return found;
 }
 
-/// By more than the rounding of a layout.
+/// By more than the layout's rounding.
 bool isLargerThanItsRoom(const QQuickItem& text) {
   const QVariant width = text.property("contentWidth");
   const QVariant height = text.property("contentHeight");
@@ -161,14 +161,14 @@ bool isLargerThanItsRoom(const QQuickItem& text) {
          (height.isValid() ? height.toDouble() : text.implicitHeight()) > text.height() + 0.5;
 }
 
-/// What is to be looked at: the list that is open, else all of the window.
+/// The open list, or else the whole window.
 std::vector<QQuickItem*> itemsInFront(QQuickWindow& window) {
   const auto all = visibleBelow(*window.contentItem());
   const auto list = std::ranges::find_if(all, [](const QQuickItem* item) {
     return QLatin1String(item->metaObject()->className()).startsWith(QLatin1String("MenuList_"));
   });
   if (list == all.end()) return all;
-  // Rows that would have to be scrolled to exist too.
+  // Includes rows outside the visible part.
   auto rows = visibleBelow(**list);
   std::erase_if(rows, [view = (*list)->boundingRect(), list](const QQuickItem* item) {
     return !view.contains(item->mapRectToItem(*list, item->boundingRect()));
@@ -182,14 +182,14 @@ QColor withOpacityOf(const QQuickItem& item, const char* property) {
   return ink;
 }
 
-/// The color of the middle of a pixel's square, `x` and `y` of which are inside `item`.
+/// The color of the pixel at `x` and `y` of `item`.
 QColor colorAt(const QImage& picture, const QQuickItem& item, double x, double y) {
   const QPointF place = item.mapToScene(QPointF(x, y)) * picture.devicePixelRatio();
   return picture.pixelColor(static_cast<int>(std::floor(place.x())),
                             static_cast<int>(std::floor(place.y())));
 }
 
-/// Of the channel that differs most.
+/// The largest difference of a channel.
 int distance(QRgb a, QRgb b) {
   return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
                    std::abs(qBlue(a) - qBlue(b))});
@@ -229,7 +229,7 @@ std::vector<MarkSeen> marksOf(const Scene& scene) {
     if (isText(*item)) item->setOpacity(0.0);
   }
   std::vector<MarkSeen> marks;
-  // From the front to the back, so that nothing hides what a mark stands on.
+  // From front to back, so that nothing hides the background of a mark.
   std::ranges::reverse(items);
   for (QQuickItem* item : items) {
     if (!isMark(*item) || item->width() < 1.0 || item->height() < 1.0) continue;

@@ -7,11 +7,11 @@
 
 namespace corvane::sheet {
 
-/// The window as it is drawn for a scene, its needles at rest. Needs a running application.
+/// The window drawn for a scene, needles at rest. Needs an application.
 QImage picture(const Scene& scene);
 
-/// A text of the screen, in its own colour and opacity, and the middle of what it stands on. Where
-/// a list is open, those of the list.
+/// A text of the screen, or of the open list, with its colour and opacity, and the colour below its
+/// middle.
 struct TextSeen {
   QString text;
   QColor ink;
@@ -19,7 +19,7 @@ struct TextSeen {
 };
 std::vector<TextSeen> textsOf(const Scene& scene);
 
-/// A shape or the outline of one, in the same way.
+/// A shape or its outline, likewise.
 struct MarkSeen {
   QString kind;  ///< of the item
   QColor ink;
@@ -27,14 +27,13 @@ struct MarkSeen {
 };
 std::vector<MarkSeen> marksOf(const Scene& scene);
 
-/// The texts of which not all is to be seen.
+/// The texts that are cut off.
 std::vector<QString> cutTextsOf(const Scene& scene);
 
-/// How many pixels have a channel that differs by 24 steps of 255 or more, or all where the sizes
-/// differ. 0 where these are 32 at most and none of them differs by 72: versions of FreeType smooth
-/// the edges of at most 20 pixels differently, by up to 64, while the strokes of any text are more
-/// than 100 from their ground. The first big note that is drawn differs from the next ones by up to
-/// 19.
+/// The number of pixels with a channel that differs by 24 of 255 or more; all if the sizes differ.
+/// 0 if these are at most 32 and none differs by 72: versions of FreeType smooth the edges of at
+/// most 20 pixels differently, by up to 64, while the strokes of any text are more than 100 from
+/// their background. The first drawing of the big note differs from later ones by up to 19.
 int differentPixels(const QImage& a, const QImage& b);
 
 }  // namespace corvane::sheet

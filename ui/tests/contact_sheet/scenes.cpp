@@ -62,7 +62,7 @@ std::vector<Scene> particularScenes() {
   Scene locked = guitar("locked-chip", area);
   locked.locked = 1;
   Scene ringOnChip = guitar("ring-on-a-chip", area);
-  ringOnChip.keys = tabs(9);  // past Help, the instruments, the switch, the tuning and "Auto"
+  ringOnChip.keys = tabs(9);  // past Help, instruments, switch, tuning and "Auto"
   Scene list = guitar("open-list", area);
   list.keys = tabs(6);
   list.keys.insert(list.keys.end(), {Qt::Key_Space, Qt::Key_Down, Qt::Key_Down});

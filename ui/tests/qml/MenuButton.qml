@@ -7,7 +7,7 @@ PlainButton {
     id: root
 
     required property FakeTuner tuner
-    property real listWidth: 0 // 0 for that of the button
+    property real listWidth: 0 // 0 for the button's width
     property int alignment: Qt.AlignLeft
     readonly property alias menu: menu
 

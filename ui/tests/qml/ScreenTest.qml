@@ -3,7 +3,7 @@ import QtTest
 import Corvane
 import Corvane.Fakes
 
-// What the tests of the screen share: a fresh tuner each, and ways to find what is on the screen.
+// The base of the screen tests: a new tuner for each test, and functions to find items.
 TestCase {
     id: root
 
@@ -11,14 +11,14 @@ TestCase {
     readonly property Component tunerMaker: FakeTuner {}
     readonly property Component spyMaker: SignalSpy {}
     readonly property Probe probe: Probe {}
-    readonly property int limit: 60000 // ms, for what must happen however busy the machine is
+    readonly property int limit: 60000 // ms; generous, for busy machines
 
     width: 480
     height: 860
     visible: true
     when: windowShown
 
-    // The tuner of the last test outlives what was bound to it.
+    // The last tuner must outlive its bindings.
     function init() {
         const old = tuner;
         tuner = tunerMaker.createObject(root);
@@ -26,7 +26,7 @@ TestCase {
         mouseMove(root, root.width - 1, root.height - 1);
     }
 
-    // The rows of a table: the first cell of each is its name.
+    // The rows of a data table, named by their first cell.
     function table(columns, lines) {
         return lines.map(line => {
                 const row = {
@@ -44,28 +44,28 @@ TestCase {
         return made;
     }
 
-    // A part of the screen that has no tuner.
+    // A component without a tuner.
     function makePart(type, properties) {
         const component = Qt.createComponent(`qrc:/qt/qml/Corvane/${type}.qml`);
         compare(component.status, Component.Ready, component.errorString());
         return make(component, properties);
     }
 
-    // A part of the screen on the tuner of the test.
+    // A component with the test's tuner.
     function show(type, properties) {
         return makePart(type, Object.assign({
                     tuner: tuner
                 }, properties ?? {}));
     }
 
-    // One whose sizes follow those of the window; those of the first size unless it is told others.
+    // A component with metrics, by default those of the first window size.
     function showSized(type, properties) {
         return show(type, Object.assign({
                     metrics: tuner.fit(480, 860)
                 }, properties ?? {}));
     }
 
-    // The whole program, with the keyboard.
+    // The whole window, active.
     function showWindow(textZoom) {
         const window = show("app/Main", {
                 textZoom: textZoom ?? 1
@@ -75,7 +75,7 @@ TestCase {
         return window;
     }
 
-    // Until rows and columns have placed what stands in them, which they do before the next frame.
+    // Waits until positioners have placed their items, before the next frame.
     function settle(item) {
         if (!(item instanceof Item))
             return;
@@ -92,7 +92,7 @@ TestCase {
             });
     }
 
-    // The first arguments of the signals that a spy has seen.
+    // The first arguments of the recorded signals.
     function told(spy) {
         return spy.signalArguments.map(each => each[0]);
     }
@@ -101,19 +101,19 @@ TestCase {
         tryVerify(condition, limit, message ?? `${condition}`);
     }
 
-    // Until another frame is painted.
+    // Waits for another frame.
     function paint(item) {
         item.Window.window.update();
         verify(waitForRendering(item, limit));
     }
 
-    // An A2 that is so many cents off, until it alone is the median of the last five.
+    // An A2 with this deviation, until it is the median of the last five.
     function hearCents(cents) {
         for (let i = 0; i < 5; ++i)
             tuner.hear(110 * Math.pow(2, cents / 1200));
     }
 
-    // All items of a type below an item, also hidden ones, in the order in which they are stacked.
+    // All descendants of a type, also hidden ones, in stacking order.
     function all(item, type) {
         let found = [];
         for (let i = 0; i < item.children.length; ++i) {
@@ -152,12 +152,12 @@ TestCase {
         return found[0];
     }
 
-    // The colour of what a button stands on.
+    // The background of a button.
     function colorOf(button) {
         return String(all(button, ContinuousRectangle)[0].color);
     }
 
-    // Of an open menu, once its entries are there.
+    // The list of an open menu, once its entries exist.
     function listOf(menu) {
         verify(menu.opened);
         settle(menu.shown);
@@ -170,13 +170,13 @@ TestCase {
         return found[0];
     }
 
-    // In 8 bits a channel: texts keep no more.
+    // With 8 bits per channel, which is what texts keep.
     function compareColor(actual, expected) {
         const color = typeof expected === "string" ? Qt.color(expected) : expected;
         compare(String(actual), String(color));
     }
 
-    // Where an item is in another one, up to what the rounding of the layout may move it.
+    // Compares an item's position in another, up to the rounding of the layout.
     function verifyInside(item, outer, rounding) {
         const slack = rounding ?? 0.01;
         const place = item.mapToItem(outer, 0, 0, item.width, item.height);

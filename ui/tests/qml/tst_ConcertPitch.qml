@@ -88,7 +88,7 @@ ScreenTest {
         compare(tuner.a4, row.end);
     }
 
-    // Here no tuner keeps the value in its range.
+    // Without a tuner that clamps the value.
     function test_a_step_that_would_pass_the_end_stops_there_and_at_the_end_there_is_none() {
         const stepper = makePart("controls/Stepper", {
                 minimumValue: 377,

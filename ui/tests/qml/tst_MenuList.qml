@@ -9,7 +9,7 @@ ScreenTest {
 
     property SignalSpy picked
 
-    // With the keyboard, at the entry that is chosen.
+    // With the focus, at the chosen entry.
     function opened(height, entries) {
         const list = makePart("controls/MenuList", {
                 entries: entries ?? tuner.tunings,
@@ -23,7 +23,7 @@ ScreenTest {
         return list;
     }
 
-    // Headings from top to bottom; the rows that are not in use stand anywhere.
+    // Headings from top to bottom.
     function headings(list) {
         const first = all(list.contentItem, MenuRow).filter(each => each.heading !== "");
         first.sort((one, other) => one.y - other.y);
@@ -34,7 +34,7 @@ ScreenTest {
         return all(list, MenuEntry).filter(condition).map(each => each.title);
     }
 
-    // Where the highlight is after each of these keys.
+    // The highlighted entry after each of these keys.
     function rowsAfter(list, ...keys) {
         return keys.map(key => {
                 keyClick(key);
@@ -100,7 +100,7 @@ ScreenTest {
 
     function test_home_end_and_pages_go_no_further_than_the_ends() {
         const list = opened(200);
-        // Of seven entries to be seen the last is the first of the next page.
+        // Of seven visible entries the last is the first of the next page.
         compare(rowsAfter(list, Qt.Key_PageDown, Qt.Key_PageUp, Qt.Key_PageUp), [6, 0, 0]);
         compare(rowsAfter(list, Qt.Key_End, Qt.Key_PageDown), [22, 22]);
         eventually(() => list.atYEnd);

@@ -20,7 +20,7 @@ ScreenTest {
         return list;
     }
 
-    // From one place to the next, as a pointer that moves does.
+    // Moves the pointer from one place to the next.
     function moveOver(list, y) {
         mouseMove(list, 100, y);
         mouseMove(list, 101, y);

@@ -88,7 +88,7 @@ ScreenTest {
         compare(needle(made).goal, before);
         for (let step = 2; step <= 10; ++step)
             hearCents(3 + step * 0.003);
-        // To the tenth of a point that it may lag behind.
+        // Up to the tenth of a point that it may lag.
         eventually(() => Math.abs(centre(made) - (250 + 25 * tuner.cents)) <= 0.1);
     }
 
@@ -125,7 +125,7 @@ ScreenTest {
             ;
     }
 
-    // A change asks for a frame in 5 ms.
+    // Qt schedules a frame 5 ms after a change.
     function framesAfter(change) {
         frames.clear();
         change();

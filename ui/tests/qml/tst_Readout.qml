@@ -44,7 +44,7 @@ ScreenTest {
     }
 
     function test_a_note_of_52_has_cents_of_18_and_one_of_100_cents_of_28_and_an_octave_of_34_data() {
-        // Fonts come in whole points.
+        // Font sizes are whole.
         return table(["note", "height", "octave", "cents"], [
                 [52, 400, Math.round(0.34 * 52), 18],
                 [100, 1000, 34, 28]

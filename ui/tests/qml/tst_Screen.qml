@@ -51,7 +51,7 @@ ScreenTest {
         tuner.loseMicrophone();
         const view = sized(480, 400);
         const natural = column(view).implicitHeight;
-        // Here the sizes are as at 400, where the note is smallest already.
+        // The sizes of a height of 400, where the note has its smallest size.
         view.height = 300;
         settle(view);
         compare(column(view).implicitHeight, natural);

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// What assistive technology is told of the whole screen, and what it can do there.
+// What assistive technology can read and do on the whole screen.
 ScreenTest {
     id: test
 

@@ -55,7 +55,7 @@ ScreenTest {
     function test_a_list_opens_inside_the_enlarged_window_below_its_button() {
         const window = showWindow(2);
         const button = buttonOf(window.contentItem, "Standard");
-        paint(screen(window)); // A list closes when its window changes its size.
+        paint(screen(window)); // A resize would close the list.
         button.press();
         const ground = listOf(only(button, PullDownMenu)).parent;
         verify(ground.height > 0);
