@@ -137,7 +137,7 @@ def check_itself() -> None:
     assert not is_allowed("ui/model/tuner_model.cpp", '"', "platform/pulse/pulse_loop.h")
     assert is_allowed("ui/app/main.cpp", '"', "platform/pulse/pulse_loop.h")
     assert is_allowed("ui/model/tuner_model.h", '"', "ui/screen/fit.h")
-    assert not is_allowed("ui/paint/a.cpp", '"', "ui/model/needle.h")
+    assert not is_allowed("ui/paint/a.cpp", '"', "ui/model/reading_text.h")
     assert not is_allowed("ui/speech/speech.h", '"', "ui/screen/fit.h")
     assert named_types('Item { A.B {} /* C */ text: "D"; e: F.g } // H') == ["Item", "A", "F"]
     assert not is_allowed("ui/app/main.cpp", "<", "pulse/context.h")

@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cmath>
 
+#include "base/require.h"
+
 namespace corvane {
 namespace {
 
@@ -37,6 +39,12 @@ QString hearingText(bool heard, bool isPiano, std::string_view spelling) {
   if (!heard || isPiano || spelling.empty()) return {};
   return QStringLiteral("Hearing ") +
          QString::fromUtf8(spelling.data(), static_cast<qsizetype>(spelling.size()));
+}
+
+QString scaleText(double span) {
+  require(std::isfinite(span), "a meter's span is finite");
+  const QString whole = QString::number(static_cast<qlonglong>(span));
+  return QStringLiteral("−") + whole + QStringLiteral("   0   +") + whole;
 }
 
 }  // namespace corvane

@@ -16,4 +16,7 @@ QString frequencyText(bool heard, double hertz);
 /// there is no spelling.
 QString hearingText(bool heard, bool isPiano, std::string_view spelling);
 
+/// "−50   0   +50" for a span of 50, which must be finite.
+QString scaleText(double span);
+
 }  // namespace corvane

@@ -6,7 +6,6 @@
 #include "tunings/instrument.h"
 #include "ui/model/concert_pitch.h"
 #include "ui/model/menu_entries.h"
-#include "ui/model/needle.h"
 #include "ui/model/privacy_policy.h"
 #include "ui/model/reading_text.h"
 #include "ui/paint/tuner_theme.h"
@@ -159,14 +158,6 @@ void TunerModel::openPrivacyPolicy() {
 
 Fit TunerModel::fit(double width, double height) {
   return Fit::forSize(width, height);
-}
-
-double TunerModel::needleCentre(double width, double height, double span, double value) {
-  return corvane::needleCentre(width, height, span, value);
-}
-
-bool TunerModel::needleMoves(double width, double height, double span, double from, double to) {
-  return corvane::needleMoves(width, height, span, from, to);
 }
 
 QString TunerModel::scaleText(double span) {

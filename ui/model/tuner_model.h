@@ -115,9 +115,6 @@ class TunerModel : public QObject {
   Q_INVOKABLE void openPrivacyPolicy();
 
   Q_INVOKABLE static corvane::Fit fit(double width, double height);
-  Q_INVOKABLE static double needleCentre(double width, double height, double span, double value);
-  Q_INVOKABLE static bool needleMoves(double width, double height, double span, double from,
-                                      double to);
   Q_INVOKABLE static QString scaleText(double span);
 
  signals:

@@ -1,6 +1,5 @@
 #include "ui/paint/frame_pace.h"
 
-#include <QQmlEngine>
 #include <QQuickWindow>
 #include <QScreen>
 #include <algorithm>
@@ -28,21 +27,19 @@ FramePace::~FramePace() {
   if (living == this) living = nullptr;
 }
 
-FramePace* FramePace::create(QQmlEngine*, QJSEngine*) {
-  if (living == nullptr) return new FramePace;
-  QJSEngine::setObjectOwnership(living, QJSEngine::CppOwnership);
-  return living;
-}
-
-void FramePace::quicken(const QQuickItem* item) {
-  const double hertz = item->window() ? item->window()->screen()->refreshRate() : 0.0;
-  if (!(hertz > 0.0)) return;
-  frame = std::clamp(milliseconds(std::lround(1000.0 / hertz)), shortest, usual);
-  if (isRunning()) timer.start(static_cast<int>(frame.count()), Qt::PreciseTimer, this);
+void FramePace::quicken(const QQuickItem& item) {
+  const double hertz = item.window() ? item.window()->screen()->refreshRate() : 0.0;
+  if (living == nullptr || !(hertz > 0.0)) return;
+  living->frame = std::clamp(milliseconds(std::lround(1000.0 / hertz)), shortest, usual);
+  if (living->isRunning()) living->startTimer();
 }
 
 void FramePace::start() {
   QAnimationDriver::start();
+  startTimer();
+}
+
+void FramePace::startTimer() {
   timer.start(static_cast<int>(frame.count()), Qt::PreciseTimer, this);
 }
 

@@ -62,54 +62,14 @@ Column {
             color: Qt.alpha(TunerTheme.green, 0.35)
         }
 
-        Capsule {
-            id: needle
-
-            readonly property real place: root.tuner.heard ? Math.max(-root.span, Math.min(root.tuner.cents, root.span)) : 0
-            property real goal: 0
-            property real value: 0
-            property bool made: false
-
-            function distance(): real {
-                return Math.abs(root.tuner.needleCentre(track.width, track.height, root.span, goal) - x - width / 2);
-            }
-
-            x: root.tuner.needleCentre(track.width, track.height, root.span, value) - width / 2
+        Needle {
+            track: track.width
+            span: root.span
+            cents: root.tuner.heard ? root.tuner.cents : 0
             width: root.bar
             height: root.bar
+            radius: root.bar / 2
             color: root.tuner.needleColor
-
-            // For a move that nobody sees, the screen would be drawn three times.
-            onPlaceChanged: {
-                if (root.tuner.needleMoves(track.width, track.height, root.span, goal, place)) {
-                    goal = place;
-                    if (made)
-                        move.begin(distance() > 4);
-                    else
-                        value = goal;
-                }
-            }
-            Component.onCompleted: made = true
-
-            // Eases out in 80 ms. The first step is in the frame that shows the color and the texts of the
-            // reading; what is left of a parabola is one too.
-            NumberAnimation {
-                id: move
-
-                function begin(far: bool): void {
-                    const left = far ? 4 / 5 : 2 / 3;
-                    if (far)
-                        FramePace.quicken(needle);
-                    needle.value += (needle.goal - needle.value) * (1 - left * left);
-                    duration = 80 * left;
-                    restart();
-                }
-
-                target: needle
-                property: "value"
-                to: needle.goal
-                easing.type: Easing.OutQuad
-            }
         }
     }
 }

@@ -46,7 +46,7 @@ TEST_F(FramePaceTest, DrawsAMoveInThreeFrames) {
 TEST_F(FramePaceTest, KeepsTheDisplayRateUntilTheMoveEnds) {
   const auto usual = pace.interval();
   QQuickWindow window;
-  pace.quicken(window.contentItem());
+  FramePace::quicken(*window.contentItem());
   const auto quick =
       std::chrono::milliseconds(std::lround(1000.0 / window.screen()->refreshRate()));
   EXPECT_EQ(pace.interval(), quick);

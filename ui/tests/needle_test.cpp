@@ -1,8 +1,7 @@
-#include "ui/model/needle.h"
+#include "ui/controls/needle.h"
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <ostream>
 
 namespace corvane {
@@ -31,16 +30,6 @@ TEST(NeedleMoves, ByATenthOfAPointOnItsBar) {
   // Not laid out yet.
   EXPECT_TRUE(needleMoves(0, 16, 10, 1.0, 1.001));
   EXPECT_FALSE(needleMoves(0, 16, 10, 1.0, 1.0));
-}
-
-TEST(ScaleText, NamesBothEndsOfTheMeterInWholeCents) {
-  EXPECT_EQ(scaleText(50), "−50   0   +50");
-  EXPECT_EQ(scaleText(10.9), "−10   0   +10");
-}
-
-TEST(ScaleTextDeathTest, StopsAtASpanThatIsNotFinite) {
-  EXPECT_DEATH(scaleText(std::numeric_limits<double>::infinity()), "finite");
-  EXPECT_DEATH(scaleText(std::numeric_limits<double>::quiet_NaN()), "finite");
 }
 
 }  // namespace

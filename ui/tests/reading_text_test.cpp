@@ -5,6 +5,7 @@
 #include <QLocale>
 #include <QString>
 #include <clocale>
+#include <limits>
 #include <ostream>
 
 namespace corvane {
@@ -53,6 +54,16 @@ TEST(HearingText, NamesTheHeardNoteButNotOnThePiano) {
   EXPECT_EQ(hearingText(true, true, "A4"), "");
   EXPECT_EQ(hearingText(false, false, "A4"), "");
   EXPECT_EQ(hearingText(true, false, ""), "");
+}
+
+TEST(ScaleText, NamesBothEndsOfTheMeterInWholeCents) {
+  EXPECT_EQ(scaleText(50), "−50   0   +50");
+  EXPECT_EQ(scaleText(10.9), "−10   0   +10");
+}
+
+TEST(ScaleTextDeathTest, StopsAtASpanThatIsNotFinite) {
+  EXPECT_DEATH(scaleText(std::numeric_limits<double>::infinity()), "finite");
+  EXPECT_DEATH(scaleText(std::numeric_limits<double>::quiet_NaN()), "finite");
 }
 
 }  // namespace

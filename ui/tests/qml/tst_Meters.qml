@@ -24,7 +24,7 @@ ScreenTest {
     }
 
     function needle(meter) {
-        return all(meter, Capsule)[2];
+        return all(meter, Needle)[0];
     }
 
     function centre(meter) {
