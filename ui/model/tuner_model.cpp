@@ -1,5 +1,6 @@
 #include "ui/model/tuner_model.h"
 
+#include <cmath>
 #include <utility>
 
 #include "base/require.h"
@@ -15,6 +16,16 @@ namespace {
 
 QString qString(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QColor colorOf(const DisplayState& state) {
+  return needleColor(state.heard, state.inTune, state.cents);
+}
+
+/// In steps far below a pixel: a level that dies away goes on falling for minutes.
+double levelOf(const DisplayState& state) {
+  constexpr double steps = 1 << 20;
+  return std::round(state.signal * steps) / steps;
 }
 
 }  // namespace
@@ -48,8 +59,9 @@ void TunerModel::changed(const DisplayState& before, const DisplayState& now) {
     emit readoutChanged();
   }
   if (verdict || differ(&State::cents)) emit centsChanged();
+  if (colorOf(before) != colorOf(now)) emit needleColorChanged();
   if (differ(&State::heard, &State::frequency)) emit frequencyChanged();
-  if (differ(&State::signal)) emit levelChanged();
+  if (levelOf(before) != levelOf(now)) emit levelChanged();
   if (differ(&State::errorText)) emit errorTextChanged();
   if (differ(&State::a4)) emit a4Changed();
   if (differ(&State::playingReference)) emit playingReferenceChanged();
@@ -75,8 +87,12 @@ QString TunerModel::status() const {
   return qString(engine->state().status);
 }
 
+double TunerModel::level() const {
+  return levelOf(engine->state());
+}
+
 QColor TunerModel::needleColor() const {
-  return corvane::needleColor(engine->state().heard, engine->state().inTune, engine->state().cents);
+  return colorOf(engine->state());
 }
 
 QString TunerModel::frequencyText() const {

@@ -33,7 +33,7 @@ class TunerModel : public QObject {
   Q_PROPERTY(QString octaveLabel READ octaveLabel NOTIFY readoutChanged)
   Q_PROPERTY(QString centsText READ centsText NOTIFY centsChanged)
   Q_PROPERTY(QString status READ status NOTIFY readoutChanged)
-  Q_PROPERTY(QColor needleColor READ needleColor NOTIFY centsChanged)
+  Q_PROPERTY(QColor needleColor READ needleColor NOTIFY needleColorChanged)
   Q_PROPERTY(QString frequencyText READ frequencyText NOTIFY frequencyChanged)
   Q_PROPERTY(QString hearingText READ hearingText NOTIFY readoutChanged)
   Q_PROPERTY(double level READ level NOTIFY levelChanged)
@@ -77,8 +77,8 @@ class TunerModel : public QObject {
   QColor needleColor() const;
   QString frequencyText() const;
   QString hearingText() const;
-  double level() const { return engine->state().signal; }  ///< 0 to 1
-  QString errorText() const;                               ///< empty when there is no problem
+  double level() const;       ///< 0 to 1
+  QString errorText() const;  ///< empty when there is no problem
   Speech* speech() { return &speechItem; }
 
   QStringList instruments() const;
@@ -122,6 +122,7 @@ class TunerModel : public QObject {
   // screen evaluate few bindings.
   void readoutChanged();
   void centsChanged();
+  void needleColorChanged();
   void frequencyChanged();
   void levelChanged();
   void errorTextChanged();

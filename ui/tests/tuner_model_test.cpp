@@ -83,6 +83,23 @@ TEST_F(TunerModelTest, SignalsEachGroupThatAReadingChangesOnce) {
   EXPECT_THAT(reports([&] { hearNothing(); }), ElementsAre(0, 0, 0, 1));
 }
 
+TEST_F(TunerModelTest, ReportsNoLevelBelowWhatAScreenShows) {
+  hearA2(15.0);
+  for (int i = 0; i < 40; ++i) hearNothing();
+  EXPECT_GT(engine->state().signal, 0.0);
+  EXPECT_EQ(model.level(), 0.0);
+  EXPECT_THAT(reports([&] { hearNothing(); }), testing::Each(0));
+}
+
+TEST_F(TunerModelTest, ReportsTheNeedleColorOnlyWhenItDiffers) {
+  hearA2(15.0);
+  const auto colors = [this](double cents) {
+    return countOf(&TunerModel::needleColorChanged, [&] { hearA2(cents); });
+  };
+  EXPECT_EQ(colors(18.0), 0);
+  EXPECT_EQ(colors(-15.0) + colors(-15.0) + colors(-15.0), 1);
+}
+
 TEST_F(TunerModelTest, AnotherNoteRebuildsTheStringRowOnce) {
   hearA2(15.0);
   std::vector<int> rows;
