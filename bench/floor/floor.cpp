@@ -1,6 +1,6 @@
-// The least that a tuner on the same libraries costs: it records with the tuner's fragment size,
+// The least that a tuner on the same libraries costs. It records with the tuner's fragment size,
 // runs the tuner's detector on every block, and shows each reading in one frame of a window of the
-// same size: two moving dots, a bar and three texts. No controls, no animation, no error handling.
+// same size: two moving dots, a bar and three texts.
 
 #include <pulse/pulseaudio.h>
 
@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
-#include <optional>
 #include <thread>
 #include <vector>
 
@@ -28,6 +27,7 @@ Window {
     property real loudness: 0
     readonly property real cents: hertz > 0 ? 1200 * Math.log2(hertz / 440) % 50 : 0
 
+    title: "floor"
     visible: true
     width: 480
     height: 888
@@ -97,6 +97,9 @@ class Recorder {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // As the tuner does (ui/app/application.cpp).
+  qputenv("QT_QPA_UPDATE_IDLE_TIME", "0");
+  qputenv("QT_XCB_NO_MITSHM", "1");
   QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
   QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
   QGuiApplication app(argc, argv);
