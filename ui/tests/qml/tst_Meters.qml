@@ -143,8 +143,8 @@ ScreenTest {
         compare(framesAfter(() => hearCents(20)), 0, "the same reading again");
         hearCents(24);
         eventually(() => frames.count > 0);
-        // By 0.6 each time: after thirty a bar of 400 points is shorter than 0.0001.
-        for (let i = 0; i < 30; ++i)
+        // By 0.6 each time: after 24 a bar of 400 points is 0.001 long.
+        for (let i = 0; i < 24; ++i)
             tuner.hearNothing();
         comeToRest(view);
         const before = tuner.level;
