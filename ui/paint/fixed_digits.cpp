@@ -12,14 +12,6 @@ bool isDigit(QChar character) {
   return character >= u'0' && character <= u'9';
 }
 
-std::array<double, 10> measureDigits(const QFontMetricsF& metrics) {
-  std::array<double, 10> advances{};
-  for (char16_t digit = u'0'; digit <= u'9'; ++digit) {
-    advances[digit - u'0'] = metrics.horizontalAdvance(QChar(digit));
-  }
-  return advances;
-}
-
 }  // namespace
 
 void FixedDigits::setText(const QString& text) {
@@ -32,7 +24,7 @@ void FixedDigits::setText(const QString& text) {
 void FixedDigits::setFont(const QFont& font) {
   if (font == drawnIn) return;
   drawnIn = font;
-  digitAdvances.reset();
+  digits.reset();
   layOut();
   emit textChanged();
 }
@@ -49,25 +41,40 @@ void FixedDigits::componentComplete() {
   layOut();
 }
 
+FixedDigits::Extent FixedDigits::extentOf(const QFontMetricsF& metrics, QChar character) {
+  return {metrics.horizontalAdvance(character), metrics.boundingRect(character).top()};
+}
+
 /// Not before the font is told in full: every font that is measured is loaded, and stays.
 void FixedDigits::layOut() {
   if (!isComponentComplete()) return;
   const QFontMetricsF metrics(drawnIn);
-  if (!digitAdvances) digitAdvances = measureDigits(metrics);
-  const double widestDigit = *std::ranges::max_element(*digitAdvances);
+  if (!digits) {
+    digits.emplace();
+    for (char16_t i = 0; i < 10; ++i) (*digits)[i] = extentOf(metrics, QChar(u'0' + i));
+  }
+  const double widestDigit = std::ranges::max(*digits, {}, &Extent::advance).advance;
   places.clear();
+  top = 0.0;
   double x = 0.0;
   for (const QChar character : shown) {
-    const double advance = isDigit(character)
-                               ? (*digitAdvances)[static_cast<std::size_t>(character.digitValue())]
-                               : metrics.horizontalAdvance(character);
-    const double width = isDigit(character) ? widestDigit : advance;
-    places.push_back({character, x + (width - advance) / 2.0});
+    const Extent extent = isDigit(character)
+                              ? (*digits)[static_cast<std::size_t>(character.digitValue())]
+                              : extentOf(metrics, character);
+    const double width = isDigit(character) ? widestDigit : extent.advance;
+    places.push_back({character, x + (width - extent.advance) / 2.0});
+    top = std::min(top, extent.top);
     x += width;
   }
   setImplicitSize(std::ceil(x), std::ceil(metrics.height()));
   setBaselineOffset(metrics.ascent());
   update();
+}
+
+QRectF FixedDigits::boundingRect() const {
+  constexpr double softEdge = 1.0;
+  return VectorItem::boundingRect().adjusted(
+      0.0, std::max(0.0, std::floor(baselineOffset() + top) - softEdge), 0.0, 0.0);
 }
 
 void FixedDigits::paint(QPainter* painter) const {

@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QFontMetricsF>
 #include <QString>
 #include <array>
 #include <optional>
@@ -34,6 +35,8 @@ class FixedDigits : public corvane::VectorItem {
   void setColor(const QColor& color);
 
   void paint(QPainter* painter) const override;
+  /// Without the empty space above the text: a change repaints what lies there.
+  QRectF boundingRect() const override;
 
  signals:
   void textChanged();
@@ -43,19 +46,24 @@ class FixedDigits : public corvane::VectorItem {
   void componentComplete() override;
 
  private:
+  struct Extent {
+    double advance, top;  ///< the top from the baseline
+  };
   struct Place {
     QString character;
     double x;
   };
 
+  static Extent extentOf(const QFontMetricsF& metrics, QChar character);
   void layOut();
 
   QString shown;
   QFont drawnIn;
   QColor ink = Qt::white;
   /// Of `drawnIn`, once it was needed: to measure ten digits takes longer than to draw a number.
-  std::optional<std::array<double, 10>> digitAdvances;
+  std::optional<std::array<Extent, 10>> digits;
   std::vector<Place> places;
+  double top = 0.0;  ///< of the tallest, from the baseline
 };
 
 }  // namespace corvane
