@@ -9,8 +9,8 @@ namespace corvane {
 namespace {
 
 constexpr double moveMs = 80.0;
-constexpr double farMove = 4.0;      // points
-constexpr double visibleMove = 0.1;  // points
+constexpr double firstStep = 5.0 / 9.0;  // of a move in three frames
+constexpr double visibleMove = 0.1;      // points
 
 }  // namespace
 
@@ -56,7 +56,8 @@ void Needle::setCents(double reading) {
   const double place = std::clamp(cents, -span, span);
   if (!needleMoves(track, height(), span, goal, place)) return;
   goal = place;
-  const bool isFar = std::abs(centre(goal) - centre(value)) > farMove;
+  // Needles that would not overlap jump.
+  const bool isFar = firstStep * std::abs(centre(goal) - centre(value)) > width();
   if (isFar) FramePace::quicken(*this);
   // The rest of a parabola is a parabola.
   const double rest = isFar ? 4.0 / 5.0 : 2.0 / 3.0;
