@@ -16,9 +16,10 @@ BUILD = os.environ["CORVANE_BUILD"]
 VERSION = os.environ["CORVANE_VERSION"]
 ID = "org.corvane.Corvane"
 ICON_SIZES = (16, 24, 32, 48, 64, 128, 256, 512)
+PROGRAMS = ("corvane", "corvane-diagnose", "corvane-replay")
 FILES = {
-    "bin/corvane", "bin/corvane-replay", "share/man/man1/corvane.1",
-    "share/man/man1/corvane-replay.1", "share/doc/corvane/LICENSE", "share/doc/corvane/privacy.html",
+    *(f"bin/{program}" for program in PROGRAMS), *(f"share/man/man1/{program}.1" for program in PROGRAMS),
+    "share/doc/corvane/LICENSE", "share/doc/corvane/privacy.html",
     f"share/applications/{ID}.desktop", f"share/metainfo/{ID}.metainfo.xml",
     f"share/icons/hicolor/scalable/apps/{ID}.svg",
     f"share/icons/hicolor/symbolic/apps/{ID}-symbolic.svg",
@@ -60,8 +61,9 @@ class Installation(unittest.TestCase):
             self.assertEqual(files_below(pathlib.Path(gathered, "somewhere")), FILES)
 
     def test_programs_run_and_manual_pages_have_their_options(self) -> None:
-        self.assertEqual(self.output_of("corvane", "--version"), f"corvane {VERSION}\n")
-        for name in ("corvane", "corvane-replay"):
+        for name in ("corvane", "corvane-diagnose"):
+            self.assertEqual(self.output_of(name, "--version"), f"{name} {VERSION}\n")
+        for name in PROGRAMS:
             page = (self.share / f"man/man1/{name}.1").read_text(encoding="utf-8").replace("\\-", "-")
             self.assertEqual(options(page), options(self.output_of(name, "--help")) | {"--help"}, name)
 

@@ -66,6 +66,12 @@ class InstalledPackage(system_test.SystemTest):
         print("Packages with loaded files:", *sorted(loaded))
         self.assertEqual(tuner.quit(), 0)
 
+    def test_diagnose_reports_its_server(self) -> None:
+        report = subprocess.run(["corvane-diagnose"], env=self.enter_room().environment,
+                                capture_output=True, text=True, check=True).stdout
+        for line in (r"^audio server +pulseaudio ", r"^permission +granted$", r"^sound +\d+ blocks "):
+            self.assertRegex(report, re.compile(line, re.MULTILINE))
+
 
 if __name__ == "__main__":
     system_test.main()

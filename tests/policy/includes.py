@@ -30,6 +30,8 @@ ALLOWED = {
     "ui/controls": (("base", "ui/paint", "ui/controls"), ("qt",)),
     "ui/screen": (("base", "ui/screen"), ("qt",)),
     "tools/replay": (("base", "pitch", "tunings", "platform", "engine", "tools/replay"), ("sndfile",)),
+    "tools/diagnose": (("base", "pitch", "tunings", "platform", "platform/pulse", "platform/qt", "engine",
+                        "tools/replay", "tools/diagnose"), ("pulse", "qt")),
 }
 # Exceptions. main.cpp connects the modules; the others need what the standard library and Qt lack: a thread's
 # name and priority, processor instructions, a wake-up without allocation, fsync, a window property, a socket.
