@@ -10,7 +10,7 @@ build_packages=$(named compiler build library run own)
 desktop_packages=$(named desktop)
 test_packages="qml6-module-qttest libgtest-dev libgmock-dev clang-format-19 pipewire
   pipewire-bin pipewire-pulse wireplumber x11-utils util-linux desktop-file-utils appstream man-db strace
-  weston wayland-utils locales git xz-utils"
+  weston wayland-utils locales git xz-utils reuse yamllint"
 packaging_packages="$(named check) build-essential debhelper fakeroot lintian git xz-utils"
 other_debian_packages="debootstrap util-linux"
 emulator_packages="qemu-user-static binfmt-support"
