@@ -21,6 +21,7 @@ cross_libraries="libgtest-dev libgmock-dev libsndfile1-dev libstdc++6"
 cross_desktop_libraries="qt6-base-dev qt6-declarative-dev qml6-module-qttest libpulse-dev libbenchmark-dev"
 bench_packages="libbenchmark-dev"
 fuzz_packages="clang-19 libclang-rt-19-dev"
+tidy_packages="clang-tidy-19"
 
 # This system's column of packaging/packages; empty if unknown.
 system() {

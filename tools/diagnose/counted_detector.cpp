@@ -9,7 +9,8 @@ namespace {
 double level(std::span<const float> block) {
   double sum = 0.0;
   double squares = 0.0;
-  for (const double sample : block) {
+  for (const float single : block) {
+    const auto sample = static_cast<double>(single);
     sum += sample;
     squares += sample * sample;
   }

@@ -97,7 +97,8 @@ class Report {
   const DisplayState& state() const { return engine->state(); }
 
   void line(const char* subject, const std::string& text) {
-    out << subject << std::string(16 - std::string_view(subject).size(), ' ') << text << std::endl;
+    out << subject << std::string(16 - std::string_view(subject).size(), ' ') << text << '\n'
+        << std::flush;
   }
 
   void printSystem() {
