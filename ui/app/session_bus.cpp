@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <QByteArray>
+#include <QList>
 #include <algorithm>
 #include <cerrno>
 #include <cstddef>
