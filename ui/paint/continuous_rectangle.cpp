@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -10,7 +11,7 @@ namespace {
 
 /// How far along the sides a corner reaches, in radii, before a straight line takes over.
 constexpr double reachInRadii = 1.53;
-constexpr int pointsInCorner = 24;
+constexpr std::size_t pointsInCorner = 24;
 
 struct Corner {
   double reach;
@@ -27,13 +28,29 @@ Corner corner(const QRectF& rectangle, double radius) {
   return {reach, -1.0 / std::log2(1.0 - inset)};
 }
 
+/// The points of a corner of reach 1, along its first side and across it.
+struct Curve {
+  double exponent = 0.0;
+  std::array<QPointF, pointsInCorner + 1> points;
+};
+
+/// The last one is kept: a level bar changes its length with every reading, not its corners.
+const Curve& curveOf(double exponent) {
+  static Curve curve;
+  if (curve.exponent == exponent) return curve;
+  curve.exponent = exponent;
+  for (std::size_t i = 0; i <= pointsInCorner; ++i) {
+    const double angle = std::numbers::pi / 2.0 * static_cast<double>(i) / pointsInCorner;
+    curve.points[i] = {1.0 - std::pow(std::sin(angle), 2.0 / exponent),
+                       1.0 - std::pow(std::cos(angle), 2.0 / exponent)};
+  }
+  return curve;
+}
+
 /// One corner, given by its vertex and by the directions from there along its two sides.
 void addCorner(QPainterPath& path, QPointF vertex, QPointF from, QPointF to, const Corner& shape) {
-  for (int i = 0; i <= pointsInCorner; ++i) {
-    const double angle = std::numbers::pi / 2.0 * i / pointsInCorner;
-    const double along = 1.0 - std::pow(std::sin(angle), 2.0 / shape.exponent);
-    const double across = 1.0 - std::pow(std::cos(angle), 2.0 / shape.exponent);
-    const QPointF point = vertex + shape.reach * (along * from + across * to);
+  for (const QPointF& place : curveOf(shape.exponent).points) {
+    const QPointF point = vertex + shape.reach * (place.x() * from + place.y() * to);
     path.elementCount() == 0 ? path.moveTo(point) : path.lineTo(point);
   }
 }
