@@ -75,7 +75,7 @@ def load_rows(loads: load.Loads) -> list[Row]:
                  Row(f"Ratio {when}", ours.percent / floor.percent, "", 1.5)]
     rows += [Row("Processor while minimised", loads.minimised.percent, "%", 0),
             Row("Resident memory", loads.memory["Rss"], "MB", 46),
-            Row("of it shared out among those who use it", loads.memory["Pss"], "MB"),
+            Row("of it, its proportional share (PSS)", loads.memory["Pss"], "MB"),
             Row("of it written by this program alone", loads.memory["Private_Dirty"], "MB", 16),
             Row(f"Threads ({', '.join(loads.threads)})", len(loads.threads), "")]
     for name, part in (("silence", loads.silent), ("the minimised window", loads.minimised)):

@@ -51,7 +51,7 @@ class TunerEngine : public std::enable_shared_from_this<TunerEngine> {
   const DisplayState& state() const { return current; }
 
   /// While the handle lives, `observer` is called once at the end of each call into the engine that
-  /// has changed the state.
+  /// has changed the state. It may call into the engine, but not each time: NaN counts as a change.
   [[nodiscard]] std::shared_ptr<const void> observe(Observers::Observer observer);
 
   /// The tuning that `tuningID` names for this instrument, or the instrument's first.
@@ -66,7 +66,7 @@ class TunerEngine : public std::enable_shared_from_this<TunerEngine> {
   /// A position in the current tuning, or nothing for automatic choice. Not saved.
   void setLockedStringIndex(std::optional<std::int64_t> index);
 
-  /// Listens if it may, and requests the microphone if nobody did yet. Idempotent. Unless it
+  /// Listens if it may, and requests the microphone if nobody did yet. Safe to repeat. Unless it
   /// listens at once, a note from before fades within a second.
   void start();
   void stop();

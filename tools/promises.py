@@ -48,8 +48,8 @@ GROUPS: dict[str, list[Promise]] = {
         Promise("On the screen, with either server: no stale note, the message and its button "
                 "without input, the right note afterwards",
                 r"system\.servers"),
-        Promise("If any libpulse call fails, once or permanently, the program listens or shows "
-                "one of the four messages, and leaks nothing",
+        Promise("If any libpulse call after the start of the program fails, once or permanently, it "
+                "listens or shows one of the four messages, and leaks nothing",
                 r"pulse_(test\.FailingCalls\.|unit_test\.every_call).*"),
         Promise("An hour of guitar: nothing grows, every string is shown",
                 command="bench/hour"),

@@ -168,6 +168,8 @@ TEST_F(MicrophoneEvents, AreReportedFromStartToStop) {
   EXPECT_FALSE(world.input->changed);
   engine->start();
   EXPECT_TRUE(world.input->changed);
+  engine->start();
+  EXPECT_EQ(world.input->watches, 1) << "a new watch would miss a change";
   engine->stop();
   EXPECT_FALSE(world.input->changed);
   engine->start();

@@ -158,6 +158,12 @@ TEST_F(Settings, AHighlightWithoutAStringIsDropped) {
   engine->setInstrument(Instrument::bass);
   EXPECT_EQ(engine->state().highlightedString, std::nullopt);
 
+  engine->setTuningID("b5-standard");
+  hear(off(43, 0.0));  // its fifth string
+  ASSERT_THAT(engine->state().highlightedString, Optional(4));
+  engine->setTuningID("b4-standard");
+  EXPECT_EQ(engine->state().highlightedString, std::nullopt);
+
   // Not a guitar tuning: the first is shown, with a string that the bass lacks.
   engine->setInstrument(Instrument::guitar);
   engine->setTuningID("b5-standard");

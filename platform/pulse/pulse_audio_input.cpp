@@ -152,7 +152,7 @@ void PulseAudioInput::watch(std::function<void()> watcher) {
   seen.reset();
   watching.reset();
   if (!changed) return;
-  if (connection.state() == PulseConnection::State::connected) seen = outlook();
+  if (connection.state() != PulseConnection::State::unknown) seen = outlook();
   watching = connection.watch([this] { reportChange(); });
 }
 

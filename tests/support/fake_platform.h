@@ -82,7 +82,10 @@ class FakeAudioInput final : public AudioInput {
     running = startSucceeds;
     started(startSucceeds);
   }
-  void watch(std::function<void()> watcher) override { changed = std::move(watcher); }
+  void watch(std::function<void()> watcher) override {
+    changed = std::move(watcher);
+    if (changed) ++watches;
+  }
 
   AudioFormat input{48000.0, 1};
   AudioFormat output{};
@@ -95,6 +98,7 @@ class FakeAudioInput final : public AudioInput {
   Tap tap;
   Started pendingStart;
   std::function<void()> changed;  ///< null while nobody watches
+  int watches = 0;                ///< begun so far
   std::vector<std::string> calls;
 };
 

@@ -27,6 +27,9 @@ ListeningSwitch::ListeningSwitch(QWindow& shown, std::shared_ptr<TunerEngine> tu
   connect(&unexposed, &QTimer::timeout, this, [this] { setOnScreen(false); });
   connect(&window, &QWindow::visibilityChanged, this, &ListeningSwitch::look);
   connect(&window, &QWindow::activeChanged, this, &ListeningSwitch::activeChanged);
+  observation = engine->observe([this](const DisplayState&, const DisplayState& now) {
+    if (now.listening && !onScreen) engine->stop();
+  });
   window.installEventFilter(this);
   look();
 }

@@ -12,7 +12,8 @@ namespace corvane {
 /// Listens while the window is on the screen: starts the engine when the window is shown and each
 /// time it becomes active, stops it when the window is minimised, hidden, or on another workspace,
 /// as far as the desktop reports that. An inactive or covered window keeps listening, so that one
-/// can tune while reading a score.
+/// can tune while reading a score. What starts the engine while the window is off the screen, as a
+/// screen reader's action may, is stopped.
 class ListeningSwitch : public QObject {
  public:
   /// `window` must outlive the switch.
@@ -28,6 +29,7 @@ class ListeningSwitch : public QObject {
   QWindow& window;
   std::shared_ptr<TunerEngine> engine;
   QTimer unexposed;
+  std::shared_ptr<const void> observation;
   bool onScreen = false;
 };
 

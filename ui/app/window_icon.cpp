@@ -10,7 +10,7 @@
 namespace corvane {
 namespace {
 
-/// Reading a picture would load every reader of pictures that the toolkit has: these are pixels.
+/// From raw pixels, because reading a PNG loads all of Qt's image plugins.
 QPixmap picture(int side) {
   QFile file(QStringLiteral(":/icons/%1.raw").arg(side));
   require(file.open(QIODevice::ReadOnly), "the program carries its own icon");

@@ -23,8 +23,7 @@ bool presses(const QKeyEvent& event) {
 }  // namespace
 
 /// Receives the hover events of its window for all its pressables. Qt delivers a hover event before
-/// every frame, item by item until one accepts; this item is first, and searches the pressables
-/// only when the mouse has moved.
+/// every frame, item by item until one accepts; this item is first.
 class Pressable::HoverArea final : public QQuickItem {
  public:
   static HoverArea* of(const QQuickWindow& window) {
@@ -40,9 +39,7 @@ class Pressable::HoverArea final : public QQuickItem {
 
  protected:
   void hoverEnterEvent(QHoverEvent* event) override { search(event->position()); }
-  void hoverMoveEvent(QHoverEvent* event) override {
-    if (event->position() != event->oldPosF()) search(event->position());
-  }
+  void hoverMoveEvent(QHoverEvent* event) override { search(event->position()); }
   void hoverLeaveEvent(QHoverEvent*) override {
     for (Pressable* const each : all) each->setHovered(false);
   }

@@ -22,7 +22,7 @@ QColor colorOf(const DisplayState& state) {
   return needleColor(state.heard, state.inTune, state.cents);
 }
 
-/// In steps far below a pixel: a level that dies away goes on falling for minutes.
+/// Rounded far below a pixel, so that a decaying level stops changing.
 double levelOf(const DisplayState& state) {
   constexpr double steps = 1 << 20;
   return std::round(state.signal * steps) / steps;

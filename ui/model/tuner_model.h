@@ -68,7 +68,6 @@ class TunerModel : public QObject {
              QObject* parent = nullptr);
 
   bool heard() const { return engine->state().heard; }
-  bool inTune() const { return engine->state().inTune; }
   double cents() const { return engine->state().cents; }
   QString noteLabel() const;
   QString octaveLabel() const;

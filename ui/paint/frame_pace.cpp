@@ -12,7 +12,7 @@ using std::chrono::milliseconds;
 
 /// A third of the 80 ms of a move, rounded up, so that the third frame shows its end.
 constexpr milliseconds usual{27};
-/// Displays are known to report anything.
+/// Some displays report implausible rates.
 constexpr milliseconds shortest{4};
 
 FramePace* living = nullptr;

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane
 
-// How loud the microphone hears.
+// The input level.
 Column {
     id: root
 
@@ -27,8 +27,7 @@ Column {
         Accessible.description: root.words
 
         Capsule {
-            // A change too small for any pixel to show is none: a level that has died away goes on
-            // falling for minutes.
+            // Rounded, because a change too small for a pixel would still draw a frame.
             width: Math.round(parent.width * root.signal * 256) / 256
             height: parent.height
             color: TunerTheme.gold

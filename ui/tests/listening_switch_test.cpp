@@ -47,6 +47,13 @@ TEST_F(ListeningSwitchTest, StopsInTheBackgroundAndStartsOnReturn) {
   EXPECT_TRUE(eventually([this] { return engine->state().listening; }));
 }
 
+TEST_F(ListeningSwitchTest, StopsAnEngineThatStartsInTheBackground) {
+  show(window);
+  window.showMinimized();
+  engine->allowMicrophone();
+  EXPECT_FALSE(engine->state().listening);
+}
+
 TEST_F(ListeningSwitchTest, GoesOnWhileTheWindowIsInactiveOrResized) {
   show(window);
   activate(window);

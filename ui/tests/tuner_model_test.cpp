@@ -27,15 +27,16 @@ class TunerModelTest : public testing::Test, protected EngineOnFakes {
     return count;
   }
 
-  /// How often the signals of readout, cents, frequency and level are emitted.
+  /// How often the signals of readout, cents, frequency, level and needle color are emitted.
   template <class Action>
   std::vector<int> reports(Action action) {
-    std::vector<int> counts(4);
+    std::vector<int> counts(5);
     const QObject counting;  // ends the connections
     QObject::connect(&model, &TunerModel::readoutChanged, &counting, [&] { ++counts[0]; });
     QObject::connect(&model, &TunerModel::centsChanged, &counting, [&] { ++counts[1]; });
     QObject::connect(&model, &TunerModel::frequencyChanged, &counting, [&] { ++counts[2]; });
     QObject::connect(&model, &TunerModel::levelChanged, &counting, [&] { ++counts[3]; });
+    QObject::connect(&model, &TunerModel::needleColorChanged, &counting, [&] { ++counts[4]; });
     action();
     return counts;
   }
@@ -77,10 +78,10 @@ TEST_F(TunerModelTest, ShowsThatNothingIsHeardWhateverWasHeardBefore) {
 
 TEST_F(TunerModelTest, SignalsEachGroupThatAReadingChangesOnce) {
   EXPECT_THAT(reports([&] { hearA2(15.0); }), testing::Each(1));
-  EXPECT_THAT(reports([&] { hearA2(15.0); }), ElementsAre(0, 0, 0, 0));
-  EXPECT_THAT(reports([&] { hearA2(15.0, 0.07F); }), ElementsAre(0, 0, 0, 1));
+  EXPECT_THAT(reports([&] { hearA2(15.0); }), ElementsAre(0, 0, 0, 0, 0));
+  EXPECT_THAT(reports([&] { hearA2(15.0, 0.07F); }), ElementsAre(0, 0, 0, 1, 0));
   EXPECT_THAT(reports([&] { hearNothing(); }), testing::Each(1));
-  EXPECT_THAT(reports([&] { hearNothing(); }), ElementsAre(0, 0, 0, 1));
+  EXPECT_THAT(reports([&] { hearNothing(); }), ElementsAre(0, 0, 0, 1, 0));
 }
 
 TEST_F(TunerModelTest, ReportsNoLevelBelowWhatAScreenShows) {

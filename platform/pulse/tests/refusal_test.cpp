@@ -78,6 +78,16 @@ TEST_F(Refusal, EndsAfterARefreshOnceAllowed) {
   EXPECT_EQ(client.listen(), true);
 }
 
+TEST_F(Refusal, ReportsItsEndToAWatchThatBeganDuringIt) {
+  ASSERT_EQ(client.ask(), false);
+  int news = 0;
+  client.input->watch([&news] { ++news; });
+  letIn();
+  client.permission->refresh();
+  EXPECT_TRUE(client.pumpUntil([&] { return news > 0; }));
+  EXPECT_EQ(client.permission->recordPermission(), RecordPermission::granted);
+}
+
 TEST_F(Refusal, AfterAnAbsenceIsReported) {
   const std::string theirs = getenv("PULSE_SERVER");
   setenv("PULSE_SERVER", "unix:/nowhere", 1);

@@ -122,7 +122,11 @@ ScreenTest {
     }
 
     function test_an_open_list_blocks_mouse_and_wheel_beneath() {
-        const button = opened();
+        const button = make(subject);
+        mouseMove(button, 10, 10);
+        eventually(() => button.hovered);
+        button.menu.open();
+        eventually(() => !button.hovered);
         const wheel = createTemporaryObject(wheelMaker, button);
         mouseMove(button, 10, 10);
         mouseMove(button, 12, 10);

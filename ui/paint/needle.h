@@ -26,14 +26,16 @@ class Needle : public corvane::ContinuousRectangle {
   Q_PROPERTY(double track MEMBER track WRITE setTrack REQUIRED FINAL)
   Q_PROPERTY(double span MEMBER span REQUIRED FINAL)
   Q_PROPERTY(double cents MEMBER cents WRITE setCents REQUIRED FINAL)
-  Q_PROPERTY(double goal MEMBER goal FINAL)
-  Q_PROPERTY(double value MEMBER value FINAL)
+  Q_PROPERTY(double goal READ goalCents FINAL)
+  Q_PROPERTY(double value READ shownCents FINAL)
 
  public:
   explicit Needle(QQuickItem* parent = nullptr);
 
   void setTrack(double points);
   void setCents(double reading);
+  double goalCents() const { return goal; }
+  double shownCents() const { return value; }
 
  protected:
   void componentComplete() override;
@@ -44,7 +46,7 @@ class Needle : public corvane::ContinuousRectangle {
   void show(double value);
 
   double track = 0.0;  ///< width of the bar that it moves on
-  double span = 0.0;   ///< of the bar, in cents either side of its centre
+  double span = 0.0;   ///< of the bar, in cents either side of its centre; set once
   double cents = 0.0;
   double goal = 0.0;   ///< cents
   double value = 0.0;  ///< cents, as shown

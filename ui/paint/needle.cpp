@@ -1,4 +1,4 @@
-#include "ui/controls/needle.h"
+#include "ui/paint/needle.h"
 
 #include <algorithm>
 #include <cmath>
@@ -56,17 +56,19 @@ void Needle::setCents(double reading) {
   const double place = std::clamp(cents, -span, span);
   if (!needleMoves(track, height(), span, goal, place)) return;
   goal = place;
-  // Needles that would not overlap jump.
+  // Steps longer than the needle are visible as jumps: more frames.
   const bool isFar = firstStep * std::abs(centre(goal) - centre(value)) > width();
   if (isFar) FramePace::quicken(*this);
-  // The rest of a parabola is a parabola.
+  // What remains of the parabola after the first step is a parabola too.
   const double rest = isFar ? 4.0 / 5.0 : 2.0 / 3.0;
+  const double first = value + (goal - value) * (1.0 - rest * rest);
   move.stop();
-  show(value + (goal - value) * (1.0 - rest * rest));
+  // Each of these setters emits a value of the last move.
   move.setDuration(static_cast<int>(moveMs * rest));
-  move.setStartValue(value);
+  move.setStartValue(first);
   move.setEndValue(goal);
   move.start();
+  show(first);
 }
 
 double Needle::centre(double shown) const {
