@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The time of the whole pitch detector, from samples to reading, on every path of this machine, and
 // of the naive difference function alone.
 

@@ -1,4 +1,5 @@
 #!/usr/bin/python3 -B
+# SPDX-License-Identifier: MIT
 """hour.py PROGRAM [MINUTES]: plays a guitar to the tuner on a private desktop in real time and prints the usage.
 Fails if a string was not shown or anything grew."""
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/naive_difference.h"
 
 namespace corvane {

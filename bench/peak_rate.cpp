@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/peak_rate.h"
 
 #if defined(__x86_64__)

@@ -1,4 +1,5 @@
 #!/usr/bin/python3 -B
+# SPDX-License-Identifier: MIT
 """program.py PROGRAM [--quick]: measures the tuner, which has corvane-replay and floor beside it, on a
 private desktop with a private audio server and prints one table. --quick measures everything too briefly to
 be believed."""

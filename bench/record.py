@@ -1,4 +1,5 @@
 #!/usr/bin/python3 -B
+# SPDX-License-Identifier: MIT
 """record.py FOLDER: appends what bench/program and bench/detector printed into FOLDER/program and
 FOLDER/detector to docs/performance.md, and writes the main figures, with the size of
 FOLDER/installed, between the two marks in README.md."""

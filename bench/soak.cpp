@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // soak [HOURS [MINUTES]]: sends hours of sound (default 24 of 60 minutes) through pipeline and
 // engine as fast as possible. Exits with 1 unless every hour equals the first to the bit and memory
 // does not grow.

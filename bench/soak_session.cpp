@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/soak_session.h"
 
 #include <algorithm>

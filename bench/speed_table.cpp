@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/speed_table.h"
 
 #include <algorithm>

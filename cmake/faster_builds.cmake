@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Used if installed. Changes only the build time.
 find_program(CORVANE_CCACHE ccache)
 if(CORVANE_CCACHE)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Hardening against exploits. The linker makes programs position independent if the code is.
 include(CheckPIESupported)
 check_pie_supported()

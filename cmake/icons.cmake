@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 find_program(RSVG_CONVERT rsvg-convert REQUIRED)
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # corvane_module(NAME SOURCES ... USES ...): a library, included as "NAME/header.h".
 function(corvane_module name)
   cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The program finds the installed privacy page relative to its own directory, so that both can be moved together.
 file(RELATIVE_PATH page ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_DOCDIR}/privacy.html)
 set(CORVANE_PRIVACY_URL "${page}" CACHE STRING

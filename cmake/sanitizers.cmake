@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 set(CORVANE_SANITIZE "" CACHE STRING "Sanitizers, as in -fsanitize=..., or empty")
 
 if(CORVANE_SANITIZE)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Built by `check --all` besides the default target: tests of real audio servers, and benchmarks.
 add_custom_target(everything)
 add_custom_target(unit_tests)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The options of all targets. Linked privately, so that users of a module do not inherit them.
 option(CORVANE_WERROR "Treat warnings as errors" OFF)
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/apply_sink.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/tuner_engine.h"
 #include "tunings/tuning_library.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Buffers, resets and detections in any order, also nested: the capture pipeline behaves like a
 // simple model of it.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "fuzz/capture_model.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any samples, rate, length, bounds and threshold: the detector equals the reference to the bit, on
 // every path of this machine and with reused memory.
 

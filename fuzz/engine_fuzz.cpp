@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Actions of users, players and audio servers in any order: every invariant of the engine holds
 // after each step.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Actions of the audio server, the player and time.
 
 #include <chrono>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "fuzz/engine_session.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Actions of the user.
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes in the preferences file: the tuner starts with a valid selection, saves it, and
 // restores it at the next start.
 

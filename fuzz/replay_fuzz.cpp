@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any file: the replay tool prints complete lines, or one line with the reason.
 
 #include <sys/mman.h>

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Writes the seeds of the fuzzers: fuzz/seeds.py, from the top of the tree.
 
 The order of the bytes is the order in which each fuzzer takes them. What a seed is for is its name.

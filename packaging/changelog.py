@@ -1,4 +1,5 @@
 #!/usr/bin/python3 -B
+# SPDX-License-Identifier: MIT
 """changelog.py VERSION: converts CHANGELOG.md for the metainfo; recipe.py uses it for packages.
 
 Reads the change log from standard input and prints the metainfo's list of releases. VERSION is the program's, which the

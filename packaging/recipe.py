@@ -1,4 +1,5 @@
 #!/usr/bin/python3 -B
+# SPDX-License-Identifier: MIT
 """recipe.py ARCHIVE FROM TO: generates a package recipe.
 
 Copies the directory FROM, beside this file, to TO for the source archive ARCHIVE. In files ending in ".in" it replaces:

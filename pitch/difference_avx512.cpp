@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // AVX-512 has its own loop, because the common one is limited by loads and additions here
 // (docs/decisions/0009-one-lag-per-lane.md).
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pitch/normalised_difference.h"
 
 #include <algorithm>

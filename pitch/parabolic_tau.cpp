@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pitch/parabolic_tau.h"
 
 #include <cmath>

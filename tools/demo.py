@@ -1,4 +1,5 @@
 #!/usr/bin/python3 -B
+# SPDX-License-Identifier: MIT
 """demo.py PROGRAM: demonstrates the tuner on a machine without a display or an audio server.
 
 Plays the six open strings of a guitar, one of them out of tune, on a private desktop and prints what the window shows.

@@ -1,4 +1,5 @@
 #!/usr/bin/python3 -B
+# SPDX-License-Identifier: MIT
 """naming.py REPLAY...: how often the tuner names sampled strings correctly.
 
 Renders every string of every tuning of guitar and bass, and every key of the piano, from Debian's sound font, runs each

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Packages by purpose, and their installation. Sourced from the top of the tree. Packages have Debian's names;
 # packaging/packages maps them to other systems.
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The program's promises, and the tests or commands that show each."""
 
 from typing import NamedTuple

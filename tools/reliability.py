@@ -1,4 +1,5 @@
 #!/usr/bin/python3 -B
+# SPDX-License-Identifier: MIT
 """Generates docs/reliability.md from the output of tests.
 
 reliability.py --patterns PRESET

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tunings/table.h"
 #include "tunings/tuning_library.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tunings/instrument.h"
 
 #include <cstddef>

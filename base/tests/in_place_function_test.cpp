@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "base/in_place_function.h"
 
 #include <gtest/gtest.h>

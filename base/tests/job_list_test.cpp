@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "base/job_list.h"
 
 #include <gtest/gtest.h>

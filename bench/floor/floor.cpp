@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The least that a tuner on the same libraries costs. It records with the tuner's fragment size,
 // runs the tuner's detector on every block, and shows each reading in one frame of a window of the
 // same size: two moving dots, a bar and three texts.

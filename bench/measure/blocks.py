@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """When the blocks suffice to name a string."""
 
 import array

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """From the onset of a string at the microphone to its name on the screen."""
 
 import array

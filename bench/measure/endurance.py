@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The program's usage while a guitar is played for a long time."""
 
 import array

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """feeder.py SOUND PIPE [again]: writes a file of 32-bit floats into a pipe in real time, then silence, or repeats it.
 
 Prints the time of the monotonic clock at which the first sample was due."""

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Whether every block heard is shown."""
 
 import array

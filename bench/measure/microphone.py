@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A microphone with given samples at known times."""
 
 import array

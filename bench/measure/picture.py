@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The content of a private display, read from its memory without a request."""
 
 import mmap

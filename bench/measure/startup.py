@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """From the start of the program to its first frame and to its first reading."""
 
 import array

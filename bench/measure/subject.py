@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The measured program, and areas of its window."""
 
 import contextlib

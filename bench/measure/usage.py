@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The resource usage of a process."""
 
 import pathlib

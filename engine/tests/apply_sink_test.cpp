@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/tests/engine_fixture.h"
 #include "tests/support/allocation_count.h"
 

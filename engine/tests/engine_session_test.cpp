@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/support/fuzzer_inputs.h"
 
 namespace corvane {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/tests/listening_fixture.h"
 
 namespace corvane {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The path of a buffer with real threads: tap, detection queue and main thread.
 
 #include "engine/tests/engine_fixture.h"

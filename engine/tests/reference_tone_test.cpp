@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/rules.h"
 #include "engine/tests/engine_fixture.h"
 #include "engine/tone_buffer.h"

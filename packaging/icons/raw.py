@@ -1,4 +1,5 @@
 #!/usr/bin/python3 -B
+# SPDX-License-Identifier: MIT
 """raw.py PNG RAW: writes the pixels of a PNG row by row, four bytes each: red, green, blue, alpha.
 
 The window's icon is raw, because Qt loads all its image readers to read one image. Supports the output of

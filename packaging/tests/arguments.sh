@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # arguments.sh PACKAGE: fails unless ./package rejects invalid arguments and resolves a relative directory.
 set -uo pipefail
 folder=$(mktemp -d)

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # readme.sh TREE: fails unless README.md names exactly the packages that ./run installs to build the tuner.
 set -euo pipefail
 cd "$1"

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # silent.sh COMMAND...: fails if the command fails or prints anything.
 said=$("$@" 2>&1)
 status=$?

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """CHANGELOG.md in the metainfo and in packages."""
 
 import datetime

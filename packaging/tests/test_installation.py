@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The files of `cmake --install`, and their consistency."""
 
 import configparser

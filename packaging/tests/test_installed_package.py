@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Uses the installed package on a private desktop."""
 
 import os

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The generated recipes of each distribution."""
 
 import pathlib

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Installing packages on each system, with fake package managers."""
 
 import os

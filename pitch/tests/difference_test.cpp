@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pitch/difference.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pitch/pitch_detector.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pitch/pitch_math.h"
 
 #include <gmock/gmock.h>

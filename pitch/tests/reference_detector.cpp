@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pitch/tests/reference_detector.h"
 
 #include <cmath>

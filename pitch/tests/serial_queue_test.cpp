@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pitch/serial_queue.h"
 
 #include <gmock/gmock.h>

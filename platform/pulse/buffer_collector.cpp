@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/pulse/buffer_collector.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/pulse/microphone_feed.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/pulse/pulse_audio_input.h"
 
 #include <pulse/def.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/pulse/record_stream.h"
 
 #include <pulse/def.h>

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # format.sh TREE: fails if a C++ file does not conform to .clang-format with clang-format 19.
 set -euo pipefail
 cd "$1"

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # hardening.sh PROGRAM: fails if the program lacks a hardening feature.
 set -euo pipefail
 program=$1

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """includes.py TREE: fails on an #include, or on a type in QML, that its module may not use.
 
 Checks itself first on lines with a known result.

@@ -1,4 +1,5 @@
 #!/usr/bin/python3 -B
+# SPDX-License-Identifier: MIT
 """The document that tools/reliability generates."""
 
 import pathlib

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # tidy.sh TREE: runs clang-tidy on the product's C++ as preset "dev" compiles it, except ui/: its Qt headers take
 # longer than all the rest.
 set -euo pipefail

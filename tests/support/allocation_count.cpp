@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Replaces every form of the global operators: the standard library forwards to a few of them, but
 // sanitizers do not.
 

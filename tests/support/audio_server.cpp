@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/support/audio_server.h"
 
 #include <sys/socket.h>

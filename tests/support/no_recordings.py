@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A proxy in front of an audio server that denies recording, like the server of a sandbox: it answers each
 request for a recording with "access denied" and forwards everything else to the real server
 that may not use the microphone. Prints a line for each refusal.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/support/pumped_queue.h"
 
 #include <time.h>

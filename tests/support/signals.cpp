@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/support/signals.h"
 
 #include <cmath>

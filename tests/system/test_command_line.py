@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The program's command line, which needs no display."""
 
 import os

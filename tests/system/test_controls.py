@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Every kind of choice, made with the mouse, and the settings file."""
 
 import os

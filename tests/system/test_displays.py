@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Other displays and users: Wayland, sizes, scale factors, larger texts, other locales, missing fonts."""
 
 import os

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The whole screen without a mouse: every control and every state is reachable."""
 
 import pyatspi

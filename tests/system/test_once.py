@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """One run of the program: a string and the reference tone."""
 
 from desk import system_test

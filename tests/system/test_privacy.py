@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What the program connects to, writes, starts and loads, from a trace of its system calls."""
 
 import os

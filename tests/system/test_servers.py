@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The program on both kinds of audio server: the reference tone, and the screen when sound stops and returns."""
 
 import os

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The speech while a string is tuned by speech alone, compared with the transcript in docs/accessibility.md.
 CORVANE_WRITE rewrites the transcript."""
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Notes and strings from the room to the window, and when the tuner listens. tools/demo.py tests the open strings of a
 guitar."""
 

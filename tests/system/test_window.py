@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The window and its menu, also of the installed program."""
 
 import configparser

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/diagnose/report.h"
 
 #include <QCoreApplication>

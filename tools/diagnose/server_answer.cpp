@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/diagnose/server_answer.h"
 
 #include <pulse/context.h>

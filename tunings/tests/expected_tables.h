@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 /// The expected tables, one tuning per line: id, name, group, detail, and each string's MIDI number

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Each test runs in its own process, so that it makes the first use of the tables.
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tunings/tuning_library.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/app/command_line.h"
 
 #include <QCommandLineParser>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/app/dark_frame.h"
 
 #include <xcb/xcb.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/app/first_size.h"
 
 #include <QScreen>

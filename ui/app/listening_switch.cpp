@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/app/listening_switch.h"
 
 #include <QEvent>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
 #include <cstdlib>

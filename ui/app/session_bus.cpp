@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/app/session_bus.h"
 
 #include <poll.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/app/text_zoom.h"
 
 #include <QFont>

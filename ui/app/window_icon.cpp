@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/app/window_icon.h"
 
 #include <QFile>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/controls/value_item.h"
 
 #include <QAccessible>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/model/menu_entries.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/model/privacy_policy.h"
 
 #include <QFile>

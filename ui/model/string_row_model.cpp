@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/model/string_row_model.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/paint/continuous_rectangle.h"
 
 #include <QPainter>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/paint/fixed_digits.h"
 
 #include <QFontMetricsF>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/paint/frame_pace.h"
 
 #include <QQuickWindow>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/paint/symbol.h"
 
 #include <QPainter>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/paint/tuner_theme.h"
 
 namespace corvane {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/speech/announcer.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/speech/live_region.h"
 
 #include <QAccessible>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/speech/speech.h"
 
 #include <QGuiApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/speech/spoken_text.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/model/concert_pitch.h"
 
 #include <gmock/gmock.h>

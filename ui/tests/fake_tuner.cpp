@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/tests/fake_tuner.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/screen/fit.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/paint/needle.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # One program; each file of qml/ is a test.
 find_package(Qt6 6.4 REQUIRED COMPONENTS QuickTest)
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <QQmlEngine>
 #include <QQmlExtensionPlugin>
 #include <QQuickWindow>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/model/reading_text.h"
 
 #include <gtest/gtest.h>

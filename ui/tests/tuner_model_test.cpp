@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/model/tuner_model.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/paint/vector_item.h"
 
 #include <gtest/gtest.h>

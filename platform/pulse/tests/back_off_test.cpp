@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/back_off.h"
 
 #include <gtest/gtest.h>

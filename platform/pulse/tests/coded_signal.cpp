@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/pulse/tests/coded_signal.h"
 
 #include <algorithm>

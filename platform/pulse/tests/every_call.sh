@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Fails if LIBRARY calls a function of libpulse that is neither WRAPPED, so that tests can make it
 # fail, nor INFALLIBLE, or if one is named that it does not call. Both are comma-separated lists.
 set -euo pipefail

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/pulse/tests/failing_calls.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/pulse/tests/pulse_fixture.h"
 
 #include <pthread.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/pulse/tests/test_clock.h"
 
 #include <pulse/rtclock.h>

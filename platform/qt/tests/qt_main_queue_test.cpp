@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/qt/qt_main_queue.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/qt/qt_preferences.h"
 
 #include <gmock/gmock.h>

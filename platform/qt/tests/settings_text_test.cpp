@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/qt/settings_text.h"
 
 #include <gmock/gmock.h>

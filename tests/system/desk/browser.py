@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A fake browser, or another program, that records what it is asked to open."""
 
 import os

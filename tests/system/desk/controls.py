@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The states of the tuner's controls, and the saved settings."""
 
 import pathlib

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The private desktop: display, session bus, accessibility bus and window manager."""
 
 import contextlib

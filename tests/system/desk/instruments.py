@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Sampled instruments: notes rendered from Debian's sound font."""
 
 import array

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The room on PipeWire, used through its PulseAudio interface."""
 
 import pathlib

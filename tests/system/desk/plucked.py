@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A synthesised string with an exact, constant pitch, unlike sampled instruments."""
 
 import array

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The programs of a private desktop. Each ends with it."""
 
 import ctypes

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The room on PulseAudio."""
 
 from .room import MICROPHONE, SPEAKER, Room

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A recording of a microphone."""
 
 import array

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A room: its virtual microphone records what is played to its virtual speaker."""
 
 import contextlib

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A screen reader: the texts that it speaks for the events that it receives."""
 
 import contextlib

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The tuner's settings file."""
 
 import configparser

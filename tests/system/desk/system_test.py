@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The base of the tests of the whole program."""
 
 import os

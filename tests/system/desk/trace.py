@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """System calls of a program: files, connections and started programs."""
 
 import collections

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The program under test on the private desktop."""
 
 import pathlib

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Waiting for what must happen eventually."""
 
 import time

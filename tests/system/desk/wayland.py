@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Private Wayland displays."""
 
 import os

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The tuner's window, read through the accessibility interface and operated with mouse and keys."""
 
 import contextlib

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The command as users run it.
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/replay/wav_length.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // contact_sheet update SET FOLDER: writes a picture of each state.
 // contact_sheet compare SET FOLDER SEEN: fails if a state differs from its picture in FOLDER or has
 // none; writes what was drawn to SEEN.
