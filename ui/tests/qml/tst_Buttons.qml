@@ -37,6 +37,23 @@ ScreenTest {
         mouseRelease(button);
     }
 
+    function test_is_hovered_while_it_is_under_the_pointer_and_enabled() {
+        const area = makePart("controls/PlainButton", {
+                width: 40,
+                height: 20
+            });
+        mouseMove(area, 10, 10);
+        eventually(() => area.hovered);
+        area.y += 200;
+        eventually(() => !area.hovered, "it has moved away");
+        area.y -= 200;
+        eventually(() => area.hovered, "it has come back");
+        area.enabled = false;
+        mouseMove(area, 12, 10);
+        paint(area); // Qt delivers hover events before a frame.
+        verify(!area.hovered);
+    }
+
     function test_a_gold_button_is_lighter_under_the_mouse_and_darker_pressed() {
         const button = buttonOf(controls(), "Play reference");
         const lightness = () => Qt.color(colorOf(button)).hslLightness;

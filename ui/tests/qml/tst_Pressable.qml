@@ -171,20 +171,6 @@ ScreenTest {
         mouseRelease(area);
     }
 
-    function test_is_hovered_while_it_is_under_the_pointer_and_enabled() {
-        const area = make(subject);
-        mouseMove(area, 10, 10);
-        eventually(() => area.hovered);
-        area.y += 200;
-        eventually(() => !area.hovered, "it has moved away");
-        area.y -= 200;
-        eventually(() => area.hovered, "it has come back");
-        area.enabled = false;
-        mouseMove(area, 12, 10);
-        paint(area); // Qt delivers hover events before a frame.
-        verify(!area.hovered);
-    }
-
     function test_repeat_stops_when_disabled_or_hidden_data() {
         return table(["property"], [["enabled"], ["visible"]]);
     }
